@@ -1,0 +1,60 @@
+// Quorvel: ready-made modal dialogs for drawing applications.
+//
+//   #include <quorvel/quorvel.h>
+//   CString text("初期値");                       // code page 932, as all narrow texts here
+//   if (__InputTextDlg("題名", "説明", &text, nullptr)) { /* text holds what was typed */ }
+//
+// Every entry runs one modal dialog on the calling thread (a user-interface thread of the host) and
+// returns when it has closed. The thread's active window is disabled meanwhile. All pointers belong
+// to the caller and are used only during the call. Results are written only when the user confirmed.
+// No entry throws.
+//
+// Texts are zero-terminated in code page 932; a null text reads as the empty one. `position` is the
+// screen point, in pixels, for the dialog's top-left corner: a point at which the dialog fits on its
+// monitor is taken exactly, any other is moved by the least that makes the whole dialog visible.
+// Null centres the dialog over the active window. Where a pointer that carries a value is null, the
+// entry opens nothing and returns what it returns for a dialog that cannot be created.
+#pragma once
+
+#include "framework/base_types.h"
+#include "framework/collections.h"
+#include "framework/cstring.h"
+#include "framework/geometry.h"
+#include "kivdata/sys_env.h"
+
+extern "C" {
+
+/// Asks for one line of text. TRUE when confirmed; `text` then holds the edited text.
+BOOL __InputTextDlg(const char* title, const char* comment, CString* text, CPoint* position);
+
+/// Asks for the denominator of a drawing scale, "1 /" n. The dialog shows `*scale` rounded to a
+/// whole number, half away from zero; what the user types may have decimals, and a text that is
+/// not a number gives 0.0. TRUE when confirmed; an untouched field returns the rounded number.
+BOOL __InputScaleDlg(const char* title, const char* comment, double* scale, CPoint* position);
+
+/// Asks for an image resolution in dots per inch, a whole number of any sign. TRUE when confirmed.
+BOOL __InputDpiDlg(int* dpi, CPoint* position);
+
+/// Asks for a point with two coordinates, in an array of 2 doubles: the field X shows and returns
+/// element 1, the field Y element 0, both rounded to three decimals. With `allowMousePick` the
+/// dialog has a button that asks the host to let the user point in the drawing instead.
+/// Returns 0 confirmed, 1 cancelled or failed, 2 mouse pick requested (the point is untouched).
+INT_PTR __InputPointXYDlg(double* point, BOOL allowMousePick, CPoint* position);
+
+/// As __InputPointXYDlg with three coordinates: an array of 3 doubles, field Z is element 2.
+INT_PTR __InputPointXYZDlg(double* point, BOOL allowMousePick, CPoint* position);
+
+/// Asks for the name and the size of a user paper, in whole millimetres of any sign. The name field
+/// starts empty; the returned name ends with the size, as in "A3(420x297)". The first and the last
+/// argument are ignored. Returns 1 when confirmed, `*clearAll` being 0 then, or when the user asked
+/// for all user papers to be deleted, `*clearAll` being 1 and nothing else written. Returns 0
+/// otherwise; cancelling sets `*clearAll` to 0, a dialog that could not be created leaves it alone.
+INT_PTR __UserPaperSetDlg(void* ignored, CString* name, int* width, int* height, int* clearAll,
+                          void* alsoIgnored);
+
+/// Lets the user tick items. `states` has a byte for each item, non-zero for ticked; as many items
+/// are shown as both arrays have. Returns IDOK (1) when confirmed, each shown item's byte being 0 or
+/// 1 then; IDCANCEL (2) when cancelled; -1 when the dialog could not be created.
+INT_PTR __CheckListDlg(const CString* title, const CArray<CString, CString&>* items,
+                       CByteArray* states);
+}

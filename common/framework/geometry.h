@@ -1,0 +1,50 @@
+// Points, sizes and rectangles in whole pixels.
+#pragma once
+
+#include "framework/base_types.h"
+
+struct CPoint : tagPOINT {
+  constexpr CPoint() : tagPOINT{0, 0} {}
+  constexpr CPoint(int pointX, int pointY) : tagPOINT{pointX, pointY} {}
+  constexpr CPoint(const POINT& point) : tagPOINT(point) {}
+
+  friend constexpr bool operator==(const CPoint& left, const CPoint& right) {
+    return left.x == right.x && left.y == right.y;
+  }
+};
+
+struct CSize : tagSIZE {
+  constexpr CSize() : tagSIZE{0, 0} {}
+  constexpr CSize(int width, int height) : tagSIZE{width, height} {}
+  constexpr CSize(const SIZE& size) : tagSIZE(size) {}
+
+  friend constexpr bool operator==(const CSize& left, const CSize& right) {
+    return left.cx == right.cx && left.cy == right.cy;
+  }
+};
+
+/// Right and bottom lie just outside the rectangle.
+struct CRect : tagRECT {
+  constexpr CRect() : tagRECT{0, 0, 0, 0} {}
+  constexpr CRect(int edgeLeft, int edgeTop, int edgeRight, int edgeBottom)
+      : tagRECT{edgeLeft, edgeTop, edgeRight, edgeBottom} {}
+  constexpr CRect(const RECT& rect) : tagRECT(rect) {}
+  constexpr CRect(const CPoint& topLeft, const CSize& size)
+      : tagRECT{topLeft.x, topLeft.y, topLeft.x + size.cx, topLeft.y + size.cy} {}
+
+  constexpr int Width() const { return right - left; }
+  constexpr int Height() const { return bottom - top; }
+  constexpr CSize Size() const { return {Width(), Height()}; }
+  constexpr CPoint TopLeft() const { return {left, top}; }
+  constexpr void OffsetRect(int dx, int dy) {
+    left += dx;
+    right += dx;
+    top += dy;
+    bottom += dy;
+  }
+
+  friend constexpr bool operator==(const CRect& one, const CRect& other) {
+    return one.left == other.left && one.top == other.top && one.right == other.right &&
+           one.bottom == other.bottom;
+  }
+};
