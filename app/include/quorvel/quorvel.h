@@ -22,6 +22,13 @@
 #include "framework/geometry.h"
 #include "kivdata/sys_env.h"
 
+/// What the point entries return.
+enum : INT_PTR {
+  QUORVEL_POINT_CONFIRMED = 0,
+  QUORVEL_POINT_CANCELLED = 1,
+  QUORVEL_POINT_MOUSE_PICK = 2,
+};
+
 extern "C" {
 
 /// Asks for one line of text. TRUE when confirmed; `text` then holds the edited text.
@@ -38,7 +45,8 @@ BOOL __InputDpiDlg(int* dpi, CPoint* position);
 /// Asks for a point with two coordinates, in an array of 2 doubles: the field X shows and returns
 /// element 1, the field Y element 0, both rounded to three decimals. With `allowMousePick` the
 /// dialog has a button that asks the host to let the user point in the drawing instead.
-/// Returns 0 confirmed, 1 cancelled or failed, 2 mouse pick requested (the point is untouched).
+/// Returns QUORVEL_POINT_CONFIRMED, QUORVEL_POINT_CANCELLED (also on failure) or
+/// QUORVEL_POINT_MOUSE_PICK; the point is written only when confirmed.
 INT_PTR __InputPointXYDlg(double* point, BOOL allowMousePick, CPoint* position);
 
 /// As __InputPointXYDlg with three coordinates: an array of 3 doubles, field Z is element 2.

@@ -1,0 +1,39 @@
+# `make dist`: the DLLs and host programs in bin/, headers, import libraries and the CMake package.
+include(CMakePackageConfigHelpers)
+
+set(product Frame64 KivComm64 KivData64 KivFcl64 Quorvel)
+install(
+  TARGETS ${product}
+  EXPORT QuorvelTargets
+  RUNTIME DESTINATION bin
+  ARCHIVE DESTINATION lib)
+install(TARGETS quorvel_cli quorvel_gallery RUNTIME DESTINATION bin)
+
+# The compiler's run-time, shared by all of them so that exceptions cross from DLL to DLL.
+execute_process(
+  COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=libstdc++-6.dll
+  OUTPUT_VARIABLE libstdcxx
+  OUTPUT_STRIP_TRAILING_WHITESPACE)
+get_filename_component(runtime_folder ${libstdcxx} DIRECTORY)
+set(runtime_dlls ${runtime_folder}/libstdc++-6.dll ${runtime_folder}/libgcc_s_seh-1.dll
+                 /usr/x86_64-w64-mingw32/lib/libwinpthread-1.dll)
+install(FILES ${runtime_dlls} DESTINATION bin)
+# Beside the build's own programs too, so that they start where they are built.
+file(COPY ${runtime_dlls} DESTINATION ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
+
+install(DIRECTORY app/include/quorvel DESTINATION include)
+# Exactly the headers that quorvel.h includes.
+install(FILES common/framework/base_types.h common/framework/collections.h
+              common/framework/cstring.h common/framework/errors.h
+              common/framework/frame_export.h common/framework/geometry.h
+        DESTINATION include/quorvel/framework)
+install(FILES common/kivdata/kivdata_export.h common/kivdata/sys_env.h
+        DESTINATION include/quorvel/kivdata)
+
+install(
+  EXPORT QuorvelTargets
+  NAMESPACE Quorvel::
+  DESTINATION lib/cmake/Quorvel)
+write_basic_package_version_file(QuorvelConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(FILES cmake/QuorvelConfig.cmake ${PROJECT_BINARY_DIR}/QuorvelConfigVersion.cmake
+        DESTINATION lib/cmake/Quorvel)

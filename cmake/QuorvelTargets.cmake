@@ -1,0 +1,48 @@
+# The kinds of target that the folders are made of.
+
+option(QUORVEL_SANITIZE "Native build: address and undefined-behaviour sanitizers" OFF)
+option(QUORVEL_COVERAGE "Native build: count the lines that the tests reach" OFF)
+
+add_library(quorvel_options INTERFACE)
+# Two of GCC 12's warnings are wrong about the standard library's strings and about the thread
+# block at address 0 of its segment.
+target_compile_options(quorvel_options INTERFACE -Wall -Wextra -Wpedantic -Werror -Wno-restrict)
+target_include_directories(quorvel_options INTERFACE ${PROJECT_SOURCE_DIR}/common
+                                                     ${PROJECT_SOURCE_DIR})
+if(WIN32)
+  target_compile_options(quorvel_options INTERFACE --param=min-pagesize=0)
+  # Narrow literals are code page 932, as are all narrow texts; library bounds are checked in what
+  # is shipped, too.
+  target_compile_options(quorvel_options INTERFACE -fexec-charset=CP932)
+  target_compile_definitions(quorvel_options INTERFACE _WIN32_WINNT=0x0A00 _GLIBCXX_ASSERTIONS)
+  target_link_options(
+    quorvel_options INTERFACE -Wl,--dynamicbase -Wl,--high-entropy-va -Wl,--nxcompat
+    $<$<CONFIG:Release>:-s>)
+  set(CMAKE_RC_FLAGS "-c 65001 -I ${PROJECT_SOURCE_DIR}")
+elseif(QUORVEL_SANITIZE)
+  target_compile_options(quorvel_options INTERFACE -fsanitize=address,undefined
+                                                   -fno-sanitize-recover=all -g)
+  target_compile_definitions(quorvel_options INTERFACE _GLIBCXX_ASSERTIONS)
+  target_link_options(quorvel_options INTERFACE -fsanitize=address,undefined)
+elseif(QUORVEL_COVERAGE)
+  target_compile_options(quorvel_options INTERFACE --coverage -O0 -g)
+  target_link_options(quorvel_options INTERFACE --coverage)
+endif()
+
+# A library of the product. PORTABLE sources are window-free: natively they alone make a static
+# library of the same name; WINDOWS sources are added in the DLL.
+function(quorvel_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "PORTABLE;WINDOWS;DEPENDS")
+  if(WIN32)
+    add_library(${name} SHARED ${arg_PORTABLE} ${arg_WINDOWS})
+    set_target_properties(${name} PROPERTIES PREFIX "" DEFINE_SYMBOL "")
+    string(TOUPPER ${name} upper)
+    target_compile_definitions(${name} PRIVATE ${upper}_BUILD)
+  else()
+    add_library(${name} STATIC ${arg_PORTABLE})
+  endif()
+  target_link_libraries(${name} PRIVATE $<BUILD_INTERFACE:quorvel_options> PUBLIC ${arg_DEPENDS})
+  # The build's own targets see the sources' include folder; a host gets it from the package.
+  target_include_directories(${name} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/common>
+                                            $<INSTALL_INTERFACE:include/quorvel>)
+endfunction()

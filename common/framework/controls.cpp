@@ -1,0 +1,139 @@
+#include "framework/controls.h"
+
+#include "framework/code_page.h"
+
+#include <array>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace {
+
+/// The clipboard, opened for reading for as long as the guard lives.
+class ClipboardReader {
+public:
+  explicit ClipboardReader(HWND window) : m_bOpen(::OpenClipboard(window) != FALSE) {}
+  ~ClipboardReader() {
+    if (m_bOpen) {
+      ::CloseClipboard();
+    }
+  }
+  ClipboardReader(const ClipboardReader&) = delete;
+  ClipboardReader& operator=(const ClipboardReader&) = delete;
+
+  std::wstring Text() const {
+    const HANDLE data = m_bOpen ? ::GetClipboardData(CF_UNICODETEXT) : nullptr;
+    if (data == nullptr) {
+      return {};
+    }
+    const auto unlock = [data](const void*) { ::GlobalUnlock(data); };
+    const std::unique_ptr<const void, decltype(unlock)> locked(::GlobalLock(data), unlock);
+    return locked ? std::wstring(static_cast<const wchar_t*>(locked.get())) : std::wstring();
+  }
+
+private:
+  bool m_bOpen;
+};
+
+}  // namespace
+
+BOOL CEdit::PreTranslateMessage(MSG* message) {
+  const bool closingKey = message->message == WM_KEYDOWN &&
+                          (message->wParam == VK_RETURN || message->wParam == VK_ESCAPE);
+  return m_bComposing && closingKey ? TRUE : FALSE;
+}
+
+LRESULT CEdit::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+  bool refused = false;
+  switch (message) {
+    case WM_CHAR: {
+      const auto character = static_cast<wchar_t>(wParam);
+      refused = !quorvel::IsInCodePage(std::wstring_view(&character, 1));
+      break;
+    }
+    case WM_PASTE:
+      refused = !quorvel::IsInCodePage(ClipboardReader(m_hWnd).Text());
+      break;
+    case WM_IME_STARTCOMPOSITION:
+      m_bComposing = true;
+      break;
+    case WM_IME_ENDCOMPOSITION:
+    case WM_KILLFOCUS:
+      m_bComposing = false;
+      break;
+    default:
+      break;
+  }
+  if (refused) {
+    ::MessageBeep(MB_OK);
+    return 0;
+  }
+  return CWnd::WindowProc(message, wParam, lParam);
+}
+
+void CListCtrl::InsertColumn(int column, const char* heading, int width) {
+  std::wstring text = quorvel::WideFromCodePage(CString(heading).View());
+  LVCOLUMNW description{};
+  description.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
+  description.pszText = text.data();
+  description.cx = width;
+  description.iSubItem = column;
+  ::SendMessageW(m_hWnd, LVM_INSERTCOLUMNW, static_cast<WPARAM>(column),
+                 reinterpret_cast<LPARAM>(&description));
+}
+
+int CListCtrl::AppendRow(const char* text) {
+  std::wstring wide = quorvel::WideFromCodePage(CString(text).View());
+  LVITEMW item{};
+  item.mask = LVIF_TEXT;
+  item.iItem = GetItemCount();
+  item.pszText = wide.data();
+  return static_cast<int>(
+      ::SendMessageW(m_hWnd, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item)));
+}
+
+void CListCtrl::SetItemText(int row, int column, const char* text) {
+  std::wstring wide = quorvel::WideFromCodePage(CString(text).View());
+  LVITEMW item{};
+  item.iSubItem = column;
+  item.pszText = wide.data();
+  ::SendMessageW(m_hWnd, LVM_SETITEMTEXTW, static_cast<WPARAM>(row),
+                 reinterpret_cast<LPARAM>(&item));
+}
+
+CString CListCtrl::GetItemText(int row, int column) const {
+  // The control tells how much it copied, never how much there is: grow until it fits.
+  std::wstring text(256, L'\0');
+  for (;;) {
+    LVITEMW item{};
+    item.iSubItem = column;
+    item.pszText = text.data();
+    item.cchTextMax = static_cast<int>(text.size());
+    const auto length = static_cast<std::size_t>(::SendMessageW(
+        m_hWnd, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item)));
+    if (length + 1 < text.size()) {
+      return CString(quorvel::CodePageFromWide(std::wstring_view(item.pszText, length)));
+    }
+    text.resize(2 * text.size());
+  }
+}
+
+void CListCtrl::SetItemData(int row, LPARAM data) {
+  LVITEMW item{};
+  item.mask = LVIF_PARAM;
+  item.iItem = row;
+  item.lParam = data;
+  ::SendMessageW(m_hWnd, LVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+}
+
+LPARAM CListCtrl::GetItemData(int row) const {
+  LVITEMW item{};
+  item.mask = LVIF_PARAM;
+  item.iItem = row;
+  ::SendMessageW(m_hWnd, LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+  return item.lParam;
+}
+
+int CListCtrl::GetItemCount() const {
+  return static_cast<int>(::SendMessageW(m_hWnd, LVM_GETITEMCOUNT, 0, 0));
+}

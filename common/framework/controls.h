@@ -1,0 +1,36 @@
+// The platform's controls under the platform's names.
+#pragma once
+
+#include "framework/cstring.h"
+#include "framework/frame_export.h"
+#include "framework/wnd.h"
+
+#include <commctrl.h>
+
+/// An edit field. Its text can be carried in code page 932 whole: a character that the code page
+/// lacks is refused with the system's beep when it is typed or pasted. While a kana-kanji conversion
+/// is under way, Enter and Escape belong to it and never close the dialog. Every edit field of a
+/// CDialog is one, whether the dialog declares it or not.
+class FRAME_API CEdit : public CWnd {
+public:
+  BOOL PreTranslateMessage(MSG* message) override;
+
+protected:
+  LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+private:
+  bool m_bComposing = false;
+};
+
+/// A list view. Texts are in code page 932; indices count from 0.
+class FRAME_API CListCtrl : public CWnd {
+public:
+  void InsertColumn(int column, const char* heading, int width);
+  /// Appends a row and returns its index.
+  int AppendRow(const char* text);
+  void SetItemText(int row, int column, const char* text);
+  CString GetItemText(int row, int column) const;
+  void SetItemData(int row, LPARAM data);
+  LPARAM GetItemData(int row) const;
+  int GetItemCount() const;
+};

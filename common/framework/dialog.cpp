@@ -1,0 +1,266 @@
+#include "framework/dialog.h"
+
+#include "framework/module_state.h"
+#include "framework/placing.h"
+
+#include <array>
+#include <cwchar>
+#include <utility>
+
+namespace {
+
+thread_local CDialog* g_innermostModal = nullptr;
+
+/// The window that a modal dialog belongs to, disabled for as long as the guard lives.
+class ModalOwner {
+public:
+  explicit ModalOwner(const CWnd* parent) {
+    HWND window = parent != nullptr ? parent->m_hWnd : ::GetActiveWindow();
+    window = window != nullptr ? ::GetAncestor(window, GA_ROOT) : nullptr;
+    if (window != nullptr && ::IsWindowVisible(window) != FALSE) {
+      m_hWnd = window;
+      m_bDisabled = ::IsWindowEnabled(window) != FALSE;
+      if (m_bDisabled) {
+        ::EnableWindow(window, FALSE);
+      }
+    }
+  }
+  ~ModalOwner() { Enable(); }
+  ModalOwner(const ModalOwner&) = delete;
+  ModalOwner& operator=(const ModalOwner&) = delete;
+
+  HWND Window() const { return m_hWnd; }
+  void Enable() {
+    if (std::exchange(m_bDisabled, false)) {
+      ::EnableWindow(m_hWnd, TRUE);
+    }
+  }
+
+private:
+  HWND m_hWnd = nullptr;
+  bool m_bDisabled = false;
+};
+
+/// Sets this thread's innermost modal dialog for as long as the guard lives.
+class InnermostModal {
+public:
+  InnermostModal(CDialog* dialog, CDialog*& outer) : m_outer(outer) {
+    outer = std::exchange(g_innermostModal, dialog);
+  }
+  ~InnermostModal() { g_innermostModal = std::exchange(m_outer, nullptr); }
+  InnermostModal(const InnermostModal&) = delete;
+  InnermostModal& operator=(const InnermostModal&) = delete;
+
+private:
+  CDialog*& m_outer;
+};
+
+/// Destroys the dialog's window, if it still stands, so that the owner is active afterwards: it must
+/// be enabled before the dialog disappears, or the system activates some other program.
+class DestroyedAtEnd {
+public:
+  DestroyedAtEnd(const CWnd& dialog, ModalOwner& owner) : m_dialog(dialog), m_owner(owner) {}
+  ~DestroyedAtEnd() {
+    const HWND window = m_dialog.m_hWnd;
+    m_owner.Enable();
+    if (window == nullptr) {
+      return;
+    }
+    if (::IsWindowVisible(window) != FALSE) {
+      const bool wasActive = ::GetActiveWindow() == window;
+      ::SetWindowPos(window, nullptr, 0, 0, 0, 0,
+                     SWP_HIDEWINDOW | SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_NOZORDER);
+      if (wasActive && m_owner.Window() != nullptr) {
+        ::SetActiveWindow(m_owner.Window());
+      }
+    }
+    ::DestroyWindow(window);
+  }
+  DestroyedAtEnd(const DestroyedAtEnd&) = delete;
+  DestroyedAtEnd& operator=(const DestroyedAtEnd&) = delete;
+
+private:
+  const CWnd& m_dialog;
+  ModalOwner& m_owner;
+};
+
+CRect WorkAreaAt(HWND window) {
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  ::GetMonitorInfoW(::MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
+  return monitor.rcWork;
+}
+
+const DLGTEMPLATE* FindTemplate(HINSTANCE module, UINT id) {
+  const auto* type = reinterpret_cast<LPCWSTR>(RT_DIALOG);
+  const HRSRC resource = ::FindResourceW(module, MAKEINTRESOURCEW(id), type);
+  const HGLOBAL loaded = resource != nullptr ? ::LoadResource(module, resource) : nullptr;
+  return loaded != nullptr ? static_cast<const DLGTEMPLATE*>(::LockResource(loaded)) : nullptr;
+}
+
+}  // namespace
+
+BEGIN_MESSAGE_MAP(CDialog, CWnd)
+  ON_COMMAND(IDOK, &CDialog::OnOK)
+  ON_COMMAND(IDCANCEL, &CDialog::OnCancel)
+END_MESSAGE_MAP()
+
+CDialog::CDialog(UINT nIDTemplate, CWnd* pParentWnd)
+    : m_nIDTemplate(nIDTemplate), m_pParentWnd(pParentWnd) {}
+
+CDialog::~CDialog() = default;
+
+INT_PTR CDialog::DoModal() {
+  const HINSTANCE module = AfxGetResourceHandle();
+  const DLGTEMPLATE* dialogTemplate = FindTemplate(module, m_nIDTemplate);
+  if (dialogTemplate == nullptr) {
+    return -1;
+  }
+  m_nModalResult = -1;
+  m_bRunning = true;
+  {
+    ModalOwner owner(m_pParentWnd);
+    const InnermostModal innermost(this, m_pOuterModal);
+    const DestroyedAtEnd destroyed(*this, owner);
+    const HWND window =
+        ::CreateDialogIndirectParamW(module, dialogTemplate, owner.Window(),
+                                     &CDialog::StaticDialogProc, reinterpret_cast<LPARAM>(this));
+    if (window != nullptr && m_bRunning) {
+      ::ShowWindow(window, SW_SHOWNORMAL);
+      RunModalLoop(owner.Window());
+    }
+    m_bRunning = false;
+  }
+  m_editFields.clear();
+  if (m_exception) {
+    std::rethrow_exception(std::exchange(m_exception, nullptr));
+  }
+  return m_nModalResult;
+}
+
+void CDialog::RunModalLoop(HWND owner) {
+  while (m_bRunning) {
+    MSG message{};
+    if (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) == FALSE) {
+      if (owner != nullptr) {
+        ::SendMessageW(owner, WM_ENTERIDLE, MSGF_DIALOGBOX, reinterpret_cast<LPARAM>(m_hWnd));
+      }
+      ::GetMessageW(&message, nullptr, 0, 0);
+    }
+    if (message.message == WM_QUIT) {
+      ::PostQuitMessage(static_cast<int>(message.wParam));  // for the host's own loop
+      EndDialog(-1);
+      return;
+    }
+    BOOL done = FALSE;
+    for (HWND window = message.hwnd; window != nullptr && done == FALSE;
+         window = window != m_hWnd ? ::GetParent(window) : nullptr) {
+      if (CWnd* object = FromHandlePermanent(window)) {
+        done = object->PreTranslateMessage(&message);
+      }
+    }
+    if (done == FALSE) {
+      ::TranslateMessage(&message);
+      ::DispatchMessageW(&message);
+    }
+    if (m_bRunning && m_hWnd == nullptr) {
+      m_nModalResult = IDCANCEL;  // destroyed by someone else
+      m_bRunning = false;
+    }
+  }
+}
+
+void CDialog::EndDialog(INT_PTR nResult) {
+  m_nModalResult = nResult;
+  m_bRunning = false;
+  // The loop may be waiting while a message sent from elsewhere ends the dialog.
+  if (m_hWnd != nullptr) {
+    ::PostMessageW(m_hWnd, WM_NULL, 0, 0);
+  }
+}
+
+HWND CDialog::GetInnermostWindow() {
+  return g_innermostModal != nullptr ? g_innermostModal->m_hWnd : nullptr;
+}
+
+void CDialog::EndInnermostWithException(std::exception_ptr exception) noexcept {
+  if (g_innermostModal == nullptr) {
+    std::terminate();  // a window outside any modal dialog: there is nobody to tell
+  }
+  g_innermostModal->EndWithException(std::move(exception));
+}
+
+void CDialog::EndWithException(std::exception_ptr exception) noexcept {
+  m_exception = std::move(exception);
+  EndDialog(-1);
+}
+
+BOOL CDialog::PreTranslateMessage(MSG* message) { return ::IsDialogMessageW(m_hWnd, message); }
+
+INT_PTR CALLBACK CDialog::StaticDialogProc(HWND window, UINT message, WPARAM /*wParam*/,
+                                           LPARAM lParam) {
+  if (message != WM_INITDIALOG) {
+    return FALSE;
+  }
+  auto* dialog = reinterpret_cast<CDialog*>(lParam);
+  try {
+    dialog->SubclassWindow(window);
+    return dialog->HandleInitDialog();
+  } catch (...) {
+    dialog->EndWithException(std::current_exception());
+    return FALSE;
+  }
+}
+
+BOOL CDialog::HandleInitDialog() {
+  m_bPlaced = false;
+  const BOOL letSystemSetFocus = OnInitDialog();
+  AttachEditFields();
+  if (!m_bPlaced) {
+    PlaceByDefault();
+  }
+  return letSystemSetFocus;
+}
+
+void CDialog::AttachEditFields() {
+  for (HWND child = ::GetWindow(m_hWnd, GW_CHILD); child != nullptr;
+       child = ::GetWindow(child, GW_HWNDNEXT)) {
+    std::array<wchar_t, 8> className{};
+    ::GetClassNameW(child, className.data(), static_cast<int>(className.size()));
+    if (::_wcsicmp(className.data(), L"Edit") == 0 && FromHandlePermanent(child) == nullptr) {
+      m_editFields.push_back(std::make_unique<CEdit>());
+      m_editFields.back()->SubclassWindow(child);
+    }
+  }
+}
+
+void CDialog::PlaceByDefault() {
+  const HWND owner = ::GetWindow(m_hWnd, GW_OWNER);
+  const CSize size = GetWindowRect().Size();
+  const CRect workArea = WorkAreaAt(owner != nullptr ? owner : m_hWnd);
+  CRect centredOn = workArea;
+  if (owner != nullptr && ::IsIconic(owner) == FALSE) {
+    ::GetWindowRect(owner, &centredOn);
+  }
+  MoveTo(quorvel::KeptVisible(workArea, quorvel::CentredIn(centredOn, size), size));
+}
+
+BOOL CDialog::OnInitDialog() {
+  if (UpdateData(FALSE) == FALSE) {
+    EndDialog(-1);
+    return FALSE;
+  }
+  return TRUE;
+}
+
+void CDialog::OnOK() {
+  if (UpdateData(TRUE) != FALSE) {
+    EndDialog(IDOK);
+  }
+}
+
+void CDialog::OnCancel() { EndDialog(IDCANCEL); }
+
+void CDialog::GotoDlgCtrl(HWND control) {
+  ::SendMessageW(m_hWnd, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
+}

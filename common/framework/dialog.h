@@ -1,0 +1,68 @@
+// CDialog: a dialog box made from a template of the module in force, run modally.
+//
+//   CInputDpiDlg dialog;
+//   if (dialog.DoModal() == IDOK) { /* the members hold what was entered */ }
+#pragma once
+
+#include "framework/controls.h"
+#include "framework/frame_export.h"
+#include "framework/wnd.h"
+
+#include <exception>
+#include <memory>
+#include <vector>
+
+/// Runs its own message loop, so that PreTranslateMessage of the dialog and of its controls sees
+/// every message of the thread. Dialogs nest.
+class FRAME_API CDialog : public CWnd {
+public:
+  /// Without a parent the thread's active window is the owner: it is disabled meanwhile.
+  explicit CDialog(UINT nIDTemplate, CWnd* pParentWnd = nullptr);
+  ~CDialog() override;
+
+  /// Creates the dialog, runs it until EndDialog, destroys it. The result is EndDialog's; IDCANCEL
+  /// when the window was destroyed from outside; -1 when it could not be created or the thread was
+  /// told to quit. An exception that left a handler ends the dialog and is thrown on from here.
+  virtual INT_PTR DoModal();
+  void EndDialog(INT_PTR nResult);
+
+  /// The window of this thread's innermost modal dialog; null while none runs.
+  static HWND GetInnermostWindow();
+  /// Ends this thread's innermost modal dialog; its DoModal throws `exception`.
+  static void EndInnermostWithException(std::exception_ptr exception) noexcept;
+
+  BOOL PreTranslateMessage(MSG* message) override;
+
+protected:
+  /// Called before the dialog is shown; the controls show the members. FALSE when the dialog has set
+  /// the focus itself, TRUE to let the system give it to the first control.
+  virtual BOOL OnInitDialog();
+  /// Reads the controls and, when none refuses, closes with IDOK.
+  virtual void OnOK();
+  virtual void OnCancel();
+
+  /// Gives a control the focus as the Tab key does: an edit field's text is selected.
+  void GotoDlgCtrl(HWND control);
+  /// The dialog has been placed: it is not centred when it opens.
+  void SetPlaced() { m_bPlaced = true; }
+
+  DECLARE_MESSAGE_MAP()
+
+private:
+  static INT_PTR CALLBACK StaticDialogProc(HWND window, UINT message, WPARAM wParam,
+                                           LPARAM lParam);
+  BOOL HandleInitDialog();
+  void AttachEditFields();
+  void PlaceByDefault();
+  void RunModalLoop(HWND owner);
+  void EndWithException(std::exception_ptr exception) noexcept;
+
+  UINT m_nIDTemplate;
+  CWnd* m_pParentWnd;
+  INT_PTR m_nModalResult = -1;
+  bool m_bRunning = false;
+  bool m_bPlaced = false;
+  CDialog* m_pOuterModal = nullptr;  ///< the modal dialog of this thread that was innermost before
+  std::exception_ptr m_exception;
+  std::vector<std::unique_ptr<CEdit>> m_editFields;
+};

@@ -1,0 +1,92 @@
+// Message maps: which member function of a class handles which message.
+//
+//   BEGIN_MESSAGE_MAP(CInputPointDlg, CKivDialog)
+//     ON_BN_CLICKED(IDC_POINT_MOUSE, &CInputPointDlg::OnMousePick)
+//   END_MESSAGE_MAP()
+#pragma once
+
+#include "framework/base_types.h"
+#include "framework/frame_export.h"
+
+class CCmdTarget;
+
+/// A row of a map. `code` counts for WM_COMMAND only: the notification code.
+struct AFX_MSGMAP_ENTRY {
+  UINT message;
+  UINT code;
+  UINT firstId;
+  UINT lastId;
+  /// Calls the member function; null ends the map.
+  LRESULT (*call)(CCmdTarget& target, WPARAM wParam, LPARAM lParam);
+};
+
+struct AFX_MSGMAP {
+  const AFX_MSGMAP* (*baseMap)();  ///< null for the root
+  const AFX_MSGMAP_ENTRY* entries;
+};
+
+/// Anything with a message map.
+class FRAME_API CCmdTarget {
+public:
+  CCmdTarget() = default;
+  virtual ~CCmdTarget();
+  CCmdTarget(const CCmdTarget&) = delete;
+  CCmdTarget& operator=(const CCmdTarget&) = delete;
+
+protected:
+  static const AFX_MSGMAP* GetThisMessageMap();
+  virtual const AFX_MSGMAP* GetMessageMap() const;
+
+  /// The row for a message, in this class's map or the nearest base's; null where there is none.
+  const AFX_MSGMAP_ENTRY* FindHandler(UINT message, UINT code, UINT id) const;
+};
+
+namespace quorvel::message_map {
+
+template <class Class, class Result, class... Arguments>
+Class& TargetOf(CCmdTarget& target, Result (Class::*)(Arguments...)) {
+  return static_cast<Class&>(target);
+}
+
+template <auto Handler>
+LRESULT CallCommand(CCmdTarget& target, WPARAM /*wParam*/, LPARAM /*lParam*/) {
+  (TargetOf(target, Handler).*Handler)();
+  return 0;
+}
+
+template <auto Handler>
+LRESULT CallMessage(CCmdTarget& target, WPARAM wParam, LPARAM lParam) {
+  return (TargetOf(target, Handler).*Handler)(wParam, lParam);
+}
+
+}  // namespace quorvel::message_map
+
+#define DECLARE_MESSAGE_MAP()                      \
+protected:                                         \
+  static const AFX_MSGMAP* GetThisMessageMap();    \
+  const AFX_MSGMAP* GetMessageMap() const override;
+
+#define BEGIN_MESSAGE_MAP(theClass, baseClass)                                      \
+  const AFX_MSGMAP* theClass::GetMessageMap() const { return GetThisMessageMap(); } \
+  const AFX_MSGMAP* theClass::GetThisMessageMap() {                                 \
+    const auto baseMap = &baseClass::GetThisMessageMap;                             \
+    static const AFX_MSGMAP_ENTRY entries[] = {
+
+#define END_MESSAGE_MAP()                            \
+  { 0, 0, 0, 0, nullptr }                            \
+  }                                                  \
+  ;                                                  \
+  static const AFX_MSGMAP messageMap{baseMap, entries}; \
+  return &messageMap;                                \
+  }
+
+/// A notification `code` of the control `id`; the handler takes nothing and returns nothing.
+#define ON_CONTROL(code, id, handler) \
+  {WM_COMMAND, code, id, id, &quorvel::message_map::CallCommand<handler>},
+#define ON_COMMAND(id, handler) ON_CONTROL(0, id, handler)
+#define ON_BN_CLICKED(id, handler) ON_CONTROL(BN_CLICKED, id, handler)
+#define ON_EN_CHANGE(id, handler) ON_CONTROL(EN_CHANGE, id, handler)
+
+/// Any message; the handler is LRESULT (WPARAM, LPARAM).
+#define ON_MESSAGE(message, handler) \
+  {message, 0, 0, 0, &quorvel::message_map::CallMessage<handler>},

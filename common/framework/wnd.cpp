@@ -1,0 +1,217 @@
+#include "framework/wnd.h"
+
+#include "framework/code_page.h"
+#include "framework/data_exchange.h"
+#include "framework/dialog.h"
+#include "framework/window_text.h"
+
+#include <utility>
+
+namespace {
+
+/// The objects with a window, newest first: a list through the objects themselves, because there
+/// are few of them and an attached window must leave no memory behind.
+thread_local CWnd* g_firstAttached = nullptr;
+
+constexpr AFX_MSGMAP_ENTRY kNoEntries[] = {{0, 0, 0, 0, nullptr}};
+constexpr AFX_MSGMAP kRootMap{nullptr, kNoEntries};
+
+void MoveWindowTo(HWND window, const CPoint& topLeft) {
+  ::SetWindowPos(window, nullptr, topLeft.x, topLeft.y, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+/// Sets a value for as long as the guard lives.
+class ScopedFlag {
+public:
+  explicit ScopedFlag(bool& flag) : m_flag(flag), m_previous(std::exchange(flag, true)) {}
+  ~ScopedFlag() { m_flag = m_previous; }
+  ScopedFlag(const ScopedFlag&) = delete;
+  ScopedFlag& operator=(const ScopedFlag&) = delete;
+
+private:
+  bool& m_flag;
+  bool m_previous;
+};
+
+}  // namespace
+
+CCmdTarget::~CCmdTarget() = default;
+
+const AFX_MSGMAP* CCmdTarget::GetThisMessageMap() { return &kRootMap; }
+
+const AFX_MSGMAP* CCmdTarget::GetMessageMap() const { return GetThisMessageMap(); }
+
+const AFX_MSGMAP_ENTRY* CCmdTarget::FindHandler(UINT message, UINT code, UINT id) const {
+  for (const AFX_MSGMAP* map = GetMessageMap(); map != nullptr;
+       map = map->baseMap != nullptr ? map->baseMap() : nullptr) {
+    for (const AFX_MSGMAP_ENTRY* entry = map->entries; entry->call != nullptr; ++entry) {
+      if (entry->message == message && entry->code == code && entry->firstId <= id &&
+          id <= entry->lastId) {
+        return entry;
+      }
+    }
+  }
+  return nullptr;
+}
+
+BEGIN_MESSAGE_MAP(CWnd, CCmdTarget)
+END_MESSAGE_MAP()
+
+CWnd::~CWnd() { UnsubclassWindow(); }
+
+CWnd* CWnd::FromHandlePermanent(HWND window) {
+  CWnd* object = g_firstAttached;
+  while (object != nullptr && object->m_hWnd != window) {
+    object = object->m_next;
+  }
+  return object;
+}
+
+BOOL CWnd::SubclassWindow(HWND window) {
+  if (m_hWnd != nullptr || ::IsWindow(window) == FALSE) {
+    return FALSE;
+  }
+  if (CWnd* attached = FromHandlePermanent(window)) {
+    attached->UnsubclassWindow();
+  }
+  m_hWnd = window;
+  m_next = std::exchange(g_firstAttached, this);
+  m_previousProc = reinterpret_cast<WNDPROC>(::SetWindowLongPtrW(
+      window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&CWnd::StaticWindowProc)));
+  return TRUE;
+}
+
+BOOL CWnd::SubclassDlgItem(UINT id, CWnd* parent) {
+  return SubclassWindow(parent->GetDlgItem(static_cast<int>(id)));
+}
+
+HWND CWnd::UnsubclassWindow() {
+  const HWND window = m_hWnd;
+  if (window != nullptr) {
+    ::SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(m_previousProc));
+    Detach();
+  }
+  return window;
+}
+
+void CWnd::Detach() {
+  CWnd** link = &g_firstAttached;
+  while (*link != this) {
+    link = &(*link)->m_next;
+  }
+  *link = std::exchange(m_next, nullptr);
+  m_hWnd = nullptr;
+}
+
+LRESULT CALLBACK CWnd::StaticWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  CWnd* object = FromHandlePermanent(window);
+  if (object == nullptr) {
+    return ::DefWindowProcW(window, message, wParam, lParam);
+  }
+  if (message == WM_NCDESTROY) {
+    const WNDPROC previousProc = object->m_previousProc;
+    object->UnsubclassWindow();
+    return ::CallWindowProcW(previousProc, window, message, wParam, lParam);
+  }
+  try {
+    return object->WindowProc(message, wParam, lParam);
+  } catch (...) {
+    // It must not cross the system's code: the innermost modal dialog ends and throws it on.
+    CDialog::EndInnermostWithException(std::current_exception());
+    return 0;
+  }
+}
+
+LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_COMMAND || message == WM_NOTIFY) {
+    const HWND sender = message == WM_COMMAND ? reinterpret_cast<HWND>(lParam)
+                                              : reinterpret_cast<NMHDR*>(lParam)->hwndFrom;
+    LRESULT result = 0;
+    CWnd* child = sender != nullptr && sender != m_hWnd ? FromHandlePermanent(sender) : nullptr;
+    if (child != nullptr && child->OnChildNotify(message, wParam, lParam, &result) != FALSE) {
+      return result;
+    }
+    if (message == WM_COMMAND && HandleCommand(wParam, lParam)) {
+      return 0;
+    }
+  } else if (const AFX_MSGMAP_ENTRY* entry = FindHandler(message, 0, 0)) {
+    return entry->call(*this, wParam, lParam);
+  }
+  return CallPreviousProc(message, wParam, lParam);
+}
+
+bool CWnd::HandleCommand(WPARAM wParam, LPARAM lParam) {
+  if (m_bExchangingData && lParam != 0) {
+    return true;  // the exchange itself makes its controls notify
+  }
+  const AFX_MSGMAP_ENTRY* entry = FindHandler(WM_COMMAND, HIWORD(wParam), LOWORD(wParam));
+  if (entry == nullptr) {
+    return false;
+  }
+  entry->call(*this, wParam, lParam);
+  return true;
+}
+
+LRESULT CWnd::CallPreviousProc(UINT message, WPARAM wParam, LPARAM lParam) {
+  return ::CallWindowProcW(m_previousProc, m_hWnd, message, wParam, lParam);
+}
+
+BOOL CWnd::PreTranslateMessage(MSG* /*message*/) { return FALSE; }
+
+void CWnd::DoDataExchange(CDataExchange* /*pDX*/) {}
+
+BOOL CWnd::OnChildNotify(UINT /*message*/, WPARAM /*wParam*/, LPARAM /*lParam*/,
+                         LRESULT* /*result*/) {
+  return FALSE;
+}
+
+BOOL CWnd::UpdateData(BOOL bSaveAndValidate) {
+  if (m_hWnd == nullptr) {
+    return FALSE;
+  }
+  const ScopedFlag exchanging(m_bExchangingData);
+  CDataExchange exchange(this, bSaveAndValidate);
+  try {
+    DoDataExchange(&exchange);
+  } catch (const CFieldRefused&) {
+    return FALSE;  // whoever refused it has told the user
+  }
+  return TRUE;
+}
+
+CString CWnd::GetWindowText() const { return CString(quorvel::CodePageFromWide(quorvel::WindowText(m_hWnd))); }
+
+void CWnd::SetWindowText(const char* text) {
+  ::SetWindowTextW(m_hWnd, quorvel::WideFromCodePage(CString(text).View()).c_str());
+}
+
+CString CWnd::GetDlgItemText(int id) const {
+  return CString(quorvel::CodePageFromWide(quorvel::WindowText(GetDlgItem(id))));
+}
+
+void CWnd::SetDlgItemText(int id, const char* text) {
+  ::SetDlgItemTextW(m_hWnd, id, quorvel::WideFromCodePage(CString(text).View()).c_str());
+}
+
+CRect CWnd::GetWindowRect() const {
+  CRect rect;
+  ::GetWindowRect(m_hWnd, &rect);
+  return rect;
+}
+
+CRect CWnd::GetDlgItemRect(int id) const {
+  CRect rect;
+  ::GetWindowRect(GetDlgItem(id), &rect);
+  ::MapWindowPoints(HWND_DESKTOP, m_hWnd, reinterpret_cast<POINT*>(static_cast<RECT*>(&rect)), 2);
+  return rect;
+}
+
+void CWnd::MoveTo(const CPoint& topLeft) { MoveWindowTo(m_hWnd, topLeft); }
+
+void CWnd::MoveDlgItem(int id, const CPoint& topLeft) { MoveWindowTo(GetDlgItem(id), topLeft); }
+
+void CWnd::ResizeTo(const CSize& size) {
+  ::SetWindowPos(m_hWnd, nullptr, 0, 0, size.cx, size.cy,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}

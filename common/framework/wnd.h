@@ -1,0 +1,82 @@
+// CWnd: a C++ object that handles the messages of one window.
+//
+//   m_list.SubclassDlgItem(IDC_LIST, this);  // from now on m_list sees the control's messages first
+#pragma once
+
+#include "framework/cstring.h"
+#include "framework/frame_export.h"
+#include "framework/geometry.h"
+#include "framework/message_map.h"
+
+class CDataExchange;
+
+/// Attached to at most one window at a time, and a window to at most one object. Neither owns the
+/// other: when the window is destroyed the object is detached; when the object is destroyed first,
+/// the window goes on with its own procedure. One thread only.
+class FRAME_API CWnd : public CCmdTarget {
+public:
+  CWnd() = default;
+  ~CWnd() override;
+
+  /// Null while no window is attached.
+  HWND m_hWnd = nullptr;
+
+  /// The object attached to a window of this thread; null where there is none.
+  static CWnd* FromHandlePermanent(HWND window);
+
+  /// Attaches the object to an existing window; an object attached to it before is detached.
+  /// FALSE, with no effect, when there is no such window or the object has one already.
+  BOOL SubclassWindow(HWND window);
+  BOOL SubclassDlgItem(UINT id, CWnd* parent);
+  /// Detaches and returns the window, which stays.
+  HWND UnsubclassWindow();
+
+  /// Shows the values of the members in the controls (FALSE) or reads the controls into the members
+  /// (TRUE). Reading stops at the first field that is refused: one message is shown, the field gets
+  /// the focus with its text selected, the members of the fields before it keep what was read, and
+  /// the result is FALSE. Notifications of the controls are not handled meanwhile.
+  BOOL UpdateData(BOOL bSaveAndValidate = TRUE);
+
+  HWND GetDlgItem(int id) const { return ::GetDlgItem(m_hWnd, id); }
+  /// The text in code page 932, of any length.
+  CString GetWindowText() const;
+  void SetWindowText(const char* text);
+  CString GetDlgItemText(int id) const;
+  void SetDlgItemText(int id, const char* text);
+  /// In screen pixels.
+  CRect GetWindowRect() const;
+  /// Of a control, in this window's client pixels.
+  CRect GetDlgItemRect(int id) const;
+  /// Moves without resizing; client pixels for a child.
+  void MoveTo(const CPoint& topLeft);
+  /// Moves a control without resizing it; this window's client pixels.
+  void MoveDlgItem(int id, const CPoint& topLeft);
+  /// Resizes without moving.
+  void ResizeTo(const CSize& size);
+
+  /// A look at a message before it is dispatched to this window or one inside it. TRUE when it has
+  /// been dealt with.
+  virtual BOOL PreTranslateMessage(MSG* message);
+
+protected:
+  /// Every message of the window: the message map first, then the window's own procedure.
+  virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
+  /// What the window's own procedure does with a message.
+  LRESULT CallPreviousProc(UINT message, WPARAM wParam, LPARAM lParam);
+  /// Moves values between members and controls.
+  virtual void DoDataExchange(CDataExchange* pDX);
+  /// A notification that this control sent to its parent, offered to the control first. TRUE, with
+  /// the answer in `*result`, when the parent need not see it.
+  virtual BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
+
+  DECLARE_MESSAGE_MAP()
+
+private:
+  static LRESULT CALLBACK StaticWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  bool HandleCommand(WPARAM wParam, LPARAM lParam);
+  void Detach();
+
+  WNDPROC m_previousProc = nullptr;
+  CWnd* m_next = nullptr;  ///< in this thread's list of attached objects
+  bool m_bExchangingData = false;
+};

@@ -1,0 +1,10 @@
+#include "kivfcl/display_rate.h"
+
+#include "framework/base_types.h"
+
+double __KivFcl_GetDispRate() {
+  const HDC screen = ::GetDC(nullptr);
+  const double dotsPerInch = ::GetDeviceCaps(screen, LOGPIXELSX);
+  ::ReleaseDC(nullptr, screen);
+  return dotsPerInch / USER_DEFAULT_SCREEN_DPI;
+}

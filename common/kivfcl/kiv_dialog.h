@@ -1,0 +1,24 @@
+// CKivDialog: the base of the dialogs; a dialog that can be placed at a point of the screen.
+//
+//   BOOL CInputDpiDlg::OnInitDialog() {
+//     CKivDialog::OnInitDialog();
+//     if (m_pPosition != nullptr) MovePosition(*m_pPosition, nullptr, TRUE);
+#pragma once
+
+#include "framework/dialog.h"
+#include "kivfcl/kivfcl_export.h"
+
+class KIVFCL_API CKivDialog : public CDialog {
+public:
+  explicit CKivDialog(UINT templateId, CWnd* parent = nullptr);
+  ~CKivDialog() override;
+
+protected:
+  /// Moves the dialog's top-left corner to `pt`: client pixels of `wnd`, or screen pixels where that
+  /// is null. With `flag` a point at which the dialog fits on its monitor, beside the task bar, is
+  /// taken exactly and any other is moved by the least that makes the whole dialog visible; without
+  /// it every point is taken as it is.
+  void MovePosition(CPoint pt, CWnd* wnd, BOOL flag);
+
+  DECLARE_MESSAGE_MAP()
+};

@@ -1,0 +1,8 @@
+// KIVFCL_API marks what KivFcl64.dll offers to the dialogs.
+#pragma once
+
+#if defined(KIVFCL64_BUILD)
+#define KIVFCL_API __declspec(dllexport)
+#else
+#define KIVFCL_API __declspec(dllimport)
+#endif

@@ -1,0 +1,35 @@
+#include "dialogs/input/check_list_layout.h"
+
+#include <algorithm>
+
+namespace quorvel {
+
+namespace {
+
+constexpr int kNameMargin = 20;
+constexpr int kLeastListWidth = 200;
+constexpr int kButtonGap = 10;
+constexpr int kDialogMarginX = 20;
+constexpr int kDialogMarginY = 30;
+
+}  // namespace
+
+int NameColumnWidth(const CheckListMeasures& measures) { return measures.widestName + kNameMargin; }
+
+CSize CheckListSize(const CheckListMeasures& measures) {
+  const int rowHeight = measures.characterHeight - measures.descent;
+  return {std::max(NameColumnWidth(measures) + kCheckColumnWidth, kLeastListWidth),
+          rowHeight * (measures.rows + 1)};  // one more for the headings
+}
+
+CheckListButtons PlaceCheckListButtons(const CRect& list, int buttonWidth) {
+  const int top = list.bottom + kButtonGap;
+  return {.ok = {list.right - 2 * buttonWidth - kButtonGap, top},
+          .cancel = {list.right - buttonWidth, top}};
+}
+
+CSize CheckListDialogSize(const CSize& list, int buttonHeight, int captionHeight) {
+  return {list.cx + kDialogMarginX, list.cy + buttonHeight + captionHeight + kDialogMarginY};
+}
+
+}  // namespace quorvel

@@ -1,0 +1,32 @@
+// How the check list dialog sizes itself to its items. All numbers are pixels.
+#pragma once
+
+#include "framework/geometry.h"
+
+namespace quorvel {
+
+/// What the layout follows from.
+struct CheckListMeasures {
+  int widestName;       ///< of the names that are measured; 0 without any
+  int characterHeight;  ///< of the font that measured them
+  int descent;
+  int rows;
+};
+
+inline constexpr int kCheckColumnWidth = 21;
+
+int NameColumnWidth(const CheckListMeasures& measures);
+CSize CheckListSize(const CheckListMeasures& measures);
+
+/// Top-left corners of the buttons, in the dialog's client area. `list` is the list's rectangle
+/// there, `buttonWidth` that of the OK button's client area.
+struct CheckListButtons {
+  CPoint ok;
+  CPoint cancel;
+};
+CheckListButtons PlaceCheckListButtons(const CRect& list, int buttonWidth);
+
+/// The size of the whole dialog with its frame.
+CSize CheckListDialogSize(const CSize& list, int buttonHeight, int captionHeight);
+
+}  // namespace quorvel

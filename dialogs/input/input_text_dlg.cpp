@@ -1,0 +1,28 @@
+#include "dialogs/input/input_text_dlg.h"
+
+#include "framework/data_exchange.h"
+
+CInputTextDlg::CInputTextDlg(const char* title, const char* comment, const char* text,
+                             CPoint* position, CWnd* parent)
+    : CKivDialog(IDD_INPUT_TEXT, parent),
+      m_strComment(comment),
+      m_strText(text),
+      m_strTitle(title),
+      m_pPosition(position) {}
+
+void CInputTextDlg::DoDataExchange(CDataExchange* pDX) {
+  CKivDialog::DoDataExchange(pDX);
+  DDX_Text(pDX, IDC_INPUT_COMMENT, m_strComment);
+  DDX_Text(pDX, IDC_INPUT_VALUE, m_strText);
+}
+
+BOOL CInputTextDlg::OnInitDialog() {
+  CKivDialog::OnInitDialog();
+  SetWindowText(m_strTitle);
+  if (m_pPosition != nullptr) {
+    MovePosition(*m_pPosition, nullptr, TRUE);
+  }
+  // The system would give the focus to the OK button, which comes first: the user is here to type.
+  GotoDlgCtrl(GetDlgItem(IDC_INPUT_VALUE));
+  return FALSE;
+}

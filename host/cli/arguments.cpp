@@ -1,0 +1,234 @@
+#include "cli/arguments.h"
+
+#include "cli/json.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <optional>
+#include <system_error>
+#include <type_traits>
+#include <utility>
+
+namespace quorvel::cli {
+
+namespace {
+
+constexpr Option kHelpOption = {.name = "help", .help = "print this help"};
+
+std::string Dashed(std::string_view name) {
+  return "--" + std::string(name);
+}
+
+/// `text` read as a whole, without sign '+' or blanks; nothing if it is not a NUMBER in range.
+template <class NUMBER>
+std::optional<NUMBER> ReadNumber(std::string_view text) {
+  NUMBER number = 0;
+  const char* end = text.data() + text.size();
+  const std::from_chars_result read = std::from_chars(text.data(), end, number);
+  if (read.ec != std::errc() || read.ptr != end) {
+    return std::nullopt;
+  }
+  if constexpr (std::is_floating_point_v<NUMBER>) {
+    if (!std::isfinite(number)) {  // "inf" and "nan" are numbers to from_chars
+      return std::nullopt;
+    }
+  }
+  return number;
+}
+
+std::string ExpectedNumbers(const Option& option) {
+  const std::string noun = option.kind == OptionKind::kWholeNumbers ? "whole number" : "number";
+  if (option.mostValues == 1) {
+    return "a " + noun;
+  }
+  std::string count = std::to_string(option.fewestValues);
+  if (option.mostValues != option.fewestValues) {
+    count += " to " + std::to_string(option.mostValues);
+  }
+  return count + " " + noun + "s separated by commas";
+}
+
+/// `text` read as numbers with single commas between them; nothing if any of them is not one.
+template <class NUMBER>
+std::optional<std::vector<NUMBER>> ReadList(std::string_view text) {
+  std::vector<NUMBER> numbers;
+  while (true) {
+    const std::size_t comma = text.find(',');
+    const std::optional<NUMBER> number = ReadNumber<NUMBER>(text.substr(0, comma));
+    if (!number) {
+      return std::nullopt;
+    }
+    numbers.push_back(*number);
+    if (comma == std::string_view::npos) {
+      return numbers;
+    }
+    text.remove_prefix(comma + 1);
+  }
+}
+
+template <class NUMBER>
+std::vector<NUMBER> ReadNumbers(const Option& option, std::string_view text) {
+  std::optional<std::vector<NUMBER>> numbers = ReadList<NUMBER>(text);
+  if (!numbers || numbers->size() < option.fewestValues || numbers->size() > option.mostValues) {
+    throw UsageError(Dashed(option.name) + " needs " + ExpectedNumbers(option) + ", not " +
+                     JsonQuoted(text));
+  }
+  return *std::move(numbers);
+}
+
+OptionValue ReadValue(const Option& option, std::string_view text) {
+  switch (option.kind) {
+    case OptionKind::kText:
+      return std::string(text);
+    case OptionKind::kWholeNumbers:
+      return ReadNumbers<int>(option, text);
+    case OptionKind::kNumbers:
+      return ReadNumbers<double>(option, text);
+    case OptionKind::kFlag:
+      break;
+  }
+  return std::monostate();
+}
+
+/// "--name=VALUE" taken apart; without '=' there is no value.
+struct SplitArgument {
+  std::string_view name;
+  std::optional<std::string_view> value;
+};
+
+SplitArgument Split(std::string_view argument) {
+  argument.remove_prefix(2);
+  const std::size_t equals = argument.find('=');
+  if (equals == std::string_view::npos) {
+    return {argument, std::nullopt};
+  }
+  return {argument.substr(0, equals), argument.substr(equals + 1)};
+}
+
+const Option& FindOption(std::span<const Option> table, std::string_view name) {
+  if (name == kHelpOption.name) {
+    return kHelpOption;
+  }
+  const auto found = std::ranges::find(table, name, &Option::name);
+  if (found == table.end()) {
+    throw UsageError("unknown option " + JsonQuoted(Dashed(name)));
+  }
+  return *found;
+}
+
+void AddDefaults(std::span<const Option> table, ParsedOptions& parsed) {
+  for (const Option& option : table) {
+    const bool hasDefault =
+        !option.defaultValue.empty() || (option.kind == OptionKind::kText && !option.isRepeatable);
+    if (hasDefault && !parsed.Has(option.name)) {
+      parsed.Add(option.name, ReadValue(option, option.defaultValue));
+    }
+  }
+}
+
+std::string OptionUsage(const Option& option) {
+  std::string usage = Dashed(option.name);
+  if (!option.valueName.empty()) {
+    usage += ' ';
+    usage += option.valueName;
+  }
+  return usage;
+}
+
+std::string OptionRemark(const Option& option) {
+  std::string remark(option.help);
+  if (option.isRepeatable) {
+    remark += " (may be repeated)";
+  }
+  if (!option.defaultValue.empty()) {
+    remark += " (default ";
+    remark += option.defaultValue;
+    remark += ')';
+  }
+  return remark;
+}
+
+}  // namespace
+
+void ParsedOptions::Add(std::string_view name, OptionValue value) {
+  m_given.push_back({std::string(name), std::move(value)});
+}
+
+bool ParsedOptions::Has(std::string_view name) const {
+  return std::ranges::find(m_given, name, &GivenOption::name) != m_given.end();
+}
+
+template <class VALUE>
+const VALUE& ParsedOptions::Value(std::string_view name) const {
+  const auto found = std::ranges::find(m_given, name, &GivenOption::name);
+  const VALUE* value = found == m_given.end() ? nullptr : std::get_if<VALUE>(&found->value);
+  if (value == nullptr) {
+    throw std::logic_error("no such value for option " + std::string(name));
+  }
+  return *value;
+}
+
+const std::string& ParsedOptions::Text(std::string_view name) const {
+  return Value<std::string>(name);
+}
+
+const std::vector<int>& ParsedOptions::WholeNumbers(std::string_view name) const {
+  return Value<std::vector<int>>(name);
+}
+
+const std::vector<double>& ParsedOptions::Numbers(std::string_view name) const {
+  return Value<std::vector<double>>(name);
+}
+
+ParsedOptions ParseOptions(std::span<const Option> table, std::span<const std::string> arguments) {
+  ParsedOptions parsed;
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    if (!arguments[i].starts_with("--")) {
+      throw UsageError("unexpected argument " + JsonQuoted(arguments[i]));
+    }
+    auto [name, value] = Split(arguments[i]);
+    const Option& option = FindOption(table, name);
+    if (option.kind == OptionKind::kFlag && value) {
+      throw UsageError(Dashed(name) + " takes no value");
+    }
+    if (option.kind != OptionKind::kFlag && !value) {
+      if (++i == arguments.size()) {
+        throw UsageError(Dashed(name) + " needs a value");
+      }
+      value = arguments[i];
+    }
+    if (&option == &kHelpOption) {
+      parsed.SetHelpWanted();
+      return parsed;
+    }
+    if (!option.isRepeatable && parsed.Has(name)) {
+      throw UsageError(Dashed(name) + " is given twice");
+    }
+    parsed.Add(name, ReadValue(option, value.value_or("")));
+  }
+  AddDefaults(table, parsed);
+  return parsed;
+}
+
+std::string OptionHelp(std::span<const Option> table) {
+  std::size_t width = OptionUsage(kHelpOption).size();
+  for (const Option& option : table) {
+    width = std::max(width, OptionUsage(option).size());
+  }
+  std::string help;
+  for (const Option& option : table) {
+    help += HelpLine(OptionUsage(option), width, OptionRemark(option));
+  }
+  return help + HelpLine(OptionUsage(kHelpOption), width, OptionRemark(kHelpOption));
+}
+
+std::string HelpLine(std::string_view left, std::size_t width, std::string_view right) {
+  std::string line = "  ";
+  line += left;
+  line.append(width - std::min(width, left.size()) + 2, ' ');
+  line += right;
+  return line += '\n';
+}
+
+}  // namespace quorvel::cli

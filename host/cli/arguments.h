@@ -1,0 +1,95 @@
+// Parsing options by a table, and the help text that goes with it. All texts are UTF-8.
+//
+//   constexpr std::array kTable = {Option{.name = "title", .kind = OptionKind::kText}};
+//   const ParsedOptions parsed = ParseOptions(kTable, arguments);   // {"--title", "題名"}
+//   parsed.Text("title");                                           // "題名"
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace quorvel::cli {
+
+/// Bad usage of the command line. The message is one line, without a line end.
+class UsageError : public std::runtime_error {
+public:
+  using std::runtime_error::runtime_error;
+};
+
+enum class OptionKind {
+  kFlag,          // takes no value
+  kText,          // any text
+  kWholeNumbers,  // ints, separated by commas
+  kNumbers,       // finite doubles, separated by commas
+};
+
+/// One row of an option table.
+struct Option {
+  std::string_view name = {};  // without the dashes
+  OptionKind kind = OptionKind::kFlag;
+  std::string_view valueName = {};  // how the help text calls the value
+  std::string_view help = {};
+  std::size_t fewestValues = 1;  // how many numbers the value lists
+  std::size_t mostValues = 1;
+  /// The value taken where the option is not given; empty for none, except that a text option
+  /// that is not repeatable always has a value, if only the empty text.
+  std::string_view defaultValue = {};
+  bool isRepeatable = false;
+};
+
+/// The value of one given option; which alternative is held follows from the option's kind.
+using OptionValue =
+    std::variant<std::monostate, std::string, std::vector<int>, std::vector<double>>;
+
+struct GivenOption {
+  std::string name;
+  OptionValue value;
+};
+
+/// The options of one command line with their values. Reading a value that the table does not
+/// give (an unknown name, another kind, no default) throws std::logic_error.
+class ParsedOptions {
+public:
+  void Add(std::string_view name, OptionValue value);
+  void SetHelpWanted() { m_isHelpWanted = true; }
+
+  bool Has(std::string_view name) const;
+  const std::string& Text(std::string_view name) const;
+  int WholeNumber(std::string_view name) const { return WholeNumbers(name).front(); }
+  const std::vector<int>& WholeNumbers(std::string_view name) const;
+  double Number(std::string_view name) const { return Numbers(name).front(); }
+  const std::vector<double>& Numbers(std::string_view name) const;
+
+  /// Everything in the order given; values that come from defaults follow at the end.
+  std::span<const GivenOption> InOrder() const { return m_given; }
+
+  /// True when --help was met; what stands after it was not looked at.
+  bool IsHelpWanted() const { return m_isHelpWanted; }
+
+private:
+  template <class VALUE>
+  const VALUE& Value(std::string_view name) const;
+
+  std::vector<GivenOption> m_given;
+  bool m_isHelpWanted = false;
+};
+
+/// Parses "--name VALUE", "--name=VALUE" and flags in any order. The argument after a name is its
+/// value whatever it looks like, so any text can be given. "--help" is known in every table and
+/// ends the parsing. Throws UsageError on anything else: an unknown option, an argument that is no
+/// option, a missing or unexpected value, a bad number, a second value for an option that is not
+/// repeatable.
+ParsedOptions ParseOptions(std::span<const Option> table, std::span<const std::string> arguments);
+
+/// One indented line for each option of the table and one for --help, each with its line end.
+std::string OptionHelp(std::span<const Option> table);
+
+/// Two columns of text: `left` indented by two blanks and padded to `width`, then `right`.
+std::string HelpLine(std::string_view left, std::size_t width, std::string_view right);
+
+}  // namespace quorvel::cli

@@ -1,0 +1,269 @@
+#include "cli/commands.h"
+
+#include "cli/json.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+namespace quorvel::cli {
+
+namespace {
+
+using enum OptionKind;
+
+constexpr Option kTitle = {
+    .name = "title", .kind = kText, .valueName = "TEXT", .help = "title of the dialog"};
+constexpr Option kComment = {
+    .name = "comment", .kind = kText, .valueName = "TEXT", .help = "explanation above the field"};
+constexpr Option kPosition = {.name = "position",
+                              .kind = kWholeNumbers,
+                              .valueName = "X,Y",
+                              .help = "top-left corner on the screen, in pixels",
+                              .fewestValues = 2,
+                              .mostValues = 2};
+
+constexpr std::array kInputTextOptions = {
+    kTitle, kComment,
+    Option{.name = "text", .kind = kText, .valueName = "TEXT", .help = "text to begin with"},
+    kPosition};
+
+constexpr std::array kInputScaleOptions = {kTitle, kComment,
+                                           Option{.name = "scale",
+                                                  .kind = kNumbers,
+                                                  .valueName = "N",
+                                                  .help = "denominator to begin with",
+                                                  .defaultValue = "1"},
+                                           kPosition};
+
+constexpr std::array kInputDpiOptions = {Option{.name = "dpi",
+                                                .kind = kWholeNumbers,
+                                                .valueName = "N",
+                                                .help = "resolution to begin with",
+                                                .defaultValue = "300"},
+                                         kPosition};
+
+constexpr std::array kInputPointOptions = {
+    Option{.name = "point",
+           .kind = kNumbers,
+           .valueName = "A,B[,C]",
+           .help = "coordinates to begin with, two or three: A is shown as Y, B as X, C as Z",
+           .fewestValues = 2,
+           .mostValues = 3,
+           .defaultValue = "0,0"},
+    Option{.name = "mouse-pick", .help = "offer to pick the point in the drawing instead"},
+    kPosition};
+
+constexpr std::array kUserPaperOptions = {
+    Option{.name = "name", .kind = kText, .valueName = "TEXT", .help = "name handed to the dialog"},
+    Option{.name = "width",
+           .kind = kWholeNumbers,
+           .valueName = "N",
+           .help = "width to begin with, in millimetres",
+           .defaultValue = "0"},
+    Option{.name = "height",
+           .kind = kWholeNumbers,
+           .valueName = "N",
+           .help = "height to begin with, in millimetres",
+           .defaultValue = "0"}};
+
+constexpr std::string_view kItem = "item";
+constexpr std::string_view kTickedItem = "ticked-item";
+
+constexpr std::array kCheckListOptions = {kTitle,
+                                          Option{.name = kItem,
+                                                 .kind = kText,
+                                                 .valueName = "NAME",
+                                                 .help = "the next item, not ticked",
+                                                 .isRepeatable = true},
+                                          Option{.name = kTickedItem,
+                                                 .kind = kText,
+                                                 .valueName = "NAME",
+                                                 .help = "the next item, ticked",
+                                                 .isRepeatable = true}};
+
+std::optional<ScreenPosition> Position(const ParsedOptions& options) {
+  if (!options.Has(kPosition.name)) {
+    return std::nullopt;
+  }
+  const std::vector<int>& position = options.WholeNumbers(kPosition.name);
+  return ScreenPosition{.x = position[0], .y = position[1]};
+}
+
+Request BuildInputText(const ParsedOptions& options) {
+  return InputTextRequest{.title = options.Text("title"),
+                          .comment = options.Text("comment"),
+                          .text = options.Text("text"),
+                          .position = Position(options)};
+}
+
+Request BuildInputScale(const ParsedOptions& options) {
+  return InputScaleRequest{.title = options.Text("title"),
+                           .comment = options.Text("comment"),
+                           .scale = options.Number("scale"),
+                           .position = Position(options)};
+}
+
+Request BuildInputDpi(const ParsedOptions& options) {
+  return InputDpiRequest{.dpi = options.WholeNumber("dpi"), .position = Position(options)};
+}
+
+Request BuildInputPoint(const ParsedOptions& options) {
+  return InputPointRequest{.point = options.Numbers("point"),
+                           .allowsMousePick = options.Has("mouse-pick"),
+                           .position = Position(options)};
+}
+
+Request BuildUserPaper(const ParsedOptions& options) {
+  return UserPaperRequest{.name = options.Text("name"),
+                          .width = options.WholeNumber("width"),
+                          .height = options.WholeNumber("height")};
+}
+
+Request BuildCheckList(const ParsedOptions& options) {
+  CheckListRequest request{.title = options.Text("title"), .items = {}};
+  for (const GivenOption& given : options.InOrder()) {
+    if (given.name == kItem || given.name == kTickedItem) {
+      request.items.push_back(
+          {.name = std::get<std::string>(given.value), .isTicked = given.name == kTickedItem});
+    }
+  }
+  return request;
+}
+
+constexpr std::array kCommands = {
+    Command{.name = "input-text",
+            .summary = "ask for one line of text",
+            .answer = R"json({"result":"confirmed","text":"..."})json",
+            .options = kInputTextOptions,
+            .build = BuildInputText},
+    Command{.name = "input-scale",
+            .summary = "ask for the denominator of a drawing scale",
+            .answer = R"json({"result":"confirmed","scale":1000})json",
+            .options = kInputScaleOptions,
+            .build = BuildInputScale},
+    Command{.name = "input-dpi",
+            .summary = "ask for a resolution in dots per inch",
+            .answer = R"json({"result":"confirmed","dpi":300})json",
+            .options = kInputDpiOptions,
+            .build = BuildInputDpi},
+    Command{
+        .name = "input-point",
+        .summary = "ask for a point with two or three coordinates",
+        .answer = R"json({"result":"confirmed","point":[100,200]} or {"result":"mouse-pick"})json",
+        .options = kInputPointOptions,
+        .build = BuildInputPoint},
+    Command{.name = "user-paper",
+            .summary = "ask for the name and the size of a user paper",
+            .answer =
+                R"json({"result":"confirmed","name":"A3(420x297)","width":420,"height":297})json"
+                R"json( or {"result":"clear-all"})json",
+            .options = kUserPaperOptions,
+            .build = BuildUserPaper},
+    Command{.name = "check-list",
+            .summary = "let the user tick items",
+            .answer = R"json({"result":"confirmed","items":[{"name":"...","ticked":true}]})json",
+            .options = kCheckListOptions,
+            .build = BuildCheckList},
+};
+
+constexpr std::string_view kUsage = "usage: quorvel SUBCOMMAND [OPTION]...";
+
+std::string CommandHelp(const Command& command) {
+  std::string help = "usage: quorvel ";
+  help += command.name;
+  help += " [OPTION]...\n\nOpen a dialog to ";
+  help += command.summary;
+  help += ".\n\nOptions:\n";
+  help += OptionHelp(command.options);
+  help += "\nPrints, when confirmed: ";
+  help += command.answer;
+  help += '\n';
+  return help;
+}
+
+std::string GeneralHelp() {
+  constexpr std::size_t kNameWidth = 17;  // of the longest left column, "help [SUBCOMMAND]"
+  std::string help(kUsage);
+  help +=
+      "\n\nOpen a dialog and print what the user answered, as one line of JSON in UTF-8.\n"
+      "\nSubcommands:\n";
+  for (const Command& command : kCommands) {
+    help += HelpLine(command.name, kNameWidth, command.summary);
+  }
+  help += HelpLine("help [SUBCOMMAND]", kNameWidth, "print this help or that of a subcommand");
+  help += "\nOptions:\n";
+  help += HelpLine("--help", kNameWidth, "print this help");
+  help += HelpLine("--version", kNameWidth, "print the version");
+  help +=
+      "\nAn option's value follows it as --name VALUE or --name=VALUE. Texts may hold any\n"
+      "character of code page 932.\n"
+      "\nExit status: 0 confirmed, 1 cancelled, 2 mouse pick or clear-all, 64 bad usage,\n"
+      "70 failed.\n";
+  return help;
+}
+
+const Command& FindCommand(std::string_view name) {
+  const auto* const found = std::ranges::find(kCommands, name, &Command::name);
+  if (found == kCommands.end()) {
+    throw UsageError("unknown subcommand " + JsonQuoted(name) + ", quorvel --help lists them");
+  }
+  return *found;
+}
+
+Message HelpMessage(std::span<const std::string> topics) {
+  if (topics.size() > 1) {
+    throw UsageError("unexpected argument " + JsonQuoted(topics[1]));
+  }
+  return {.text = topics.empty() ? GeneralHelp() : CommandHelp(FindCommand(topics.front())),
+          .status = ExitStatus::kSuccess};
+}
+
+Message VersionMessage(std::span<const std::string> rest) {
+  if (!rest.empty()) {
+    throw UsageError("unexpected argument " + JsonQuoted(rest.front()));
+  }
+  return {.text = "quorvel " + std::string(kVersion) + "\n", .status = ExitStatus::kSuccess};
+}
+
+/// As ReadCommandLine, for at least one argument; throws UsageError.
+CommandLine Interpret(std::span<const std::string> arguments) {
+  const std::string& first = arguments.front();
+  const std::span<const std::string> rest = arguments.subspan(1);
+  if (first == "--help" || first == "help") {
+    return HelpMessage(rest);
+  }
+  if (first == "--version") {
+    return VersionMessage(rest);
+  }
+  const Command& command = FindCommand(first);
+  const ParsedOptions options = ParseOptions(command.options, rest);
+  if (options.IsHelpWanted()) {
+    return Message{.text = CommandHelp(command), .status = ExitStatus::kSuccess};
+  }
+  return command.build(options);
+}
+
+}  // namespace
+
+std::span<const Command> Commands() {
+  return kCommands;
+}
+
+CommandLine ReadCommandLine(std::span<const std::string> arguments) {
+  if (arguments.empty()) {
+    return Message{.text = std::string(kUsage) + ", or quorvel --help\n",
+                   .status = ExitStatus::kBadUsage};
+  }
+  try {
+    return Interpret(arguments);
+  } catch (const UsageError& error) {
+    return UsageMessage(error);
+  }
+}
+
+Message UsageMessage(const UsageError& error) {
+  return {.text = "quorvel: " + std::string(error.what()) + "\n", .status = ExitStatus::kBadUsage};
+}
+
+}  // namespace quorvel::cli

@@ -1,0 +1,102 @@
+// The subcommands of the command line: one table, from which arguments are read into plain
+// requests and help texts are made. All texts are UTF-8.
+//
+//   const CommandLine line = ReadCommandLine(arguments);      // {"input-dpi", "--dpi", "300"}
+//   std::get<InputDpiRequest>(std::get<Request>(line)).dpi;   // 300
+//
+// A new subcommand is a request type here, and in commands.cpp a function that builds it and a row
+// of the table; the program then does not compile until it can run the request.
+#pragma once
+
+#include "cli/arguments.h"
+#include "cli/outcome.h"
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace quorvel::cli {
+
+inline constexpr std::string_view kVersion = "0.1.0";
+
+/// A point of the screen in pixels.
+struct ScreenPosition {
+  int x = 0;
+  int y = 0;
+};
+
+struct InputTextRequest {
+  std::string title;
+  std::string comment;
+  std::string text;
+  std::optional<ScreenPosition> position;
+};
+
+struct InputScaleRequest {
+  std::string title;
+  std::string comment;
+  double scale = 1;
+  std::optional<ScreenPosition> position;
+};
+
+struct InputDpiRequest {
+  int dpi = 0;
+  std::optional<ScreenPosition> position;
+};
+
+struct InputPointRequest {
+  std::vector<double> point;  // two or three elements, in the order of the entry's array
+  bool allowsMousePick = false;
+  std::optional<ScreenPosition> position;
+};
+
+struct UserPaperRequest {
+  std::string name;
+  int width = 0;   // millimetres
+  int height = 0;  // millimetres
+};
+
+struct CheckListItem {
+  std::string name;
+  bool isTicked = false;
+};
+
+struct CheckListRequest {
+  std::string title;
+  std::vector<CheckListItem> items;
+};
+
+/// The dialog that is asked for, with everything that its entry takes.
+using Request = std::variant<InputTextRequest, InputScaleRequest, InputDpiRequest,
+                             InputPointRequest, UserPaperRequest, CheckListRequest>;
+
+/// One row of the table of subcommands.
+struct Command {
+  std::string_view name;
+  std::string_view summary;
+  std::string_view answer;  // an example of what is printed when confirmed
+  std::span<const Option> options;
+  Request (*build)(const ParsedOptions& options);
+};
+
+std::span<const Command> Commands();
+
+/// What to print instead of opening a dialog: to standard output when the status is kSuccess, to
+/// standard error otherwise. The text has its line ends; an error is exactly one line.
+struct Message {
+  std::string text;
+  ExitStatus status = ExitStatus::kBadUsage;
+};
+
+using CommandLine = std::variant<Message, Request>;
+
+/// Reads the arguments that follow the program's name. Never throws for what a user typed.
+CommandLine ReadCommandLine(std::span<const std::string> arguments);
+
+/// The message for bad usage: "quorvel: " and the error's own words.
+Message UsageMessage(const UsageError& error);
+
+}  // namespace quorvel::cli

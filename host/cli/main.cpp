@@ -1,0 +1,238 @@
+// quorvel.exe: opens one dialog of the library and prints the answer as one line of JSON.
+//
+//   quorvel input-text --title 題名 --text 初期値
+//   {"result":"confirmed","text":"..."}
+//
+// Standard output and standard error are UTF-8 on every system.
+#include "cli/commands.h"
+#include "cli/outcome.h"
+#include "quorvel/quorvel.h"
+
+#include <fcntl.h>
+#include <io.h>
+
+#include <cstddef>
+#include <cstdio>
+#include <exception>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace quorvel::cli {
+
+namespace {
+
+constexpr UINT kHostCodePage = 932;
+
+/// An unpaired surrogate becomes U+FFFD.
+std::string Utf8FromWide(std::wstring_view wide) {
+  const int length = static_cast<int>(wide.size());
+  const int needed =
+      WideCharToMultiByte(CP_UTF8, 0, wide.data(), length, nullptr, 0, nullptr, nullptr);
+  std::string utf8(static_cast<std::size_t>(needed), '\0');
+  WideCharToMultiByte(CP_UTF8, 0, wide.data(), length, utf8.data(), needed, nullptr, nullptr);
+  return utf8;
+}
+
+std::wstring WideFromBytes(UINT codePage, std::string_view bytes) {
+  const int length = static_cast<int>(bytes.size());
+  const int needed = MultiByteToWideChar(codePage, 0, bytes.data(), length, nullptr, 0);
+  std::wstring wide(static_cast<std::size_t>(needed), L'\0');
+  MultiByteToWideChar(codePage, 0, bytes.data(), length, wide.data(), needed);
+  return wide;
+}
+
+/// The text as the library takes it. Throws UsageError for a character that code page 932 lacks.
+CString HostText(std::string_view utf8) {
+  const std::wstring wide = WideFromBytes(CP_UTF8, utf8);
+  const int length = static_cast<int>(wide.size());
+  BOOL hasReplacement = FALSE;
+  const int needed = WideCharToMultiByte(kHostCodePage, WC_NO_BEST_FIT_CHARS, wide.data(), length,
+                                         nullptr, 0, nullptr, &hasReplacement);
+  if (hasReplacement) {
+    throw UsageError("not all characters are in code page 932: " + JsonQuoted(utf8));
+  }
+  std::string text(static_cast<std::size_t>(needed), '\0');
+  WideCharToMultiByte(kHostCodePage, WC_NO_BEST_FIT_CHARS, wide.data(), length, text.data(), needed,
+                      nullptr, nullptr);
+  return CString(std::string_view(text));
+}
+
+std::string Utf8FromHostText(const CString& text) {
+  return Utf8FromWide(WideFromBytes(kHostCodePage, text.View()));
+}
+
+/// The point that an entry takes as its position, or none.
+class PositionArgument {
+public:
+  explicit PositionArgument(const std::optional<ScreenPosition>& position) {
+    if (position) {
+      m_point.emplace(position->x, position->y);
+    }
+  }
+
+  CPoint* Pointer() { return m_point ? &*m_point : nullptr; }
+
+private:
+  std::optional<CPoint> m_point;
+};
+
+Outcome Run(const InputTextRequest& request) {
+  const CString title = HostText(request.title);
+  const CString comment = HostText(request.comment);
+  CString text = HostText(request.text);
+  PositionArgument position(request.position);
+  if (!__InputTextDlg(title, comment, &text, position.Pointer())) {
+    return Cancelled();
+  }
+  Outcome outcome = Confirmed();
+  outcome.answer.AddText("text", Utf8FromHostText(text));
+  return outcome;
+}
+
+Outcome Run(const InputScaleRequest& request) {
+  const CString title = HostText(request.title);
+  const CString comment = HostText(request.comment);
+  double scale = request.scale;
+  PositionArgument position(request.position);
+  if (!__InputScaleDlg(title, comment, &scale, position.Pointer())) {
+    return Cancelled();
+  }
+  Outcome outcome = Confirmed();
+  outcome.answer.AddNumber("scale", scale);
+  return outcome;
+}
+
+Outcome Run(const InputDpiRequest& request) {
+  int dpi = request.dpi;
+  PositionArgument position(request.position);
+  if (!__InputDpiDlg(&dpi, position.Pointer())) {
+    return Cancelled();
+  }
+  Outcome outcome = Confirmed();
+  outcome.answer.AddInteger("dpi", dpi);
+  return outcome;
+}
+
+Outcome Run(const InputPointRequest& request) {
+  constexpr INT_PTR kPointConfirmed = 0;
+  constexpr INT_PTR kPointMousePick = 2;
+  std::vector<double> point = request.point;
+  const BOOL allowMousePick = request.allowsMousePick ? TRUE : FALSE;
+  PositionArgument position(request.position);
+  const auto entry = point.size() == 2 ? __InputPointXYDlg : __InputPointXYZDlg;
+  const INT_PTR result = entry(point.data(), allowMousePick, position.Pointer());
+  if (result == kPointMousePick) {
+    return MousePick();
+  }
+  if (result != kPointConfirmed) {
+    return Cancelled();
+  }
+  Outcome outcome = Confirmed();
+  outcome.answer.AddNumbers("point", point);
+  return outcome;
+}
+
+Outcome Run(const UserPaperRequest& request) {
+  CString name = HostText(request.name);
+  int width = request.width;
+  int height = request.height;
+  int clearAll = 0;
+  if (__UserPaperSetDlg(nullptr, &name, &width, &height, &clearAll, nullptr) == 0) {
+    return Cancelled();
+  }
+  if (clearAll != 0) {
+    return ClearAll();
+  }
+  Outcome outcome = Confirmed();
+  outcome.answer.AddText("name", Utf8FromHostText(name))
+      .AddInteger("width", width)
+      .AddInteger("height", height);
+  return outcome;
+}
+
+Outcome Run(const CheckListRequest& request) {
+  const CString title = HostText(request.title);
+  CArray<CString, CString&> names;
+  CByteArray states;
+  for (const CheckListItem& item : request.items) {
+    CString name = HostText(item.name);
+    names.Add(name);
+    states.Add(item.isTicked ? 1 : 0);
+  }
+  const INT_PTR result = __CheckListDlg(&title, &names, &states);
+  if (result == IDCANCEL) {
+    return Cancelled();
+  }
+  if (result != IDOK) {
+    return Failed();
+  }
+  std::vector<JsonObject> items;
+  INT_PTR index = 0;
+  for (const CheckListItem& item : request.items) {
+    items.emplace_back().AddText("name", item.name).AddFlag("ticked", states.GetAt(index) != 0);
+    ++index;
+  }
+  Outcome outcome = Confirmed();
+  outcome.answer.AddObjects("items", items);
+  return outcome;
+}
+
+/// False when the stream does not take the text.
+bool Print(std::FILE* stream, std::string_view text) {
+  return std::fwrite(text.data(), 1, text.size(), stream) == text.size() &&
+         std::fflush(stream) == 0;
+}
+
+ExitStatus PrintResult(std::string_view text, ExitStatus status) {
+  if (Print(stdout, text)) {
+    return status;
+  }
+  Print(stderr, "quorvel: standard output cannot be written\n");
+  return ExitStatus::kFailed;
+}
+
+ExitStatus Show(const Message& message) {
+  if (message.status == ExitStatus::kSuccess) {
+    return PrintResult(message.text, message.status);
+  }
+  Print(stderr, message.text);
+  return message.status;
+}
+
+ExitStatus Answer(const Request& request) {
+  const Outcome outcome =
+      std::visit([](const auto& alternative) { return Run(alternative); }, request);
+  return PrintResult(outcome.answer.ToText() + "\n", outcome.status);
+}
+
+/// The whole run, given the arguments after the program's name.
+ExitStatus RunCommandLine(const std::vector<std::string>& arguments) {
+  try {
+    const CommandLine line = ReadCommandLine(arguments);
+    const Message* message = std::get_if<Message>(&line);
+    return message != nullptr ? Show(*message) : Answer(std::get<Request>(line));
+  } catch (const UsageError& error) {
+    return Show(UsageMessage(error));
+  } catch (const std::exception& error) {
+    Print(stderr, std::string("quorvel: ") + error.what() + "\n");
+    return ExitStatus::kFailed;
+  }
+}
+
+}  // namespace
+
+}  // namespace quorvel::cli
+
+int wmain(int argumentCount, wchar_t** arguments) {
+  // Binary, so that a line ends in one byte and UTF-8 passes as it is.
+  _setmode(_fileno(stdout), _O_BINARY);
+  _setmode(_fileno(stderr), _O_BINARY);
+  std::vector<std::string> utf8Arguments;
+  for (int i = 1; i < argumentCount; ++i) {
+    utf8Arguments.push_back(quorvel::cli::Utf8FromWide(arguments[i]));
+  }
+  return static_cast<int>(quorvel::cli::RunCommandLine(utf8Arguments));
+}

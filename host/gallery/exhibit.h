@@ -1,0 +1,63 @@
+// What the gallery shows: a row for each entry of the library.
+//
+//   for (const Exhibit& exhibit : AllExhibits()) {
+//     Outcome outcome = exhibit.run({.allowMousePick = true});  // opens the dialog
+//     std::wstring now = exhibit.value();                       // text="…"
+//   }
+#pragma once
+
+#include "driver/modal_script.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace quorvel::gallery {
+
+/// What the user decided, worded for the log; a constant text.
+using Outcome = const wchar_t*;
+
+inline constexpr Outcome kConfirmed = L"confirmed";
+inline constexpr Outcome kCancelled = L"cancelled";
+inline constexpr Outcome kMousePick = L"mouse pick requested";
+inline constexpr Outcome kClearAll = L"clear all requested";
+inline constexpr Outcome kNotShown = L"not shown";
+
+struct RunOptions {
+  /// Whether the point dialogs offer the mouse.
+  bool allowMousePick = false;
+};
+
+/// One visit of the tour: a dialog that is opened, worked and compared with what must come of it.
+struct TourStop {
+  RunOptions options;
+  /// The dialog's title.
+  std::wstring title;
+  /// Puts the initial value in hand.
+  std::function<void()> setUp;
+  /// Works the dialog until it closes; may append steps to the script. Throws std::exception if the
+  /// dialog does not show what it should.
+  std::function<void(HWND dialog, driver::ModalScript& script)> work;
+  /// What must come back.
+  Outcome outcome;
+  std::wstring value;
+};
+
+struct Exhibit {
+  /// In small letters, for files.
+  std::string name;
+  /// The library's function.
+  std::wstring entry;
+  /// The button's text with its access key.
+  std::wstring label;
+  /// The value in hand. Different values have different texts.
+  std::function<std::wstring()> value;
+  /// Opens the dialog with the value in hand, which changes as the entry says.
+  std::function<Outcome(const RunOptions&)> run;
+  std::vector<TourStop> tour;
+};
+
+/// Every row, in the order of the window. The value in hand lives as long as its row or a copy.
+std::vector<Exhibit> AllExhibits();
+
+}  // namespace quorvel::gallery

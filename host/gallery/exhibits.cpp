@@ -1,0 +1,13 @@
+#include "gallery/exhibit.h"
+#include "gallery/input_exhibits.h"
+
+namespace quorvel::gallery {
+
+std::vector<Exhibit> AllExhibits() {
+  return {
+      InputTextExhibit(),    InputScaleExhibit(), InputDpiExhibit(),  InputPointXYExhibit(),
+      InputPointXYZExhibit(), UserPaperExhibit(),  CheckListExhibit(),
+  };
+}
+
+}  // namespace quorvel::gallery

@@ -1,0 +1,31 @@
+#include "gallery/value_text.h"
+
+#include <array>
+#include <charconv>
+
+namespace quorvel::gallery {
+
+std::wstring Wide(const CString& text) {
+  constexpr UINT kJapanese = 932;
+  const int size =
+      MultiByteToWideChar(kJapanese, 0, text.GetString(), text.GetLength(), nullptr, 0);
+  std::wstring wide(static_cast<std::size_t>(size), L'\0');
+  MultiByteToWideChar(kJapanese, 0, text.GetString(), text.GetLength(), wide.data(), size);
+  return wide;
+}
+
+std::wstring NamedText(std::wstring_view name, const CString& text) {
+  return std::wstring(name) + L"=\"" + Wide(text) + L"\"";
+}
+
+std::wstring Number(double value) {
+  std::array<char, 32> digits{};  // the longest shortest form of a double has 24 characters
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+  return {digits.data(), end};
+}
+
+std::wstring NamedNumber(std::wstring_view name, double value) {
+  return std::wstring(name) + L"=" + Number(value);
+}
+
+}  // namespace quorvel::gallery
