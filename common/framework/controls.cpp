@@ -102,6 +102,10 @@ void CListCtrl::SetItemText(int row, int column, const char* text) {
 }
 
 CString CListCtrl::GetItemText(int row, int column) const {
+  return CString(quorvel::CodePageFromWide(GetItemTextWide(row, column)));
+}
+
+std::wstring CListCtrl::GetItemTextWide(int row, int column) const {
   // The control tells how much it copied, never how much there is: grow until it fits.
   std::wstring text(256, L'\0');
   for (;;) {
@@ -112,7 +116,7 @@ CString CListCtrl::GetItemText(int row, int column) const {
     const auto length = static_cast<std::size_t>(::SendMessageW(
         m_hWnd, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item)));
     if (length + 1 < text.size()) {
-      return CString(quorvel::CodePageFromWide(std::wstring_view(item.pszText, length)));
+      return std::wstring(item.pszText, length);  // the control may answer with text of its own
     }
     text.resize(2 * text.size());
   }

@@ -7,6 +7,8 @@
 
 #include <commctrl.h>
 
+#include <string>
+
 /// An edit field. Its text can be carried in code page 932 whole: a character that the code page
 /// lacks is refused with the system's beep when it is typed or pasted. While a kana-kanji conversion
 /// is under way, Enter and Escape belong to it and never close the dialog. Every edit field of a
@@ -30,6 +32,7 @@ public:
   int AppendRow(const char* text);
   void SetItemText(int row, int column, const char* text);
   CString GetItemText(int row, int column) const;
+  std::wstring GetItemTextWide(int row, int column) const;
   void SetItemData(int row, LPARAM data);
   LPARAM GetItemData(int row) const;
   int GetItemCount() const;

@@ -61,6 +61,9 @@ END_MESSAGE_MAP()
 CWnd::~CWnd() { UnsubclassWindow(); }
 
 CWnd* CWnd::FromHandlePermanent(HWND window) {
+  if (window == nullptr) {
+    return nullptr;
+  }
   CWnd* object = g_firstAttached;
   while (object != nullptr && object->m_hWnd != window) {
     object = object->m_next;
@@ -124,21 +127,33 @@ LRESULT CALLBACK CWnd::StaticWindowProc(HWND window, UINT message, WPARAM wParam
 }
 
 LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_COMMAND || message == WM_NOTIFY) {
-    const HWND sender = message == WM_COMMAND ? reinterpret_cast<HWND>(lParam)
-                                              : reinterpret_cast<NMHDR*>(lParam)->hwndFrom;
-    LRESULT result = 0;
-    CWnd* child = sender != nullptr && sender != m_hWnd ? FromHandlePermanent(sender) : nullptr;
-    if (child != nullptr && child->OnChildNotify(message, wParam, lParam, &result) != FALSE) {
-      return result;
-    }
-    if (message == WM_COMMAND && HandleCommand(wParam, lParam)) {
-      return 0;
-    }
-  } else if (const AFX_MSGMAP_ENTRY* entry = FindHandler(message, 0, 0)) {
+  LRESULT result = 0;
+  CWnd* sender = SenderOf(message, wParam, lParam);
+  if (sender != nullptr && sender != this &&
+      sender->OnChildNotify(message, wParam, lParam, &result) != FALSE) {
+    return result;
+  }
+  if (message == WM_COMMAND) {
+    return HandleCommand(wParam, lParam) ? 0 : CallPreviousProc(message, wParam, lParam);
+  }
+  if (const AFX_MSGMAP_ENTRY* entry = FindHandler(message, 0, 0)) {
     return entry->call(*this, wParam, lParam);
   }
   return CallPreviousProc(message, wParam, lParam);
+}
+
+CWnd* CWnd::SenderOf(UINT message, WPARAM wParam, LPARAM lParam) const {
+  switch (message) {
+    case WM_COMMAND:
+      return FromHandlePermanent(reinterpret_cast<HWND>(lParam));
+    case WM_NOTIFY:
+      return FromHandlePermanent(reinterpret_cast<const NMHDR*>(lParam)->hwndFrom);
+    case WM_MEASUREITEM:
+    case WM_DRAWITEM:
+      return FromHandlePermanent(GetDlgItem(static_cast<int>(wParam)));
+    default:
+      return nullptr;
+  }
 }
 
 bool CWnd::HandleCommand(WPARAM wParam, LPARAM lParam) {

@@ -73,6 +73,9 @@ protected:
 
 private:
   static LRESULT CALLBACK StaticWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  /// The object of the control that a notification to this window comes from; null where there is
+  /// none, or where the message is no notification.
+  CWnd* SenderOf(UINT message, WPARAM wParam, LPARAM lParam) const;
   bool HandleCommand(WPARAM wParam, LPARAM lParam);
   void Detach();
 

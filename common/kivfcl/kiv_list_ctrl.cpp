@@ -8,11 +8,11 @@
 #include <memory>
 #include <string>
 #include <type_traits>
-#include <windowsx.h>
 
 namespace {
 
 constexpr int kMostColumns = 32;
+constexpr int kTextMargin = 3;
 constexpr WPARAM kSpace = L' ';
 
 struct ThemeCloser {
@@ -22,12 +22,31 @@ using Theme = std::unique_ptr<std::remove_pointer_t<HTHEME>, ThemeCloser>;
 
 }  // namespace
 
+LRESULT CKivListHeader::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+  const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
+  if (message == HDM_LAYOUT && m_nHeight > 0) {
+    const auto& layout = *reinterpret_cast<const HDLAYOUT*>(lParam);
+    layout.prc->top += m_nHeight - layout.pwpos->cy;
+    layout.pwpos->cy = m_nHeight;
+  }
+  return result;
+}
+
 void CKivListCtrl::InitListCtrl(UINT /*id*/, const KIVLISTCTRLHEAD* heads, int count, DWORD style,
                                 int /*flag*/) {
   DWORD extended = 0;
   extended |= (style & KIVLISTCTRL_FULLROW) != 0 ? LVS_EX_FULLROWSELECT : 0;
-  extended |= (style & KIVLISTCTRL_GRIDLINES) != 0 ? LVS_EX_GRIDLINES : 0;
   ::SendMessageW(m_hWnd, LVM_SETEXTENDEDLISTVIEWSTYLE, extended, static_cast<LPARAM>(extended));
+
+  m_header.SubclassWindow(ListView_GetHeader(m_hWnd));
+  m_header.m_nHeight = m_nRowHeight;
+  // Rows are drawn here, for the check boxes and for the height. The control asks for the height
+  // when it becomes owner-drawn or, on some systems, not before its size is set again.
+  ::SetWindowLongPtrW(m_hWnd, GWL_STYLE,
+                      ::GetWindowLongPtrW(m_hWnd, GWL_STYLE) | LVS_OWNERDRAWFIXED);
+  const CSize size = GetWindowRect().Size();
+  ResizeTo({static_cast<int>(size.cx), static_cast<int>(size.cy) + 1});
+  ResizeTo(size);
 
   m_nColumns = std::min(count, kMostColumns);
   m_nCheckColumns = 0;
@@ -83,7 +102,7 @@ void CKivListCtrl::SetTicked(int row, int column, bool ticked) {
 
 bool CKivListCtrl::ToggleAt(LPARAM clientPoint) {
   LVHITTESTINFO hit{};
-  hit.pt = {GET_X_LPARAM(clientPoint), GET_Y_LPARAM(clientPoint)};
+  hit.pt = {static_cast<short>(LOWORD(clientPoint)), static_cast<short>(HIWORD(clientPoint))};
   ListView_SubItemHitTest(m_hWnd, &hit);
   if (hit.iItem < 0 || !IsCheckColumn(hit.iSubItem)) {
     return false;
@@ -129,45 +148,52 @@ LRESULT CKivListCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 BOOL CKivListCtrl::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
-  if (message != WM_NOTIFY || reinterpret_cast<const NMHDR*>(lParam)->code != NM_CUSTOMDRAW) {
-    return CListCtrl::OnChildNotify(message, wParam, lParam, result);
+  *result = TRUE;
+  if (message == WM_MEASUREITEM) {
+    if (m_nRowHeight > 0) {
+      reinterpret_cast<MEASUREITEMSTRUCT*>(lParam)->itemHeight = static_cast<UINT>(m_nRowHeight);
+    }
+    return TRUE;
   }
-  *result = OnCustomDraw(*reinterpret_cast<const NMLVCUSTOMDRAW*>(lParam));
-  return TRUE;
+  if (message == WM_DRAWITEM) {
+    DrawRow(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
+    return TRUE;
+  }
+  return CListCtrl::OnChildNotify(message, wParam, lParam, result);
 }
 
-LRESULT CKivListCtrl::OnCustomDraw(const NMLVCUSTOMDRAW& draw) const {
-  switch (draw.nmcd.dwDrawStage) {
-    case CDDS_PREPAINT:
-      return CDRF_NOTIFYITEMDRAW;
-    case CDDS_ITEMPREPAINT:
-      return CDRF_NOTIFYSUBITEMDRAW;
-    case CDDS_ITEMPREPAINT | CDDS_SUBITEM:
-      if (IsCheckColumn(draw.iSubItem)) {
-        DrawCheckBox(draw.nmcd.hdc, static_cast<int>(draw.nmcd.dwItemSpec), draw.iSubItem);
-        return CDRF_SKIPDEFAULT;
-      }
-      return CDRF_DODEFAULT;
-    default:
-      return CDRF_DODEFAULT;
+void CKivListCtrl::DrawRow(const DRAWITEMSTRUCT& draw) const {
+  const int row = static_cast<int>(draw.itemID);
+  const bool focused = ::GetFocus() == m_hWnd;
+  const bool marked = (draw.itemState & ODS_SELECTED) != 0 && focused;
+  ::FillRect(draw.hDC, &draw.rcItem,
+             ::GetSysColorBrush(marked ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+  ::SetBkMode(draw.hDC, TRANSPARENT);
+  ::SetTextColor(draw.hDC, ::GetSysColor(marked ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
+  int left = draw.rcItem.left;
+  for (int column = 0; column < m_nColumns; ++column) {
+    const int width = ListView_GetColumnWidth(m_hWnd, column);
+    CRect cell(left, draw.rcItem.top, left + width, draw.rcItem.bottom);
+    left += width;
+    if (IsCheckColumn(column)) {
+      DrawCheckBox(draw.hDC, cell, IsTicked(row, column));
+      continue;
+    }
+    const std::wstring text = GetItemTextWide(row, column);
+    cell.left += kTextMargin;
+    ::DrawTextW(draw.hDC, text.c_str(), static_cast<int>(text.size()), &cell,
+                DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+  }
+  if ((draw.itemState & ODS_FOCUS) != 0 && focused) {
+    ::DrawFocusRect(draw.hDC, &draw.rcItem);
   }
 }
 
-void CKivListCtrl::DrawCheckBox(HDC deviceContext, int row, int column) const {
-  RECT cell{};
-  ListView_GetSubItemRect(m_hWnd, row, column, LVIR_BOUNDS, &cell);
-  const bool selected = (ListView_GetItemState(m_hWnd, row, LVIS_SELECTED) & LVIS_SELECTED) != 0 &&
-                        ::GetFocus() == m_hWnd;
-  ::FillRect(deviceContext, &cell, ::GetSysColorBrush(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
-
-  const int side = std::min<int>({::GetSystemMetrics(SM_CXMENUCHECK), cell.right - cell.left - 2,
-                                  cell.bottom - cell.top - 2});
-  RECT box{};
-  box.left = (cell.left + cell.right - side) / 2;
-  box.top = (cell.top + cell.bottom - side) / 2;
-  box.right = box.left + side;
-  box.bottom = box.top + side;
-  const bool ticked = IsTicked(row, column);
+void CKivListCtrl::DrawCheckBox(HDC deviceContext, const CRect& cell, bool ticked) const {
+  const int side =
+      std::min({::GetSystemMetrics(SM_CXMENUCHECK), cell.Width() - 2, cell.Height() - 2});
+  const CPoint corner(cell.left + (cell.Width() - side) / 2, cell.top + (cell.Height() - side) / 2);
+  CRect box(corner, CSize(side, side));
   if (const Theme theme{::OpenThemeData(m_hWnd, L"BUTTON")}) {
     ::DrawThemeBackground(theme.get(), deviceContext, BP_CHECKBOX,
                           ticked ? CBS_CHECKEDNORMAL : CBS_UNCHECKEDNORMAL, &box, nullptr);

@@ -18,8 +18,7 @@ enum : DWORD {
 
 /// How the list behaves, in the style of InitListCtrl; its other bits are ignored.
 enum : DWORD {
-  KIVLISTCTRL_FULLROW = 0x00000002,    ///< a selected row is marked over its whole width
-  KIVLISTCTRL_GRIDLINES = 0x04000000,  ///< lines between rows and columns
+  KIVLISTCTRL_FULLROW = 0x00000002,  ///< a selected row is marked over its whole width
 };
 
 struct KIVLISTCTRLHEAD {
@@ -36,6 +35,16 @@ struct CKivCelItem {
   int m_nCheck = 0;   ///< 1 where the cell's check box is ticked
 };
 
+/// The headings of a CKivListCtrl, as tall as its rows.
+class KIVFCL_API CKivListHeader : public CWnd {
+public:
+  /// 0 keeps the system's height.
+  int m_nHeight = 0;
+
+protected:
+  LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+};
+
 /// A check box is toggled by a click into its cell; the space key toggles those of the focused row
 /// and gives every other selected row the same state. A screen reader reads the cell as "オン" or
 /// "オフ".
@@ -44,6 +53,10 @@ public:
   /// Makes the columns. The control must be attached already; `id` is its identifier, `flag` is
   /// ignored. At most 32 columns.
   void InitListCtrl(UINT id, const KIVLISTCTRLHEAD* heads, int count, DWORD style, int flag);
+
+  /// Makes the headings and every row exactly so many pixels tall, so that they can fill the control
+  /// without scroll bars whatever the system's own heights are. Call it before InitListCtrl.
+  void SetRowHeight(int height) { m_nRowHeight = height; }
 
   /// Appends a row of as many cells as columns: after the count a `const char*` for each text column
   /// and an `int`, ticked where not 0, for each column of check boxes. Returns the row's index.
@@ -61,9 +74,11 @@ private:
   void SetTicked(int row, int column, bool ticked);
   bool ToggleAt(LPARAM clientPoint);
   bool ToggleSelectedRows();
-  LRESULT OnCustomDraw(const NMLVCUSTOMDRAW& draw) const;
-  void DrawCheckBox(HDC deviceContext, int row, int column) const;
+  void DrawRow(const DRAWITEMSTRUCT& draw) const;
+  void DrawCheckBox(HDC deviceContext, const CRect& cell, bool ticked) const;
 
+  CKivListHeader m_header;
+  int m_nRowHeight = 0;
   /// A bit for each column; in the same places a row's item data has its ticks.
   unsigned m_nCheckColumns = 0;
   int m_nColumns = 0;

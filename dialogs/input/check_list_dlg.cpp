@@ -44,6 +44,7 @@ BOOL CCheckListDlg::OnInitDialog() {
                                             .descent = static_cast<int>(font.tmDescent),
                                             .rows = static_cast<int>(ShownItems())};
   m_listCtrl.ResizeTo(quorvel::CheckListSize(measures));
+  m_listCtrl.SetRowHeight(quorvel::RowHeight(measures));
   FillList(quorvel::NameColumnWidth(measures));
 
   CRect okClient;

@@ -14,12 +14,15 @@ constexpr int kDialogMarginY = 30;
 
 }  // namespace
 
+int RowHeight(const CheckListMeasures& measures) {
+  return measures.characterHeight - measures.descent;
+}
+
 int NameColumnWidth(const CheckListMeasures& measures) { return measures.widestName + kNameMargin; }
 
 CSize CheckListSize(const CheckListMeasures& measures) {
-  const int rowHeight = measures.characterHeight - measures.descent;
   return {std::max(NameColumnWidth(measures) + kCheckColumnWidth, kLeastListWidth),
-          rowHeight * (measures.rows + 1)};  // one more for the headings
+          RowHeight(measures) * (measures.rows + 1)};
 }
 
 CheckListButtons PlaceCheckListButtons(const CRect& list, int buttonWidth) {

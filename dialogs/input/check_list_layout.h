@@ -15,7 +15,10 @@ struct CheckListMeasures {
 
 inline constexpr int kCheckColumnWidth = 21;
 
+/// Of the headings and of each row.
+int RowHeight(const CheckListMeasures& measures);
 int NameColumnWidth(const CheckListMeasures& measures);
+/// The list that the headings and all rows fill.
 CSize CheckListSize(const CheckListMeasures& measures);
 
 /// Top-left corners of the buttons, in the dialog's client area. `list` is the list's rectangle

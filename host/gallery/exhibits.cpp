@@ -5,7 +5,7 @@ namespace quorvel::gallery {
 
 std::vector<Exhibit> AllExhibits() {
   return {
-      InputTextExhibit(),    InputScaleExhibit(), InputDpiExhibit(),  InputPointXYExhibit(),
+      InputTextExhibit(),     InputScaleExhibit(), InputDpiExhibit(),  InputPointXYExhibit(),
       InputPointXYZExhibit(), UserPaperExhibit(),  CheckListExhibit(),
   };
 }

@@ -49,7 +49,9 @@ constexpr wchar_t kPointTitle[] = L"座標入力";
 constexpr wchar_t kPaperTitle[] = L"ﾕｰｻﾞｰ用紙設定";
 constexpr wchar_t kCheckListTitle[] = L"表示する線種";
 
-Outcome ConfirmedIf(bool confirmed) { return confirmed ? kConfirmed : kCancelled; }
+Outcome ConfirmedIf(bool confirmed) {
+  return confirmed ? kConfirmed : kCancelled;
+}
 
 void Expect(bool holds, const std::string& complaint) {
   if (!holds) {
@@ -347,8 +349,7 @@ Exhibit InputPointXYZExhibit() {
   using Point = std::array<double, 3>;
   const auto point = std::make_shared<Point>(Point{100.0, 200.0, 300.0});
   const auto setUp = [point] { *point = {10.0, 20.0, 1.23456}; };
-  const FieldTexts shown{
-      {kPointXId, L"20.000"}, {kPointYId, L"10.000"}, {kPointZId, L"1.235"}};
+  const FieldTexts shown{{kPointXId, L"20.000"}, {kPointYId, L"10.000"}, {kPointZId, L"1.235"}};
   const FieldTexts typed{{kPointXId, L"1e3"}, {kPointYId, L"0.0625"}, {kPointZId, L"-9.75"}};
   return {
       .name = "input-point-xyz",
@@ -362,7 +363,8 @@ Exhibit InputPointXYZExhibit() {
           },
       .tour =
           {
-              PointStop(setUp, true, shown, typed, IDOK, kConfirmed, L"point={0.0625, 1000, -9.75}"),
+              PointStop(setUp, true, shown, typed, IDOK, kConfirmed,
+                        L"point={0.0625, 1000, -9.75}"),
               PointStop(setUp, true, shown, typed, kMousePickId, kMousePick,
                         L"point={10, 20, 1.23456}"),
               PointStop(setUp, false, shown, typed, IDCANCEL, kCancelled,
@@ -384,8 +386,8 @@ Exhibit UserPaperExhibit() {
       .value =
           [paper] {
             return NamedText(L"name", paper->name) + L" width=" + std::to_wstring(paper->width) +
-                   L" height=" + std::to_wstring(paper->height) +
-                   L" clearAll=" + std::to_wstring(paper->clearAll);
+                   L" height=" + std::to_wstring(paper->height) + L" clearAll=" +
+                   std::to_wstring(paper->clearAll);
           },
       .run =
           [paper](const RunOptions&) {

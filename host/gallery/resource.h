@@ -1,0 +1,4 @@
+// Names of the gallery's resources.
+#pragma once
+
+#define IDD_GALLERY 100

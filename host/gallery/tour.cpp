@@ -1,0 +1,81 @@
+#include "gallery/tour.h"
+
+#include "driver/controls.h"
+#include "driver/modal_script.h"
+#include "driver/picture.h"
+#include "driver/text.h"
+
+#include <cstdio>
+#include <string>
+#include <system_error>
+
+namespace quorvel::gallery {
+
+namespace {
+
+void PrintLine(const std::wstring& line) {
+  std::puts(driver::Utf8(line).c_str());
+  std::fflush(stdout);
+}
+
+void TakePicture(HWND window, const std::filesystem::path& file) {
+  driver::SavePng(driver::ReadScreen(driver::WindowRect(window)), file);
+}
+
+/// What was not as expected in one run; empty if nothing.
+std::wstring Difference(const TourStop& stop, const driver::ModalScript& script,
+                        const RunReport& report) {
+  if (!script.Problem().empty()) {
+    return driver::Utf16(script.Problem());
+  }
+  if (!script.Finished()) {
+    return L"the dialog closed before it was worked";
+  }
+  if (report.outcome != std::wstring_view(stop.outcome)) {
+    return std::wstring(L"expected the outcome ") + stop.outcome;
+  }
+  return report.value == stop.value ? L"" : L"expected the value " + stop.value;
+}
+
+/// Visits one stop; the dialog's picture goes to `picture` unless that is empty.
+bool Visit(GalleryWindow& gallery, std::size_t index, const TourStop& stop,
+           const std::filesystem::path& picture) {
+  stop.setUp();
+  gallery.AllowMousePick(stop.options.allowMousePick);
+  driver::ModalScript script;
+  script.When(driver::SteadyOnScreen(driver::DialogWithTitle(stop.title)), [&](HWND dialog) {
+    if (!picture.empty()) {
+      TakePicture(dialog, picture);
+    }
+    stop.work(dialog, script);
+  });
+  const RunReport report = gallery.Run(index);
+  PrintLine(report.line);
+  const std::wstring difference = Difference(stop, script, report);
+  if (!difference.empty()) {
+    PrintLine(L"FAILED " + gallery.Exhibits()[index].entry + L": " + difference);
+  }
+  return difference.empty();
+}
+
+}  // namespace
+
+bool RunTour(GalleryWindow& gallery, const std::filesystem::path& folder) {
+  std::filesystem::create_directories(folder);
+  SetForegroundWindow(gallery.Handle());
+  driver::WaitFor(driver::SteadyOnScreen(driver::ThisWindow(gallery.Handle())));
+  bool asExpected = true;
+  const std::vector<Exhibit>& exhibits = gallery.Exhibits();
+  for (std::size_t index = 0; index < exhibits.size(); ++index) {
+    std::filesystem::path picture = folder / (exhibits[index].name + ".png");
+    for (const TourStop& stop : exhibits[index].tour) {
+      asExpected = Visit(gallery, index, stop, picture) && asExpected;
+      picture.clear();  // one of the first opening is enough
+    }
+  }
+  driver::WaitFor(driver::SteadyOnScreen(driver::ThisWindow(gallery.Handle())));
+  TakePicture(gallery.Handle(), folder / "gallery.png");
+  return asExpected;
+}
+
+}  // namespace quorvel::gallery

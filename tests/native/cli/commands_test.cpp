@@ -1,0 +1,311 @@
+#include "cli/commands.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace quorvel::cli {
+namespace {
+
+using Arguments = std::vector<std::string>;
+
+/// The request that the arguments ask for; a default one and a failed test if they ask for none.
+template <class REQUEST>
+REQUEST Read(const Arguments& arguments) {
+  const CommandLine line = ReadCommandLine(arguments);
+  if (const auto* message = std::get_if<Message>(&line)) {
+    ADD_FAILURE() << message->text;
+    return {};
+  }
+  const auto* request = std::get_if<REQUEST>(&std::get<Request>(line));
+  if (request == nullptr) {
+    ADD_FAILURE() << "another subcommand's request";
+    return {};
+  }
+  return *request;
+}
+
+Message ReadMessage(const Arguments& arguments) {
+  const CommandLine line = ReadCommandLine(arguments);
+  const auto* message = std::get_if<Message>(&line);
+  if (message == nullptr) {
+    ADD_FAILURE() << "a request instead of a message";
+    return {};
+  }
+  return *message;
+}
+
+void ExpectHelp(const Arguments& arguments, const std::string& text) {
+  const Message message = ReadMessage(arguments);
+  EXPECT_EQ(message.status, ExitStatus::kSuccess);
+  EXPECT_EQ(message.text, text);
+}
+
+void ExpectBadUsage(const Arguments& arguments, const std::string& line) {
+  const Message message = ReadMessage(arguments);
+  EXPECT_EQ(message.status, ExitStatus::kBadUsage);
+  EXPECT_EQ(message.text, line + "\n");
+  EXPECT_EQ(std::ranges::count(message.text, '\n'), 1) << message.text;
+}
+
+void ExpectPosition(const std::optional<ScreenPosition>& position, int x, int y) {
+  ASSERT_TRUE(position.has_value());
+  EXPECT_EQ(position->x, x);
+  EXPECT_EQ(position->y, y);
+}
+
+TEST(Commands, InputTextTakesItsOptions) {
+  const auto request = Read<InputTextRequest>({"input-text", "--title", "題名", "--comment", "説明",
+                                               "--text", "表ソ能\"\\", "--position", "-10,20"});
+  EXPECT_EQ(request.title, "題名");
+  EXPECT_EQ(request.comment, "説明");
+  EXPECT_EQ(request.text, "表ソ能\"\\");
+  ExpectPosition(request.position, -10, 20);
+}
+
+TEST(Commands, InputTextWithoutOptionsIsEmpty) {
+  const auto request = Read<InputTextRequest>({"input-text"});
+  EXPECT_EQ(request.title, "");
+  EXPECT_EQ(request.comment, "");
+  EXPECT_EQ(request.text, "");
+  EXPECT_FALSE(request.position.has_value());
+}
+
+TEST(Commands, InputScaleTakesItsOptions) {
+  const auto request = Read<InputScaleRequest>(
+      {"input-scale", "--title=t", "--comment=c", "--scale=12.5", "--position=1,2"});
+  EXPECT_EQ(request.title, "t");
+  EXPECT_EQ(request.comment, "c");
+  EXPECT_EQ(request.scale, 12.5);
+  ExpectPosition(request.position, 1, 2);
+}
+
+TEST(Commands, InputScaleBeginsWithOne) {
+  const auto request = Read<InputScaleRequest>({"input-scale"});
+  EXPECT_EQ(request.title, "");
+  EXPECT_EQ(request.comment, "");
+  EXPECT_EQ(request.scale, 1);
+  EXPECT_FALSE(request.position.has_value());
+}
+
+TEST(Commands, InputDpiTakesItsOptions) {
+  const auto request = Read<InputDpiRequest>({"input-dpi", "--dpi", "-72", "--position", "3,4"});
+  EXPECT_EQ(request.dpi, -72);
+  ExpectPosition(request.position, 3, 4);
+}
+
+TEST(Commands, InputDpiBeginsWithThreeHundred) {
+  const auto request = Read<InputDpiRequest>({"input-dpi"});
+  EXPECT_EQ(request.dpi, 300);
+  EXPECT_FALSE(request.position.has_value());
+}
+
+TEST(Commands, InputPointTakesTwoCoordinates) {
+  const auto request = Read<InputPointRequest>(
+      {"input-point", "--point", "1.5,-2", "--mouse-pick", "--position", "5,6"});
+  EXPECT_EQ(request.point, (std::vector<double>{1.5, -2}));
+  EXPECT_TRUE(request.allowsMousePick);
+  ExpectPosition(request.position, 5, 6);
+}
+
+TEST(Commands, InputPointTakesThreeCoordinates) {
+  const auto request = Read<InputPointRequest>({"input-point", "--point", "1,2,3"});
+  EXPECT_EQ(request.point, (std::vector<double>{1, 2, 3}));
+  EXPECT_FALSE(request.allowsMousePick);
+  EXPECT_FALSE(request.position.has_value());
+}
+
+TEST(Commands, InputPointBeginsAtTheOrigin) {
+  EXPECT_EQ(Read<InputPointRequest>({"input-point"}).point, (std::vector<double>{0, 0}));
+}
+
+TEST(Commands, UserPaperTakesItsOptions) {
+  const auto request =
+      Read<UserPaperRequest>({"user-paper", "--name", "A3", "--width", "420", "--height", "297"});
+  EXPECT_EQ(request.name, "A3");
+  EXPECT_EQ(request.width, 420);
+  EXPECT_EQ(request.height, 297);
+}
+
+TEST(Commands, UserPaperBeginsEmpty) {
+  const auto request = Read<UserPaperRequest>({"user-paper"});
+  EXPECT_EQ(request.name, "");
+  EXPECT_EQ(request.width, 0);
+  EXPECT_EQ(request.height, 0);
+}
+
+TEST(Commands, CheckListKeepsItsItemsInOrder) {
+  const auto request = Read<CheckListRequest>({"check-list", "--item", "壁", "--title", "一覧",
+                                               "--ticked-item", "窓", "--item=", "--item", "壁"});
+  EXPECT_EQ(request.title, "一覧");
+  ASSERT_EQ(request.items.size(), 4U);
+  EXPECT_EQ(request.items[0].name, "壁");
+  EXPECT_FALSE(request.items[0].isTicked);
+  EXPECT_EQ(request.items[1].name, "窓");
+  EXPECT_TRUE(request.items[1].isTicked);
+  EXPECT_EQ(request.items[2].name, "");
+  EXPECT_FALSE(request.items[2].isTicked);
+  EXPECT_EQ(request.items[3].name, "壁");
+  EXPECT_FALSE(request.items[3].isTicked);
+}
+
+TEST(Commands, CheckListMayBeEmpty) {
+  const auto request = Read<CheckListRequest>({"check-list"});
+  EXPECT_EQ(request.title, "");
+  EXPECT_TRUE(request.items.empty());
+}
+
+TEST(Commands, WithoutArgumentsTheUsageIsAnError) {
+  ExpectBadUsage({}, "usage: quorvel SUBCOMMAND [OPTION]..., or quorvel --help");
+}
+
+TEST(Commands, AnUnknownSubcommandIsRefused) {
+  ExpectBadUsage({"input"}, R"(quorvel: unknown subcommand "input", quorvel --help lists them)");
+  ExpectBadUsage({"Input-Text"},
+                 R"(quorvel: unknown subcommand "Input-Text", quorvel --help lists them)");
+  ExpectBadUsage({"--title"},
+                 R"(quorvel: unknown subcommand "--title", quorvel --help lists them)");
+  ExpectBadUsage({"a\nb"}, R"(quorvel: unknown subcommand "a\nb", quorvel --help lists them)");
+  ExpectBadUsage({""}, R"(quorvel: unknown subcommand "", quorvel --help lists them)");
+}
+
+TEST(Commands, ErrorsOfOptionsAreRefused) {
+  ExpectBadUsage({"input-dpi", "--title", "t"}, R"(quorvel: unknown option "--title")");
+  ExpectBadUsage({"user-paper", "--position", "1,2"}, R"(quorvel: unknown option "--position")");
+  ExpectBadUsage({"check-list", "--position", "1,2"}, R"(quorvel: unknown option "--position")");
+  ExpectBadUsage({"input-dpi", "--dpi"}, "quorvel: --dpi needs a value");
+  ExpectBadUsage({"input-dpi", "--dpi", "x"}, R"(quorvel: --dpi needs a whole number, not "x")");
+  ExpectBadUsage({"user-paper", "--width", "1.5"},
+                 R"(quorvel: --width needs a whole number, not "1.5")");
+  ExpectBadUsage({"user-paper", "--height", ""},
+                 R"(quorvel: --height needs a whole number, not "")");
+  ExpectBadUsage({"input-scale", "--scale", "nan"},
+                 R"(quorvel: --scale needs a number, not "nan")");
+  ExpectBadUsage({"input-point", "--point", "1"},
+                 R"(quorvel: --point needs 2 to 3 numbers separated by commas, not "1")");
+  ExpectBadUsage({"input-point", "--mouse-pick=1"}, "quorvel: --mouse-pick takes no value");
+  ExpectBadUsage({"input-point", "--mouse-pick", "--mouse-pick"},
+                 "quorvel: --mouse-pick is given twice");
+  ExpectBadUsage({"check-list", "--title=a", "--title=b"}, "quorvel: --title is given twice");
+  ExpectBadUsage({"input-text", "stray"}, R"(quorvel: unexpected argument "stray")");
+}
+
+TEST(Commands, EveryPositionIsChecked) {
+  for (const std::string command : {"input-text", "input-scale", "input-dpi", "input-point"}) {
+    for (const std::string position : {"1", "1,2,3", "x,y", "1.5,2"}) {
+      ExpectBadUsage({command, "--position", position},
+                     "quorvel: --position needs 2 whole numbers separated by commas, not \"" +
+                         position + "\"");
+    }
+  }
+}
+
+TEST(Commands, TheErrorOfATextIsOneLine) {
+  const Message message = UsageMessage(UsageError("what is wrong"));
+  EXPECT_EQ(message.status, ExitStatus::kBadUsage);
+  EXPECT_EQ(message.text, "quorvel: what is wrong\n");
+}
+
+TEST(Commands, VersionIsPrinted) {
+  ExpectHelp({"--version"}, "quorvel 0.1.0\n");
+  ExpectBadUsage({"--version", "x"}, R"(quorvel: unexpected argument "x")");
+}
+
+TEST(Commands, HelpListsEverySubcommand) {
+  const std::string expected =
+      "usage: quorvel SUBCOMMAND [OPTION]...\n"
+      "\n"
+      "Open a dialog and print what the user answered, as one line of JSON in UTF-8.\n"
+      "\n"
+      "Subcommands:\n"
+      "  input-text         ask for one line of text\n"
+      "  input-scale        ask for the denominator of a drawing scale\n"
+      "  input-dpi          ask for a resolution in dots per inch\n"
+      "  input-point        ask for a point with two or three coordinates\n"
+      "  user-paper         ask for the name and the size of a user paper\n"
+      "  check-list         let the user tick items\n"
+      "  help [SUBCOMMAND]  print this help or that of a subcommand\n"
+      "\n"
+      "Options:\n"
+      "  --help             print this help\n"
+      "  --version          print the version\n"
+      "\n"
+      "An option's value follows it as --name VALUE or --name=VALUE. Texts may hold any\n"
+      "character of code page 932.\n"
+      "\n"
+      "Exit status: 0 confirmed, 1 cancelled, 2 mouse pick or clear-all, 64 bad usage,\n"
+      "70 failed.\n";
+  ExpectHelp({"--help"}, expected);
+  ExpectHelp({"help"}, expected);
+}
+
+TEST(Commands, HelpOfASubcommandComesFromItsTable) {
+  const std::string expected =
+      "usage: quorvel input-point [OPTION]...\n"
+      "\n"
+      "Open a dialog to ask for a point with two or three coordinates.\n"
+      "\n"
+      "Options:\n"
+      "  --point A,B[,C]  coordinates to begin with, two or three: A is shown as Y, B as X, "
+      "C as Z (default 0,0)\n"
+      "  --mouse-pick     offer to pick the point in the drawing instead\n"
+      "  --position X,Y   top-left corner on the screen, in pixels\n"
+      "  --help           print this help\n"
+      "\n"
+      R"(Prints, when confirmed: {"result":"confirmed","point":[100,200]} or )"
+      R"({"result":"mouse-pick"})"
+      "\n";
+  ExpectHelp({"input-point", "--help"}, expected);
+  ExpectHelp({"input-point", "--point", "1,2", "--help"}, expected);
+  ExpectHelp({"help", "input-point"}, expected);
+  ExpectHelp({"--help", "input-point"}, expected);
+}
+
+TEST(Commands, HelpOfEverySubcommandNamesItsOptions) {
+  for (const Command& command : Commands()) {
+    const std::string help = ReadMessage({std::string(command.name), "--help"}).text;
+    EXPECT_TRUE(help.starts_with("usage: quorvel " + std::string(command.name) + " [OPTION]...\n"))
+        << help;
+    EXPECT_NE(help.find(command.summary), std::string::npos) << help;
+    EXPECT_NE(help.find(command.answer), std::string::npos) << help;
+    for (const Option& option : command.options) {
+      EXPECT_NE(help.find("  --" + std::string(option.name) + " "), std::string::npos) << help;
+      EXPECT_NE(help.find(option.help), std::string::npos) << help;
+    }
+    EXPECT_NE(ReadMessage({"--help"}).text.find("  " + std::string(command.name) + " "),
+              std::string::npos);
+  }
+}
+
+TEST(Commands, HelpOfNothingKnownIsRefused) {
+  ExpectBadUsage({"help", "nonsense"},
+                 R"(quorvel: unknown subcommand "nonsense", quorvel --help lists them)");
+  ExpectBadUsage({"help", "input-text", "x"}, R"(quorvel: unexpected argument "x")");
+}
+
+TEST(Commands, TheTableIsSound) {
+  std::vector<std::string_view> names;
+  for (const Command& command : Commands()) {
+    EXPECT_EQ(std::ranges::count(names, command.name), 0) << command.name;
+    names.push_back(command.name);
+    std::vector<std::string_view> options = {"help"};
+    for (const Option& option : command.options) {
+      EXPECT_EQ(std::ranges::count(options, option.name), 0) << command.name << option.name;
+      options.push_back(option.name);
+      EXPECT_FALSE(option.help.empty()) << option.name;
+      EXPECT_EQ(option.valueName.empty(), option.kind == OptionKind::kFlag) << option.name;
+    }
+    // Builds from its defaults alone.
+    EXPECT_TRUE(
+        std::holds_alternative<Request>(ReadCommandLine(Arguments{std::string(command.name)})))
+        << command.name;
+  }
+  EXPECT_EQ(names.size(), std::variant_size_v<Request>);
+}
+
+}  // namespace
+}  // namespace quorvel::cli
