@@ -22,6 +22,8 @@ BOOL CInputTextDlg::OnInitDialog() {
   if (m_pPosition != nullptr) {
     MovePosition(*m_pPosition, nullptr, TRUE);
   }
+  constexpr WPARAM kNoLimit = 0;
+  ::SendDlgItemMessageW(m_hWnd, IDC_INPUT_VALUE, EM_SETLIMITTEXT, kNoLimit, 0);
   // The system would give the focus to the OK button, which comes first: the user is here to type.
   GotoDlgCtrl(GetDlgItem(IDC_INPUT_VALUE));
   return FALSE;

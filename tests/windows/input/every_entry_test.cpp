@@ -1,0 +1,182 @@
+// What holds for every entry, whichever dialog it shows.
+#include "support/entries.h"
+#include "support/work.h"
+
+#include <array>
+
+namespace quorvel::test {
+namespace {
+
+class EveryEntry : public ::testing::TestWithParam<Entry> {
+protected:
+  Outcome Run(CPoint* position = nullptr) const { return GetParam().run(position); }
+};
+
+INSTANTIATE_TEST_SUITE_P(Quorvel, EveryEntry, ::testing::ValuesIn(AllEntries()),
+                         [](const auto& info) { return info.param.name; });
+
+TEST_P(EveryEntry, EscapeCancelsAndLeavesTheCallersVariables) {
+  const Outcome outcome = WorkDialog([this] { return Run(); }, Cancel);
+  EXPECT_FALSE(outcome.confirmed);
+  EXPECT_TRUE(outcome.unchanged);
+}
+
+TEST_P(EveryEntry, ClosingTheWindowCancels) {
+  const Outcome outcome = WorkDialog([this] { return Run(); },
+                                     [](HWND dialog) { ::PostMessageW(dialog, WM_CLOSE, 0, 0); });
+  EXPECT_FALSE(outcome.confirmed);
+  EXPECT_TRUE(outcome.unchanged);
+}
+
+TEST_P(EveryEntry, EscapeWorksFromEveryControl) {
+  ModalScript script;
+  script.When(Painted(AnyDialog()), [](HWND dialog) {
+    for (const int id : TabOrder(dialog)) {
+      Focus(Control(dialog, id));
+      EXPECT_EQ(FocusedControlId(dialog), id);
+    }
+    PressKey(Control(dialog, TabOrder(dialog).back()), VK_ESCAPE);
+  });
+  EXPECT_FALSE(Work(script, [this] { return Run(); }).confirmed);
+}
+
+TEST_P(EveryEntry, EnterConfirmsFromEveryFieldAndTheOkButton) {
+  const Outcome outcome = WorkDialog([this] { return Run(); }, [](HWND dialog) {
+    const int last = TabOrder(dialog).front();
+    PressKey(Control(dialog, last), VK_RETURN);
+  });
+  EXPECT_TRUE(outcome.confirmed);
+}
+
+TEST_P(EveryEntry, TabVisitsTheControlsInReadingOrder) {
+  const Outcome outcome = WorkDialog([this] { return Run(); }, [](HWND dialog) {
+    std::vector<int> order = TabOrder(dialog);
+    // The order goes round: it reads from the control nearest to the top.
+    const auto isHigher = [dialog](int one, int other) {
+      return ClientRectOf(Control(dialog, one)).top < ClientRectOf(Control(dialog, other)).top;
+    };
+    std::rotate(order.begin(), std::min_element(order.begin(), order.end(), isHigher),
+                order.end());
+    for (std::size_t i = 1; i < order.size(); ++i) {
+      const RECT before = ClientRectOf(Control(dialog, order[i - 1]));
+      const RECT after = ClientRectOf(Control(dialog, order[i]));
+      EXPECT_TRUE(after.top >= before.bottom || after.left >= before.right)
+          << order[i - 1] << " stands after " << order[i];
+    }
+    Cancel(dialog);
+  });
+  EXPECT_FALSE(outcome.confirmed);
+}
+
+TEST_P(EveryEntry, APositionThatFitsIsTakenExactly) {
+  if (!GetParam().hasPosition) {
+    return;
+  }
+  for (const CPoint wanted : {CPoint(300, 200), CPoint(0, 0), CPoint(1, 777)}) {
+    CPoint position = wanted;
+    WorkDialog([&] { return Run(&position); }, [&](HWND dialog) {
+      const RECT rect = WindowRect(dialog);
+      EXPECT_EQ(CPoint(rect.left, rect.top), wanted);
+      Cancel(dialog);
+    });
+    EXPECT_EQ(position, wanted);
+  }
+}
+
+TEST_P(EveryEntry, APositionOffTheScreenIsMovedByTheLeast) {
+  if (!GetParam().hasPosition) {
+    return;
+  }
+  const int screenWidth = ::GetSystemMetrics(SM_CXSCREEN);
+  const int screenHeight = ::GetSystemMetrics(SM_CYSCREEN);
+  CPoint farOut(screenWidth - 5, 20'000);
+  WorkDialog([&] { return Run(&farOut); }, [&](HWND dialog) {
+    const RECT rect = WindowRect(dialog);
+    EXPECT_EQ(rect.right, screenWidth);
+    EXPECT_EQ(rect.bottom, screenHeight);
+    Cancel(dialog);
+  });
+  CPoint leftOut(-30, 100);
+  WorkDialog([&] { return Run(&leftOut); }, [&](HWND dialog) {
+    const RECT rect = WindowRect(dialog);
+    EXPECT_EQ(CPoint(rect.left, rect.top), CPoint(0, 100));
+    Cancel(dialog);
+  });
+}
+
+TEST_P(EveryEntry, WithoutAPositionTheDialogStandsInTheMiddle) {
+  WorkDialog([this] { return Run(); }, [](HWND dialog) {
+    const RECT rect = WindowRect(dialog);
+    EXPECT_NEAR((rect.left + rect.right) / 2, ::GetSystemMetrics(SM_CXSCREEN) / 2, 1);
+    EXPECT_NEAR((rect.top + rect.bottom) / 2, ::GetSystemMetrics(SM_CYSCREEN) / 2, 1);
+    Cancel(dialog);
+  });
+}
+
+TEST_P(EveryEntry, RestoresTheActivationContext) {
+  HANDLE before = nullptr;
+  HANDLE during = nullptr;
+  HANDLE after = nullptr;
+  ::GetCurrentActCtx(&before);
+  WorkDialog([this] { return Run(); }, [&](HWND dialog) {
+    ::GetCurrentActCtx(&during);
+    Confirm(dialog);
+  });
+  ::GetCurrentActCtx(&after);
+  EXPECT_EQ(after, before);
+  EXPECT_NE(during, before);
+  for (const HANDLE context : {before, during, after}) {
+    ::ReleaseActCtx(context);
+  }
+}
+
+TEST_P(EveryEntry, GivesItsFailureValueWhereAValueIsMissing) {
+  EXPECT_EQ(GetParam().runWithNull(), GetParam().failure);
+}
+
+/// Lets no dialog be created on this thread.
+class NoDialogs {
+public:
+  NoDialogs() : m_hook(::SetWindowsHookExW(WH_CBT, OnCbt, nullptr, ::GetCurrentThreadId())) {}
+  ~NoDialogs() { ::UnhookWindowsHookEx(m_hook); }
+  NoDialogs(const NoDialogs&) = delete;
+  NoDialogs& operator=(const NoDialogs&) = delete;
+
+private:
+  static LRESULT CALLBACK OnCbt(int code, WPARAM wParam, LPARAM lParam) {
+    const bool refuse = code == HCBT_CREATEWND && ClassName(reinterpret_cast<HWND>(wParam)) == L"#32770";
+    return refuse ? 1 : ::CallNextHookEx(nullptr, code, wParam, lParam);
+  }
+
+  HHOOK m_hook;
+};
+
+TEST_P(EveryEntry, ADialogThatCannotBeCreatedChangesNothing) {
+  const NoDialogs noDialogs;
+  const Outcome outcome = Run();
+  EXPECT_FALSE(outcome.confirmed);
+  EXPECT_TRUE(outcome.unchanged);
+}
+
+TEST(Entries, ADialogThatCannotBeCreatedGivesTheFailureValue) {
+  const NoDialogs noDialogs;
+  CString text;
+  double number = 1.0;
+  int whole = 1;
+  int clearAll = 7;
+  std::array point{1.0, 2.0, 3.0};
+  const CString title;
+  const CArray<CString, CString&> items;
+  CByteArray states;
+  EXPECT_EQ(__InputTextDlg("", "", &text, nullptr), FALSE);
+  EXPECT_EQ(__InputScaleDlg("", "", &number, nullptr), FALSE);
+  EXPECT_EQ(__InputDpiDlg(&whole, nullptr), FALSE);
+  EXPECT_EQ(__InputPointXYDlg(point.data(), FALSE, nullptr), 1);
+  EXPECT_EQ(__InputPointXYZDlg(point.data(), FALSE, nullptr), 1);
+  EXPECT_EQ(__UserPaperSetDlg(nullptr, &text, &whole, &whole, &clearAll, nullptr), 0);
+  EXPECT_EQ(clearAll, 7);
+  EXPECT_EQ(__CheckListDlg(&title, &items, &states), -1);
+}
+
+}  // namespace
+}  // namespace quorvel::test

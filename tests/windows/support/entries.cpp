@@ -1,0 +1,89 @@
+#include "support/entries.h"
+
+#include <array>
+
+namespace quorvel::test {
+
+namespace {
+
+Outcome RunText(CPoint* position) {
+  CString text("初期値");
+  const bool confirmed = __InputTextDlg("題名", "説明", &text, position) != FALSE;
+  return {confirmed, text == "初期値"};
+}
+
+Outcome RunScale(CPoint* position) {
+  double scale = 1000.4;
+  const bool confirmed = __InputScaleDlg("題名", "説明", &scale, position) != FALSE;
+  return {confirmed, scale == 1000.4};
+}
+
+Outcome RunDpi(CPoint* position) {
+  int dpi = 300;
+  const bool confirmed = __InputDpiDlg(&dpi, position) != FALSE;
+  return {confirmed, dpi == 300};
+}
+
+Outcome RunPointXY(CPoint* position) {
+  std::array point{1.23456, 2.0};
+  const bool confirmed =
+      __InputPointXYDlg(point.data(), TRUE, position) == QUORVEL_POINT_CONFIRMED;
+  return {confirmed, point == std::array{1.23456, 2.0}};
+}
+
+Outcome RunPointXYZ(CPoint* position) {
+  std::array point{1.23456, 2.0, 3.0};
+  const bool confirmed =
+      __InputPointXYZDlg(point.data(), FALSE, position) == QUORVEL_POINT_CONFIRMED;
+  return {confirmed, point == std::array{1.23456, 2.0, 3.0}};
+}
+
+Outcome RunPaper(CPoint* /*position*/) {
+  CString name("A3");
+  int width = 420;
+  int height = 297;
+  int clearAll = 7;
+  const INT_PTR result =
+      __UserPaperSetDlg(nullptr, &name, &width, &height, &clearAll, nullptr);
+  // The flag is the one variable that a cancel writes.
+  return {result == 1, name == "A3" && width == 420 && height == 297};
+}
+
+Outcome RunCheckList(CPoint* /*position*/) {
+  const CString title("一覧");
+  CArray<CString, CString&> items;
+  CByteArray states;
+  for (const char* name : {"用紙枠", "図面枠", "寸法線"}) {
+    CString item(name);
+    items.Add(item);
+    states.Add(5);
+  }
+  const INT_PTR result = __CheckListDlg(&title, &items, &states);
+  return {result == IDOK, states[0] == 5 && states[1] == 5 && states[2] == 5};
+}
+
+}  // namespace
+
+const std::vector<Entry>& AllEntries() {
+  static const std::vector<Entry> entries{
+      {"InputText", RunText, true,
+       [] { return INT_PTR{__InputTextDlg("", "", nullptr, nullptr)}; }, FALSE},
+      {"InputScale", RunScale, true,
+       [] { return INT_PTR{__InputScaleDlg("", "", nullptr, nullptr)}; }, FALSE},
+      {"InputDpi", RunDpi, true, [] { return INT_PTR{__InputDpiDlg(nullptr, nullptr)}; }, FALSE},
+      {"InputPointXY", RunPointXY, true, [] { return __InputPointXYDlg(nullptr, TRUE, nullptr); },
+       1},
+      {"InputPointXYZ", RunPointXYZ, true,
+       [] { return __InputPointXYZDlg(nullptr, TRUE, nullptr); }, 1},
+      {"UserPaper", RunPaper, false,
+       [] {
+         return __UserPaperSetDlg(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
+       },
+       0},
+      {"CheckList", RunCheckList, false, [] { return __CheckListDlg(nullptr, nullptr, nullptr); },
+       -1},
+  };
+  return entries;
+}
+
+}  // namespace quorvel::test

@@ -1,0 +1,27 @@
+// All entries with arguments of their own, for what holds for every one of them.
+#pragma once
+
+#include <quorvel/quorvel.h>
+
+#include <string>
+#include <vector>
+
+namespace quorvel::test {
+
+/// How a call ended.
+struct Outcome {
+  bool confirmed;
+  bool unchanged;  ///< every variable of the caller is as before the call
+};
+
+struct Entry {
+  std::string name;
+  Outcome (*run)(CPoint* position);
+  bool hasPosition;
+  INT_PTR (*runWithNull)();  ///< a null where a value is needed
+  INT_PTR failure;           ///< what that, and a dialog that cannot be created, give
+};
+
+const std::vector<Entry>& AllEntries();
+
+}  // namespace quorvel::test
