@@ -109,21 +109,16 @@ void GalleryWindow::RunMessageLoop() {
   }
 }
 
-INT_PTR CALLBACK GalleryWindow::OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+INT_PTR CALLBACK GalleryWindow::OnMessage(HWND window, UINT message, WPARAM wParam,
+                                          LPARAM lParam) noexcept {
   auto* gallery = reinterpret_cast<GalleryWindow*>(GetWindowLongPtrW(window, DWLP_USER));
   return gallery == nullptr ? FALSE : gallery->Answer(message, wParam, lParam);
 }
 
 INT_PTR GalleryWindow::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
-    case WM_COMMAND: {
-      const std::size_t index = static_cast<std::size_t>(LOWORD(wParam)) - kFirstButtonId;
-      if (HIWORD(wParam) == BN_CLICKED && index < m_exhibits.size()) {
-        Run(index);
-        return TRUE;
-      }
-      return FALSE;
-    }
+    case WM_COMMAND:
+      return OnCommand(LOWORD(wParam), HIWORD(wParam)) ? TRUE : FALSE;
     case WM_SIZE:
       LayOut();
       return TRUE;
@@ -139,6 +134,17 @@ INT_PTR GalleryWindow::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
     default:
       return FALSE;
   }
+}
+
+bool GalleryWindow::OnCommand(int id, int notification) {
+  // The return key comes as IDOK and means the button with the focus.
+  const int buttonId = id == IDOK ? GetDlgCtrlID(GetFocus()) : id;
+  const int index = buttonId - kFirstButtonId;
+  if (notification != BN_CLICKED || index < 0 || index >= static_cast<int>(m_exhibits.size())) {
+    return false;
+  }
+  Run(static_cast<std::size_t>(index));
+  return true;
 }
 
 void GalleryWindow::CreateControls() {

@@ -52,8 +52,11 @@ private:
     void operator()(HWND window) const { DestroyWindow(window); }
   };
 
-  static INT_PTR CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  static INT_PTR CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam,
+                                    LPARAM lParam) noexcept;
   INT_PTR Answer(UINT message, WPARAM wParam, LPARAM lParam);
+
+  bool OnCommand(int id, int notification);
 
   void CreateControls();
   HWND CreateControl(const wchar_t* className, const std::wstring& text, DWORD style, int id);
