@@ -1,0 +1,270 @@
+// The command line as its users have it: a process with arguments, a dialog, an answer on standard
+// output and an exit status.
+#include "driver/controls.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace quorvel::test {
+namespace {
+
+using driver::ClassName;
+using driver::Text;
+
+constexpr int kBadUsage = 64;
+constexpr ULONGLONG kDeadline = 20'000;  // milliseconds
+constexpr DWORD kLookInterval = 10;  // milliseconds
+
+class Handle {
+public:
+  Handle() = default;
+  explicit Handle(HANDLE handle) : m_handle(handle) {}
+  ~Handle() { Close(); }
+  Handle(Handle&& other) noexcept : m_handle(std::exchange(other.m_handle, nullptr)) {}
+  Handle& operator=(Handle&& other) noexcept {
+    Close();
+    m_handle = std::exchange(other.m_handle, nullptr);
+    return *this;
+  }
+  HANDLE Get() const { return m_handle; }
+  void Close() {
+    if (m_handle != nullptr) {
+      ::CloseHandle(std::exchange(m_handle, nullptr));
+    }
+  }
+
+private:
+  HANDLE m_handle = nullptr;
+};
+
+struct Pipe {
+  Handle reading;
+  Handle writing;
+};
+
+Pipe MakePipe() {
+  SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+  HANDLE reading = nullptr;
+  HANDLE writing = nullptr;
+  ::CreatePipe(&reading, &writing, &inherited, 0);
+  ::SetHandleInformation(reading, HANDLE_FLAG_INHERIT, 0);
+  return {Handle(reading), Handle(writing)};
+}
+
+std::string ReadAll(const Handle& pipe) {
+  std::string all;
+  std::array<char, 4096> part{};
+  DWORD length = 0;
+  while (::ReadFile(pipe.Get(), part.data(), static_cast<DWORD>(part.size()), &length, nullptr) !=
+             FALSE &&
+         length > 0) {
+    all.append(part.data(), length);
+  }
+  return all;
+}
+
+/// The process's visible dialog; null while there is none.
+HWND DialogOf(DWORD process) {
+  struct Search {
+    DWORD process;
+    HWND found;
+  } search{process, nullptr};
+  ::EnumWindows(
+      [](HWND window, LPARAM context) {
+        auto& wanted = *reinterpret_cast<Search*>(context);
+        DWORD owner = 0;
+        ::GetWindowThreadProcessId(window, &owner);
+        if (owner == wanted.process && ::IsWindowVisible(window) != FALSE &&
+            ClassName(window) == L"#32770") {
+          wanted.found = window;
+        }
+        return wanted.found == nullptr ? TRUE : FALSE;
+      },
+      reinterpret_cast<LPARAM>(&search));
+  return search.found;
+}
+
+struct Ended {
+  int status;
+  std::string output;
+  std::string errors;
+};
+
+using Worker = std::function<void(HWND)>;
+
+/// Starts quorvel.exe, lets `work` have its dialog, and waits for its end.
+Ended RunProgram(const std::wstring& arguments, const Worker& work = {}) {
+  Pipe output = MakePipe();
+  Pipe errors = MakePipe();
+  STARTUPINFOW startup{};
+  startup.cb = sizeof startup;
+  startup.dwFlags = STARTF_USESTDHANDLES;
+  startup.hStdOutput = output.writing.Get();
+  startup.hStdError = errors.writing.Get();
+  PROCESS_INFORMATION information{};
+  std::wstring line = L"quorvel.exe " + arguments;
+  std::array<wchar_t, MAX_PATH> folder{};
+  ::GetModuleFileNameW(nullptr, folder.data(), static_cast<DWORD>(folder.size()));
+  std::wstring program(folder.data());
+  program.erase(program.find_last_of(L'\\') + 1).append(L"quorvel.exe");
+  if (::CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
+                       &startup, &information) == FALSE) {
+    throw std::runtime_error("quorvel.exe did not start");
+  }
+  const Handle process(information.hProcess);
+  const Handle thread(information.hThread);
+  output.writing.Close();
+  errors.writing.Close();
+
+  const ULONGLONG end = ::GetTickCount64() + kDeadline;
+  bool worked = !work;
+  while (::WaitForSingleObject(process.Get(), kLookInterval) == WAIT_TIMEOUT) {
+    const HWND dialog = worked ? nullptr : DialogOf(information.dwProcessId);
+    if (dialog != nullptr) {
+      work(dialog);
+      worked = true;
+    }
+    if (::GetTickCount64() > end) {
+      ::TerminateProcess(process.Get(), 1);
+      throw std::runtime_error("quorvel.exe did not end");
+    }
+  }
+  EXPECT_TRUE(worked) << "no dialog came up";
+  DWORD status = 0;
+  ::GetExitCodeProcess(process.Get(), &status);
+  return {static_cast<int>(status), ReadAll(output.reading), ReadAll(errors.reading)};
+}
+
+void Command(HWND dialog, int id) {
+  ::PostMessageW(dialog, WM_COMMAND, static_cast<WPARAM>(id),
+                 reinterpret_cast<LPARAM>(::GetDlgItem(dialog, id)));
+}
+void Confirm(HWND dialog) { Command(dialog, IDOK); }
+void Cancel(HWND dialog) { Command(dialog, IDCANCEL); }
+
+/// Sends the text, which the system carries into the other process.
+Worker SetAndConfirm(std::vector<std::pair<int, std::wstring>> fields) {
+  return [fields = std::move(fields)](HWND dialog) {
+    for (const auto& [id, text] : fields) {
+      ::SendDlgItemMessageW(dialog, id, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+    }
+    Confirm(dialog);
+  };
+}
+
+std::string Utf8(const char8_t* text) { return reinterpret_cast<const char*>(text); }
+
+TEST(CommandLine, InputText) {
+  std::wstring title;
+  std::wstring comment;
+  const Ended ended = RunProgram(L"input-text --title 題名 --comment 表ソ100%s --text 初期値 --position 50,60",
+                          [&](HWND dialog) {
+                            title = Text(dialog);
+                            comment = Text(::GetDlgItem(dialog, 10000));
+                            Confirm(dialog);
+                          });
+  EXPECT_EQ(ended.status, 0);
+  EXPECT_EQ(ended.output, Utf8(u8"{\"result\":\"confirmed\",\"text\":\"初期値\"}\n"));
+  EXPECT_EQ(ended.errors, "");
+  EXPECT_EQ(title, L"題名");
+  EXPECT_EQ(comment, L"表ソ100%s");
+}
+
+TEST(CommandLine, TheJsonIsRightForEveryAwkwardCharacter) {
+  const Ended ended =
+      RunProgram(L"input-text", SetAndConfirm({{10001, L"\"\\/\u0001\t\x7F表ソ能ｶﾅ①～‖\uE000"}}));
+  EXPECT_EQ(ended.status, 0);
+  EXPECT_TRUE(ended.output.starts_with(
+      Utf8(u8"{\"result\":\"confirmed\",\"text\":\"\\\"\\\\/\\u0001\\t")))
+      << ended.output;
+  EXPECT_NE(ended.output.find(Utf8(u8"表ソ能ｶﾅ①～")), std::string::npos) << ended.output;
+  EXPECT_TRUE(ended.output.ends_with(Utf8(u8"\uE000\"}\n"))) << ended.output;
+}
+
+TEST(CommandLine, Cancelled) {
+  const Ended ended = RunProgram(L"input-text --text x", Cancel);
+  EXPECT_EQ(ended.status, 1);
+  EXPECT_EQ(ended.output, "{\"result\":\"cancelled\"}\n");
+}
+
+TEST(CommandLine, InputScale) {
+  const Ended ended = RunProgram(L"input-scale --scale 1000.4", Confirm);
+  EXPECT_EQ(ended.status, 0);
+  EXPECT_EQ(ended.output, "{\"result\":\"confirmed\",\"scale\":1000}\n");
+}
+
+TEST(CommandLine, InputDpi) {
+  const Ended ended = RunProgram(L"input-dpi --dpi 300", SetAndConfirm({{1939, L"-72"}}));
+  EXPECT_EQ(ended.status, 0);
+  EXPECT_EQ(ended.output, "{\"result\":\"confirmed\",\"dpi\":-72}\n");
+}
+
+TEST(CommandLine, InputPoint) {
+  const Ended flat = RunProgram(L"input-point --point 100,200", SetAndConfirm({{4056, L"1.5"}}));
+  EXPECT_EQ(flat.status, 0);
+  EXPECT_EQ(flat.output, "{\"result\":\"confirmed\",\"point\":[100,1.5]}\n");
+  const Ended solid = RunProgram(L"input-point --point=-1,2,3 --mouse-pick", Confirm);
+  EXPECT_EQ(solid.output, "{\"result\":\"confirmed\",\"point\":[-1,2,3]}\n");
+  const Ended picked = RunProgram(L"input-point --point 1,2 --mouse-pick",
+                           [](HWND dialog) { Command(dialog, 4060); });
+  EXPECT_EQ(picked.status, 2);
+  EXPECT_EQ(picked.output, "{\"result\":\"mouse-pick\"}\n");
+}
+
+TEST(CommandLine, UserPaper) {
+  const Ended ended =
+      RunProgram(L"user-paper --width 420 --height 297", SetAndConfirm({{13367, L"用紙%d"}}));
+  EXPECT_EQ(ended.status, 0);
+  EXPECT_EQ(ended.output,
+            Utf8(u8"{\"result\":\"confirmed\",\"name\":\"用紙%d(420x297)\",\"width\":420,"
+                 u8"\"height\":297}\n"));
+  const Ended cleared = RunProgram(L"user-paper", [](HWND dialog) { Command(dialog, 13322); });
+  EXPECT_EQ(cleared.status, 2);
+  EXPECT_EQ(cleared.output, "{\"result\":\"clear-all\"}\n");
+}
+
+TEST(CommandLine, CheckList) {
+  const Ended ended =
+      RunProgram(L"check-list --title 一覧 --item 用紙枠 --ticked-item \"寸法 線\"", Confirm);
+  EXPECT_EQ(ended.status, 0);
+  EXPECT_EQ(ended.output,
+            Utf8(u8"{\"result\":\"confirmed\",\"items\":[{\"name\":\"用紙枠\",\"ticked\":false},"
+                 u8"{\"name\":\"寸法 線\",\"ticked\":true}]}\n"));
+}
+
+TEST(CommandLine, BadUsageIsOneLineAndStatus64) {
+  for (const wchar_t* arguments :
+       {L"", L"no-such-dialog", L"input-dpi --dpi", L"input-dpi --dpi many", L"input-text --colour red",
+        L"input-point --point 1", L"input-text --position 1", L"input-text --text caf\u00E9"}) {
+    const Ended ended = RunProgram(arguments);
+    EXPECT_EQ(ended.status, kBadUsage) << ended.output;
+    EXPECT_EQ(ended.output, "");
+    EXPECT_EQ(ended.errors.find('\n'), ended.errors.size() - 1) << ended.errors;
+    EXPECT_GT(ended.errors.size(), 10U);
+  }
+}
+
+TEST(CommandLine, HelpEverywhere) {
+  const Ended all = RunProgram(L"--help");
+  EXPECT_EQ(all.status, 0);
+  for (const char* command :
+       {"input-text", "input-scale", "input-dpi", "input-point", "user-paper", "check-list"}) {
+    EXPECT_NE(all.output.find(command), std::string::npos) << command;
+    const std::string name(command);
+    const Ended one = RunProgram(std::wstring(name.begin(), name.end()) + L" --help");
+    EXPECT_EQ(one.status, 0);
+    EXPECT_NE(one.output.find(command), std::string::npos);
+  }
+  EXPECT_EQ(RunProgram(L"--version").output, "quorvel 0.1.0\n");
+}
+
+}  // namespace
+}  // namespace quorvel::test
