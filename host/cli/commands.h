@@ -20,7 +20,8 @@
 
 namespace quorvel::cli {
 
-inline constexpr std::string_view kVersion = "0.1.0";
+/// The product's version, as the build names it.
+inline constexpr std::string_view kVersion = QUORVEL_VERSION;
 
 /// A point of the screen in pixels.
 struct ScreenPosition {

@@ -180,7 +180,7 @@ TEST(CommandLine, InputText) {
 
 TEST(CommandLine, TheJsonIsRightForEveryAwkwardCharacter) {
   const Ended ended =
-      RunProgram(L"input-text", SetAndConfirm({{10001, L"\"\\/\u0001\t\x7F表ソ能ｶﾅ①～‖\uE000"}}));
+      RunProgram(L"input-text", SetAndConfirm({{10001, L"\"\\/\u0001\t\x7F表ソ能ｶﾅ①～∥\uE000"}}));
   EXPECT_EQ(ended.status, 0);
   EXPECT_TRUE(ended.output.starts_with(
       Utf8(u8"{\"result\":\"confirmed\",\"text\":\"\\\"\\\\/\\u0001\\t")))
