@@ -3,6 +3,7 @@
 #include "framework/code_page.h"
 
 #include <array>
+#include <limits>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -82,14 +83,19 @@ void CListCtrl::InsertColumn(int column, const char* heading, int width) {
                  reinterpret_cast<LPARAM>(&description));
 }
 
-int CListCtrl::AppendRow(const char* text) {
-  std::wstring wide = quorvel::WideFromCodePage(CString(text).View());
+int CListCtrl::AppendRow() {
   LVITEMW item{};
-  item.mask = LVIF_TEXT;
-  item.iItem = GetItemCount();
-  item.pszText = wide.data();
+  item.iItem = std::numeric_limits<int>::max();
   return static_cast<int>(
       ::SendMessageW(m_hWnd, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item)));
+}
+
+void CListCtrl::SetItemTextCallback(int row, int column) {
+  LVITEMW item{};
+  item.iSubItem = column;
+  item.pszText = LPSTR_TEXTCALLBACKW;
+  ::SendMessageW(m_hWnd, LVM_SETITEMTEXTW, static_cast<WPARAM>(row),
+                 reinterpret_cast<LPARAM>(&item));
 }
 
 void CListCtrl::SetItemText(int row, int column, const char* text) {

@@ -28,8 +28,10 @@ private:
 class FRAME_API CListCtrl : public CWnd {
 public:
   void InsertColumn(int column, const char* heading, int width);
-  /// Appends a row and returns its index.
-  int AppendRow(const char* text);
+  /// Appends a row of empty cells and returns its index.
+  int AppendRow();
+  /// Lets the control ask for the text of a cell with LVN_GETDISPINFO whenever it wants it.
+  void SetItemTextCallback(int row, int column);
   void SetItemText(int row, int column, const char* text);
   CString GetItemText(int row, int column) const;
   std::wstring GetItemTextWide(int row, int column) const;

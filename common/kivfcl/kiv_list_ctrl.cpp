@@ -1,24 +1,42 @@
 #include "kivfcl/kiv_list_ctrl.h"
 
-#include <uxtheme.h>
-#include <vssym32.h>
-
 #include <algorithm>
+#include <array>
 #include <cstdarg>
-#include <memory>
 #include <string>
-#include <type_traits>
 
 namespace {
 
 constexpr int kMostColumns = 32;
 constexpr int kTextMargin = 3;
+constexpr int kSideOfTickWidth = 6;  ///< a check box is so many times as wide as its tick's line
 constexpr WPARAM kSpace = L' ';
 
-struct ThemeCloser {
-  void operator()(HTHEME theme) const { ::CloseThemeData(theme); }
+/// A pen that is selected into a device context for as long as the guard lives.
+class SelectedPen {
+public:
+  SelectedPen(HDC deviceContext, int width, COLORREF colour)
+      : m_hDC(deviceContext),
+        m_pen(::CreatePen(PS_SOLID, width, colour)),
+        m_previous(::SelectObject(deviceContext, m_pen)) {}
+  ~SelectedPen() {
+    ::SelectObject(m_hDC, m_previous);
+    ::DeleteObject(m_pen);
+  }
+  SelectedPen(const SelectedPen&) = delete;
+  SelectedPen& operator=(const SelectedPen&) = delete;
+
+private:
+  HDC m_hDC;
+  HPEN m_pen;
+  HGDIOBJ m_previous;
 };
-using Theme = std::unique_ptr<std::remove_pointer_t<HTHEME>, ThemeCloser>;
+
+void DrawCellText(HDC deviceContext, CRect cell, const std::wstring& text) {
+  cell.left += kTextMargin;
+  ::DrawTextW(deviceContext, text.c_str(), static_cast<int>(text.size()), &cell,
+              DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+}
 
 }  // namespace
 
@@ -32,21 +50,44 @@ LRESULT CKivListHeader::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
   return result;
 }
 
+BOOL CKivListHeader::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
+  if (message != WM_NOTIFY || reinterpret_cast<const NMHDR*>(lParam)->code != NM_CUSTOMDRAW) {
+    return CWnd::OnChildNotify(message, wParam, lParam, result);
+  }
+  const auto& draw = *reinterpret_cast<const NMCUSTOMDRAW*>(lParam);
+  if (draw.dwDrawStage == CDDS_ITEMPREPAINT) {
+    DrawHeading(draw.hdc, static_cast<int>(draw.dwItemSpec), draw.rc);
+    *result = CDRF_SKIPDEFAULT;
+  } else {
+    *result = draw.dwDrawStage == CDDS_PREPAINT ? CDRF_NOTIFYITEMDRAW : CDRF_DODEFAULT;
+  }
+  return TRUE;
+}
+
+void CKivListHeader::DrawHeading(HDC deviceContext, int column, const CRect& cell) const {
+  std::array<wchar_t, sizeof KIVLISTCTRLHEAD::szText> text{};
+  HDITEMW item{};
+  item.mask = HDI_TEXT;
+  item.pszText = text.data();
+  item.cchTextMax = static_cast<int>(text.size());
+  ::SendMessageW(m_hWnd, HDM_GETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&item));
+  ::FillRect(deviceContext, &cell, ::GetSysColorBrush(COLOR_BTNFACE));
+  ::SetBkMode(deviceContext, TRANSPARENT);
+  ::SetTextColor(deviceContext, ::GetSysColor(COLOR_BTNTEXT));
+  DrawCellText(deviceContext, cell, item.pszText);
+}
+
+void CKivListCtrl::SetRowHeight(int height) {
+  m_nRowHeight = height;
+  m_header.m_nHeight = height;
+  m_header.SubclassWindow(ListView_GetHeader(m_hWnd));
+}
+
 void CKivListCtrl::InitListCtrl(UINT /*id*/, const KIVLISTCTRLHEAD* heads, int count, DWORD style,
                                 int /*flag*/) {
   DWORD extended = 0;
   extended |= (style & KIVLISTCTRL_FULLROW) != 0 ? LVS_EX_FULLROWSELECT : 0;
   ::SendMessageW(m_hWnd, LVM_SETEXTENDEDLISTVIEWSTYLE, extended, static_cast<LPARAM>(extended));
-
-  m_header.SubclassWindow(ListView_GetHeader(m_hWnd));
-  m_header.m_nHeight = m_nRowHeight;
-  // Rows are drawn here, for the check boxes and for the height. The control asks for the height
-  // when it becomes owner-drawn or, on some systems, not before its size is set again.
-  ::SetWindowLongPtrW(m_hWnd, GWL_STYLE,
-                      ::GetWindowLongPtrW(m_hWnd, GWL_STYLE) | LVS_OWNERDRAWFIXED);
-  const CSize size = GetWindowRect().Size();
-  ResizeTo({static_cast<int>(size.cx), static_cast<int>(size.cy) + 1});
-  ResizeTo(size);
 
   m_nColumns = std::min(count, kMostColumns);
   m_nCheckColumns = 0;
@@ -61,17 +102,20 @@ void CKivListCtrl::InitListCtrl(UINT /*id*/, const KIVLISTCTRLHEAD* heads, int c
 }
 
 int CKivListCtrl::AddRow(int columns, ...) {
-  const int row = AppendRow("");
+  const int row = AppendRow();
+  LPARAM ticks = 0;
   std::va_list cells;
   va_start(cells, columns);
   for (int column = 0; column < std::min(columns, m_nColumns); ++column) {
     if (IsCheckColumn(column)) {
-      SetTicked(row, column, va_arg(cells, int) != 0);
+      SetItemTextCallback(row, column);
+      ticks |= va_arg(cells, int) != 0 ? LPARAM{1} << column : 0;
     } else {
       SetItemText(row, column, va_arg(cells, const char*));
     }
   }
   va_end(cells);
+  SetItemData(row, ticks);
   if (row == 0) {
     // So that the arrow and space keys work as soon as the list has the focus.
     ListView_SetItemState(m_hWnd, 0, LVIS_FOCUSED, LVIS_FOCUSED);
@@ -97,7 +141,7 @@ void CKivListCtrl::SetTicked(int row, int column, bool ticked) {
   const LPARAM bit = LPARAM{1} << column;
   const LPARAM data = GetItemData(row);
   SetItemData(row, ticked ? data | bit : data & ~bit);
-  SetItemText(row, column, ticked ? "オン" : "オフ");  // never painted, but read aloud
+  ListView_RedrawItems(m_hWnd, row, row);
 }
 
 bool CKivListCtrl::ToggleAt(LPARAM clientPoint) {
@@ -155,11 +199,24 @@ BOOL CKivListCtrl::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRE
     }
     return TRUE;
   }
+  if (message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(lParam)->code == LVN_GETDISPINFOW) {
+    AnswerText(*reinterpret_cast<NMLVDISPINFOW*>(lParam));
+    return TRUE;
+  }
   if (message == WM_DRAWITEM) {
     DrawRow(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
     return TRUE;
   }
   return CListCtrl::OnChildNotify(message, wParam, lParam, result);
+}
+
+void CKivListCtrl::AnswerText(NMLVDISPINFOW& question) const {
+  LVITEMW& cell = question.item;
+  if ((cell.mask & LVIF_TEXT) != 0 && IsCheckColumn(cell.iSubItem)) {
+    // Never painted, but read aloud by screen readers.
+    const wchar_t* text = IsTicked(cell.iItem, cell.iSubItem) ? L"オン" : L"オフ";
+    ::lstrcpynW(cell.pszText, text, cell.cchTextMax);
+  }
 }
 
 void CKivListCtrl::DrawRow(const DRAWITEMSTRUCT& draw) const {
@@ -173,16 +230,13 @@ void CKivListCtrl::DrawRow(const DRAWITEMSTRUCT& draw) const {
   int left = draw.rcItem.left;
   for (int column = 0; column < m_nColumns; ++column) {
     const int width = ListView_GetColumnWidth(m_hWnd, column);
-    CRect cell(left, draw.rcItem.top, left + width, draw.rcItem.bottom);
+    const CRect cell(left, draw.rcItem.top, left + width, draw.rcItem.bottom);
     left += width;
     if (IsCheckColumn(column)) {
       DrawCheckBox(draw.hDC, cell, IsTicked(row, column));
       continue;
     }
-    const std::wstring text = GetItemTextWide(row, column);
-    cell.left += kTextMargin;
-    ::DrawTextW(draw.hDC, text.c_str(), static_cast<int>(text.size()), &cell,
-                DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+    DrawCellText(draw.hDC, cell, GetItemTextWide(row, column));
   }
   if ((draw.itemState & ODS_FOCUS) != 0 && focused) {
     ::DrawFocusRect(draw.hDC, &draw.rcItem);
@@ -190,15 +244,17 @@ void CKivListCtrl::DrawRow(const DRAWITEMSTRUCT& draw) const {
 }
 
 void CKivListCtrl::DrawCheckBox(HDC deviceContext, const CRect& cell, bool ticked) const {
-  const int side =
-      std::min({::GetSystemMetrics(SM_CXMENUCHECK), cell.Width() - 2, cell.Height() - 2});
+  const int side = std::min({::GetSystemMetrics(SM_CXMENUCHECK), cell.Width() - 2, cell.Height() - 2});
   const CPoint corner(cell.left + (cell.Width() - side) / 2, cell.top + (cell.Height() - side) / 2);
-  CRect box(corner, CSize(side, side));
-  if (const Theme theme{::OpenThemeData(m_hWnd, L"BUTTON")}) {
-    ::DrawThemeBackground(theme.get(), deviceContext, BP_CHECKBOX,
-                          ticked ? CBS_CHECKEDNORMAL : CBS_UNCHECKEDNORMAL, &box, nullptr);
-  } else {
-    ::DrawFrameControl(deviceContext, &box, DFC_BUTTON,
-                       DFCS_BUTTONCHECK | (ticked ? DFCS_CHECKED : 0U));
+  const CRect box(corner, CSize(side, side));
+  ::FillRect(deviceContext, &box, ::GetSysColorBrush(COLOR_WINDOW));
+  ::FrameRect(deviceContext, &box, ::GetSysColorBrush(COLOR_GRAYTEXT));
+  if (ticked) {
+    const SelectedPen pen(deviceContext, std::max(side / kSideOfTickWidth, 1),
+                          ::GetSysColor(COLOR_WINDOWTEXT));
+    const std::array tick{POINT{corner.x + side / 4, corner.y + side / 2},
+                          POINT{corner.x + side * 2 / 5, corner.y + side * 7 / 10},
+                          POINT{corner.x + side * 3 / 4, corner.y + side / 4}};
+    ::Polyline(deviceContext, tick.data(), static_cast<int>(tick.size()));
   }
 }

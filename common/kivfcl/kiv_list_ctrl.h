@@ -35,7 +35,8 @@ struct CKivCelItem {
   int m_nCheck = 0;   ///< 1 where the cell's check box is ticked
 };
 
-/// The headings of a CKivListCtrl, as tall as its rows.
+/// The headings of a CKivListCtrl: as tall as its rows, and flat, since a themed heading has no room
+/// at that height.
 class KIVFCL_API CKivListHeader : public CWnd {
 public:
   /// 0 keeps the system's height.
@@ -43,9 +44,14 @@ public:
 
 protected:
   LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+  BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
+
+private:
+  void DrawHeading(HDC deviceContext, int column, const CRect& cell) const;
 };
 
-/// A check box is toggled by a click into its cell; the space key toggles those of the focused row
+/// Rows are drawn here, for the check boxes and for their height: the control needs the style
+/// LVS_OWNERDRAWFIXED. A check box is toggled by a click into its cell; the space key toggles those of the focused row
 /// and gives every other selected row the same state. A screen reader reads the cell as "オン" or
 /// "オフ".
 class KIVFCL_API CKivListCtrl : public CListCtrl {
@@ -55,12 +61,16 @@ public:
   void InitListCtrl(UINT id, const KIVLISTCTRLHEAD* heads, int count, DWORD style, int flag);
 
   /// Makes the headings and every row exactly so many pixels tall, so that they can fill the control
-  /// without scroll bars whatever the system's own heights are. Call it before InitListCtrl.
-  void SetRowHeight(int height) { m_nRowHeight = height; }
+  /// without scroll bars whatever the system's own heights are. The control asks for it when its size
+  /// is set next.
+  void SetRowHeight(int height);
 
   /// Appends a row of as many cells as columns: after the count a `const char*` for each text column
   /// and an `int`, ticked where not 0, for each column of check boxes. Returns the row's index.
   int AddRow(int columns, ...);
+
+  /// Stops or resumes drawing while many rows are added.
+  void SetRedraw(bool redraw) { ::SendMessageW(m_hWnd, WM_SETREDRAW, redraw ? TRUE : FALSE, 0); }
 
   CKivCelItem GetCelItemData(int row, int column) const;
 
@@ -74,6 +84,7 @@ private:
   void SetTicked(int row, int column, bool ticked);
   bool ToggleAt(LPARAM clientPoint);
   bool ToggleSelectedRows();
+  void AnswerText(NMLVDISPINFOW& question) const;
   void DrawRow(const DRAWITEMSTRUCT& draw) const;
   void DrawCheckBox(HDC deviceContext, const CRect& cell, bool ticked) const;
 

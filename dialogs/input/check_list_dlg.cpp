@@ -43,9 +43,12 @@ BOOL CCheckListDlg::OnInitDialog() {
                                             .characterHeight = static_cast<int>(font.tmHeight),
                                             .descent = static_cast<int>(font.tmDescent),
                                             .rows = static_cast<int>(ShownItems())};
-  m_listCtrl.ResizeTo(quorvel::CheckListSize(measures));
+  m_listCtrl.SetRedraw(false);
   m_listCtrl.SetRowHeight(quorvel::RowHeight(measures));
+  m_listCtrl.ResizeTo(quorvel::CheckListSize(measures));
   FillList(quorvel::NameColumnWidth(measures));
+
+  m_listCtrl.SetRedraw(true);
 
   CRect okClient;
   ::GetClientRect(GetDlgItem(IDOK), &okClient);

@@ -1,0 +1,16 @@
+// The benchmarks, one function a family of rows.
+#pragma once
+
+#include "bench/report.h"
+
+#include <vector>
+
+namespace quorvel::bench {
+
+/// The input dialogs against their bare templates.
+std::vector<Row> InputDialogs(int runs);
+
+/// The weight of our own DLLs together.
+std::vector<Row> ProductSize();
+
+}  // namespace quorvel::bench

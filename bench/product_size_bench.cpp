@@ -1,0 +1,22 @@
+#include "bench/benchmarks.h"
+#include "framework/base_types.h"
+
+#include <array>
+#include <filesystem>
+
+namespace quorvel::bench {
+
+std::vector<Row> ProductSize() {
+  constexpr double kMostBytes = 1.5e6;
+  std::array<wchar_t, MAX_PATH> program{};
+  ::GetModuleFileNameW(nullptr, program.data(), static_cast<DWORD>(program.size()));
+  const std::filesystem::path folder = std::filesystem::path(program.data()).parent_path();
+  std::uintmax_t bytes = 0;
+  for (const char* name :
+       {"Frame64.dll", "KivComm64.dll", "KivData64.dll", "KivFcl64.dll", "Quorvel.dll"}) {
+    bytes += std::filesystem::file_size(folder / name);
+  }
+  return {{"our own DLLs together", "of 1.5 MB", static_cast<double>(bytes) / kMostBytes, 1.0, 1}};
+}
+
+}  // namespace quorvel::bench
