@@ -60,6 +60,9 @@ void DDX_Text(CDataExchange* pDX, int id, CString& value) {
     return;
   }
   const std::wstring text = quorvel::WindowText(control);
+  if (text == quorvel::WideFromCodePage(value.View())) {
+    return;  // untouched: the caller's own bytes stay, also those that are no characters
+  }
   if (!quorvel::IsInCodePage(text)) {
     pDX->Fail("使用できない文字が含まれています。");
   }

@@ -38,7 +38,8 @@ private:
 /// Attaches `control` to the control `id` at the first exchange.
 FRAME_API void DDX_Control(CDataExchange* pDX, int id, CWnd& control);
 
-/// Refuses characters that code page 932 lacks.
+/// Refuses characters that code page 932 lacks. A text that still reads as `value` is shown leaves
+/// `value` as it is, byte for byte.
 FRAME_API void DDX_Text(CDataExchange* pDX, int id, CString& value);
 /// Refuses what is no whole number that an int can hold: "整数を入力してください。".
 FRAME_API void DDX_Text(CDataExchange* pDX, int id, int& value);

@@ -9,6 +9,7 @@
 #include <cmath>
 #include <functional>
 #include <limits>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -294,16 +295,6 @@ TEST(Dialog, EndsWhenTheThreadIsToldToQuitAndPassesThatOn) {
   EXPECT_EQ(message.wParam, 17U);
 }
 
-TEST(Dialog, EndsOnAMessageSentFromAnotherThread) {
-  NumbersDialog dialog;
-  std::thread sender;
-  const INT_PTR result = WorkDialog([&] { return dialog.DoModal(); }, [&](HWND window) {
-    sender = std::thread([window] { ::SendMessageW(window, WM_COMMAND, IDOK, 0); });
-  });
-  sender.join();
-  EXPECT_EQ(result, IDOK);
-}
-
 /// A visible window of the test, as a host has one.
 class HostWindow {
 public:
@@ -320,6 +311,57 @@ public:
 private:
   HWND m_window;
 };
+
+/// Tells when a dialog's loop has nothing to do and begins to wait.
+class IdleOwner : public CWnd {
+public:
+  std::function<void()> m_onIdle;
+
+protected:
+  LRESULT OnEnterIdle(WPARAM /*wParam*/, LPARAM /*lParam*/) {
+    m_onIdle();
+    return 0;
+  }
+  DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(IdleOwner, CWnd)
+  ON_MESSAGE(WM_ENTERIDLE, &IdleOwner::OnEnterIdle)
+END_MESSAGE_MAP()
+
+TEST(Dialog, EndsAtOnceOnAMessageSentFromAnotherThread) {
+  // Without a script, whose timer would wake the dialog's loop, and without a blinking caret. The
+  // other thread wakes the loop itself when that should be necessary, so that the test ends.
+  constexpr DWORD kDeadline = 3'000;
+  const std::unique_ptr<void, decltype(&::CloseHandle)> returned(
+      ::CreateEventW(nullptr, TRUE, FALSE, nullptr), &::CloseHandle);
+  const HostWindow host;
+  IdleOwner owner;
+  ASSERT_TRUE(owner.SubclassWindow(host.Handle()));
+  NumbersDialog dialog(&owner);
+  dialog.m_onInit = [&] {
+    ::SetFocus(dialog.GetDlgItem(IDOK));
+    return FALSE;
+  };
+  std::thread sender;
+  bool woken = false;
+  owner.m_onIdle = [&] {
+    if (sender.joinable()) {
+      return;
+    }
+    sender = std::thread([&, window = dialog.m_hWnd] {
+      ::SendMessageW(window, WM_COMMAND, IDOK, 0);
+      if (::WaitForSingleObject(returned.get(), kDeadline) != WAIT_OBJECT_0) {
+        woken = true;
+        ::PostMessageW(window, WM_NULL, 0, 0);
+      }
+    });
+  };
+  EXPECT_EQ(dialog.DoModal(), IDOK);
+  ::SetEvent(returned.get());
+  sender.join();
+  EXPECT_FALSE(woken);
+}
 
 TEST(Dialog, WithoutAParentTheActiveWindowIsTheOwner) {
   const HostWindow host;

@@ -120,6 +120,7 @@ TEST(CheckListDlg, ShowsTitleHeadingsAndItems) {
         ::SendMessageW(reinterpret_cast<HWND>(::SendMessageW(ListOf(dialog), LVM_GETHEADER, 0, 0)),
                        HDM_GETITEMCOUNT, 0, 0);
     EXPECT_EQ(columns, 2);
+    EXPECT_NE(::GetWindowLongPtrW(dialog, GWL_EXSTYLE) & WS_EX_LEFTSCROLLBAR, 0);
     std::wstring heading(40, L'\0');
     LVCOLUMNW column{};
     column.mask = LVCF_TEXT;

@@ -125,8 +125,10 @@ TEST(InputTextDlg, TitleAndCommentAreShownAsTheyAre) {
       "A&B 100%s とても長い説明が続いて枠をはみ出しても配置は崩れません");
 }
 
-TEST(InputTextDlg, EveryCharacterOfTheCodePageComesBack) {
-  std::string all;
+TEST(InputTextDlg, EveryCharacterOfTheCodePageComesBackWhenTyped) {
+  // Those that stand for themselves: some characters have two codes, of which one is read only.
+  std::string codes;
+  std::wstring characters;
   for (int lead = 0x20; lead < 0x100; ++lead) {
     const bool isLead = (lead >= 0x81 && lead <= 0x9F) || (lead >= 0xE0 && lead <= 0xFC);
     for (int trail = isLead ? 0x40 : 0; trail <= (isLead ? 0xFC : 0); ++trail) {
@@ -134,19 +136,34 @@ TEST(InputTextDlg, EveryCharacterOfTheCodePageComesBack) {
       if (isLead) {
         bytes += static_cast<char>(trail);
       }
-      // Those that stand for themselves: some characters have two codes, of which one is read only.
       wchar_t wide[4]{};
       const int units = ::MultiByteToWideChar(932, MB_ERR_INVALID_CHARS, bytes.data(),
                                               static_cast<int>(bytes.size()), wide, 4);
       char back[4]{};
       if (units == 1 && ::WideCharToMultiByte(932, 0, wide, 1, back, 4, nullptr, nullptr) > 0 &&
           bytes == back) {
-        all += bytes;
+        codes += bytes;
+        characters += wide[0];
       }
     }
   }
-  ASSERT_GT(all.size(), 2 * 7'000U);
-  EXPECT_EQ(Ask(all, Confirm).text, all);
+  ASSERT_GT(characters.size(), 7'000U);
+  const Answer answer = Ask("", [&](HWND dialog) {
+    ::SetDlgItemTextW(dialog, kValue, characters.c_str());
+    Confirm(dialog);
+  });
+  EXPECT_EQ(answer.text, codes);
+}
+
+TEST(InputTextDlg, AnUntouchedTextComesBackByteForByte) {
+  // Second codes, lead bytes without a trail, bytes that are no characters, control characters.
+  for (const char* text : {"\xFA\x54\xED\x40\x87\x90", "a\x81", "\x81\x20 \xFF\xA0\x80\xFD", "\x01\t\x7F"}) {
+    ModalScript script;
+    script.When(Painted(DialogWithControl(kValue)), Confirm);
+    const Answer answer = Ask(text, script, text, text);
+    EXPECT_TRUE(answer.confirmed);
+    EXPECT_EQ(answer.text, text);
+  }
 }
 
 TEST(InputTextDlg, CharactersOutsideTheCodePageAreNotTyped) {
