@@ -18,23 +18,24 @@ build-packages:
 run-packages: build-packages
 	@tools/install-packages $(RUN_PACKAGES)
 
-# What is built: the product with its tests for Windows, the window-free code with sanitizers.
-.PHONY: windows native
-windows: build-packages
+# Two builds: the product with its tests for Windows, the window-free code with sanitizers.
+.PHONY: configure-windows windows native
+configure-windows: build-packages | build
 	@$(CMAKE) -S . -B $(WINDOWS) -DCMAKE_TOOLCHAIN_FILE=cmake/mingw-w64.cmake >$(WINDOWS).log \
 	  || { cat $(WINDOWS).log; exit 1; }
+windows: configure-windows
 	@cmake --build $(WINDOWS)
-native: build-packages
+native: build-packages | build
 	@$(CMAKE) -S . -B $(NATIVE) -DQUORVEL_SANITIZE=ON >$(NATIVE).log \
 	  || { cat $(NATIVE).log; exit 1; }
 	@cmake --build $(NATIVE)
-windows native: | build
 build:
 	@mkdir -p build
 
 # The gallery on the display; without one it tours every dialog on a virtual display and leaves
 # their pictures in build/demo.
-demo: windows run-packages
+demo: configure-windows run-packages
+	@cmake --build $(WINDOWS) --target quorvel_gallery
 ifeq ($(DISPLAY),)
 	@mkdir -p $(TOUR)
 	@$(SESSION) wine $(WINDOWS)/bin/quorvel-gallery.exe --tour $(TOUR)
@@ -42,15 +43,19 @@ else
 	@$(SESSION) wine $(WINDOWS)/bin/quorvel-gallery.exe
 endif
 
-test: native windows dist run-packages
+test: native windows run-packages
 	@ctest --test-dir $(NATIVE) --output-on-failure
 	@$(SESSION) --virtual ctest --test-dir $(WINDOWS) --output-on-failure
 
-dist: windows
+# What a host builds against and ships with, in dist/.
+dist: configure-windows
+	@cmake --build $(WINDOWS) --target Quorvel quorvel_cli quorvel_gallery
 	@rm -rf dist
 	@cmake --install $(WINDOWS) --prefix dist >build/dist.log || { cat build/dist.log; exit 1; }
 
-bench: windows run-packages
+# Ratios against the platform's own work; kept in build/bench.json.
+bench: configure-windows run-packages
+	@cmake --build $(WINDOWS) --target quorvel_bench
 	@$(SESSION) --virtual wine $(WINDOWS)/bin/quorvel_bench.exe build/bench.json
 
 # Lines of the window-free code that its tests reach.
@@ -69,7 +74,8 @@ lint: windows
 	@tools/lint $(WINDOWS)
 
 # The pictures of the documents, taken anew from the dialogs as they are.
-pictures: windows run-packages
+pictures: configure-windows run-packages
+	@cmake --build $(WINDOWS) --target quorvel_gallery
 	@mkdir -p docs/pictures
 	@$(SESSION) --virtual wine $(WINDOWS)/bin/quorvel-gallery.exe --tour docs/pictures
 
