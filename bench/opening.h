@@ -11,50 +11,8 @@
 
 namespace quorvel::bench {
 
-/// A visible window that owns the dialogs. It hears from each dialog's modal loop when that has
-/// nothing left to do; once the dialog and all its controls have been painted it notes the time and
-/// presses OK.
-class DialogOwner {
-public:
-  DialogOwner();
-  ~DialogOwner();
-  DialogOwner(const DialogOwner&) = delete;
-  DialogOwner& operator=(const DialogOwner&) = delete;
-
-  HWND Window() const { return m_window; }
-
-  struct Times {
-    double openToPaint;      ///< milliseconds
-    double confirmToReturn;  ///< milliseconds
-  };
-  /// Times a call that runs one modal dialog owned by this window. Throws std::runtime_error when
-  /// the dialog was never painted.
-  Times Time(const std::function<void()>& call);
-
-private:
-  static LRESULT CALLBACK Proc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-
-  HWND m_window = nullptr;
-};
-
-/// Runs a template of Quorvel.dll with a procedure that does nothing but close, in the library's
-/// activation context, so that it looks the same.
-class BareDialog {
-public:
-  explicit BareDialog(UINT templateId);
-  ~BareDialog();
-  BareDialog(const BareDialog&) = delete;
-  BareDialog& operator=(const BareDialog&) = delete;
-  void Run(HWND owner) const;
-
-private:
-  HMODULE m_library;
-  UINT m_templateId;
-  HANDLE m_context;
-};
-
-/// The two rows of a dialog: `call` and the bare template in turn, `runs` times each after a
-/// warm-up, medians compared.
+/// The two rows of a dialog: `call` and the bare template of Quorvel.dll in turn, `runs` times each
+/// after a warm-up, medians compared. Throws std::runtime_error when a dialog was never painted.
 std::vector<Row> CompareOpening(const std::string& name, UINT templateId, int runs,
                                 const std::function<void()>& call);
 

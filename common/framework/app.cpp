@@ -3,6 +3,4 @@
 BEGIN_MESSAGE_MAP(CWinApp, CCmdTarget)
 END_MESSAGE_MAP()
 
-CWinApp::~CWinApp() = default;
-
 BOOL CWinApp::InitInstance() { return TRUE; }

@@ -8,7 +8,7 @@ class FRAME_API CWinApp : public CCmdTarget {
 public:
   /// `name` is a constant text or null for an application without a name.
   explicit CWinApp(const char* name = nullptr) : m_pszAppName(name) {}
-  ~CWinApp() override;
+  ~CWinApp() override = default;
 
   /// Called once when the module has been loaded; FALSE makes the loading fail.
   virtual BOOL InitInstance();

@@ -122,7 +122,7 @@ std::wstring CListCtrl::GetItemTextWide(int row, int column) const {
     const auto length = static_cast<std::size_t>(::SendMessageW(
         m_hWnd, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item)));
     if (length + 1 < text.size()) {
-      return std::wstring(item.pszText, length);  // the control may answer with text of its own
+      return {item.pszText, length};  // the control may answer with text of its own
     }
     text.resize(2 * text.size());
   }

@@ -4,8 +4,10 @@
 #include <cstdio>
 
 void CString::Format(const char* format, ...) {
+  // NOLINTNEXTLINE(cppcoreguidelines-init-variables): va_start does it
   std::va_list arguments;
   va_start(arguments, format);
+  // NOLINTNEXTLINE(cppcoreguidelines-init-variables): va_copy does it
   std::va_list measured;
   va_copy(measured, arguments);
   const int length = std::vsnprintf(nullptr, 0, format, measured);

@@ -108,8 +108,6 @@ END_MESSAGE_MAP()
 CDialog::CDialog(UINT nIDTemplate, CWnd* pParentWnd)
     : m_nIDTemplate(nIDTemplate), m_pParentWnd(pParentWnd) {}
 
-CDialog::~CDialog() = default;
-
 INT_PTR CDialog::DoModal() {
   const HINSTANCE module = AfxGetResourceHandle();
   const DLGTEMPLATE* dialogTemplate = FindTemplate(module, m_nIDTemplate);

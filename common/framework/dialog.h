@@ -18,7 +18,7 @@ class FRAME_API CDialog : public CWnd {
 public:
   /// Without a parent the thread's active window is the owner: it is disabled meanwhile.
   explicit CDialog(UINT nIDTemplate, CWnd* pParentWnd = nullptr);
-  ~CDialog() override;
+  ~CDialog() override = default;
 
   /// Creates the dialog, runs it until EndDialog, destroys it. The result is EndDialog's; IDCANCEL
   /// when the window was destroyed from outside; -1 when it could not be created or the thread was

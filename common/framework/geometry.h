@@ -4,8 +4,11 @@
 #include "framework/base_types.h"
 
 struct CPoint : tagPOINT {
-  constexpr CPoint() : tagPOINT{0, 0} {}
-  constexpr CPoint(int pointX, int pointY) : tagPOINT{pointX, pointY} {}
+  constexpr CPoint() : CPoint(0, 0) {}
+  constexpr CPoint(int pointX, int pointY) : tagPOINT{} {
+    x = pointX;
+    y = pointY;
+  }
   constexpr CPoint(const POINT& point) : tagPOINT(point) {}
 
   friend constexpr bool operator==(const CPoint& left, const CPoint& right) {
@@ -14,8 +17,11 @@ struct CPoint : tagPOINT {
 };
 
 struct CSize : tagSIZE {
-  constexpr CSize() : tagSIZE{0, 0} {}
-  constexpr CSize(int width, int height) : tagSIZE{width, height} {}
+  constexpr CSize() : CSize(0, 0) {}
+  constexpr CSize(int width, int height) : tagSIZE{} {
+    cx = width;
+    cy = height;
+  }
   constexpr CSize(const SIZE& size) : tagSIZE(size) {}
 
   friend constexpr bool operator==(const CSize& left, const CSize& right) {
@@ -25,12 +31,16 @@ struct CSize : tagSIZE {
 
 /// Right and bottom lie just outside the rectangle.
 struct CRect : tagRECT {
-  constexpr CRect() : tagRECT{0, 0, 0, 0} {}
-  constexpr CRect(int edgeLeft, int edgeTop, int edgeRight, int edgeBottom)
-      : tagRECT{edgeLeft, edgeTop, edgeRight, edgeBottom} {}
+  constexpr CRect() : CRect(0, 0, 0, 0) {}
+  constexpr CRect(int edgeLeft, int edgeTop, int edgeRight, int edgeBottom) : tagRECT{} {
+    left = edgeLeft;
+    top = edgeTop;
+    right = edgeRight;
+    bottom = edgeBottom;
+  }
   constexpr CRect(const RECT& rect) : tagRECT(rect) {}
   constexpr CRect(const CPoint& topLeft, const CSize& size)
-      : tagRECT{topLeft.x, topLeft.y, topLeft.x + size.cx, topLeft.y + size.cy} {}
+      : CRect(topLeft.x, topLeft.y, topLeft.x + size.cx, topLeft.y + size.cy) {}
 
   constexpr int Width() const { return right - left; }
   constexpr int Height() const { return bottom - top; }

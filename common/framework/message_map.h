@@ -8,6 +8,8 @@
 #include "framework/base_types.h"
 #include "framework/frame_export.h"
 
+#include <array>
+
 class CCmdTarget;
 
 /// A row of a map. `code` counts for WM_COMMAND only: the notification code.
@@ -44,7 +46,7 @@ protected:
 namespace quorvel::message_map {
 
 template <class Class, class Result, class... Arguments>
-Class& TargetOf(CCmdTarget& target, Result (Class::*)(Arguments...)) {
+Class& TargetOf(CCmdTarget& target, Result (Class::* /*handler*/)(Arguments...)) {
   return static_cast<Class&>(target);
 }
 
@@ -70,14 +72,13 @@ protected:                                         \
   const AFX_MSGMAP* theClass::GetMessageMap() const { return GetThisMessageMap(); } \
   const AFX_MSGMAP* theClass::GetThisMessageMap() {                                 \
     const auto baseMap = &baseClass::GetThisMessageMap;                             \
-    static const AFX_MSGMAP_ENTRY entries[] = {
+    static constexpr auto kEntries = std::to_array<AFX_MSGMAP_ENTRY>({
 
-#define END_MESSAGE_MAP()                            \
-  { 0, 0, 0, 0, nullptr }                            \
-  }                                                  \
-  ;                                                  \
-  static const AFX_MSGMAP messageMap{baseMap, entries}; \
-  return &messageMap;                                \
+#define END_MESSAGE_MAP()                                       \
+  { 0, 0, 0, 0, nullptr }                                       \
+  });                                                           \
+  static const AFX_MSGMAP messageMap{baseMap, kEntries.data()}; \
+  return &messageMap;                                           \
   }
 
 /// A notification `code` of the control `id`; the handler takes nothing and returns nothing.

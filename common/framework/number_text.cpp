@@ -19,6 +19,12 @@ struct FullWidthForm {
 constexpr unsigned char kSymbolLead = 0x81;
 constexpr unsigned char kAlphanumericLead = 0x82;
 
+// Trail bytes after kAlphanumericLead.
+constexpr unsigned char kFullWidthZero = 0x4F;
+constexpr unsigned char kFullWidthNine = 0x58;
+constexpr unsigned char kFullWidthUpperE = 0x64;
+constexpr unsigned char kFullWidthLowerE = 0x85;
+
 /// Besides the minus sign itself, the long-vowel mark: the same key gives it in kana input.
 constexpr std::array kSymbols{FullWidthForm{0x40, ' '}, FullWidthForm{0x44, '.'},
                               FullWidthForm{0x7B, '+'}, FullWidthForm{0x7C, '-'},
@@ -27,10 +33,10 @@ constexpr std::array kSymbols{FullWidthForm{0x40, ' '}, FullWidthForm{0x44, '.'}
 /// Half-width form of a two-byte character that can stand in a number; 0 for any other.
 char HalfWidth(unsigned char lead, unsigned char trail) {
   if (lead == kAlphanumericLead) {
-    if (trail >= 0x4F && trail <= 0x58) {
-      return static_cast<char>('0' + (trail - 0x4F));
+    if (trail >= kFullWidthZero && trail <= kFullWidthNine) {
+      return static_cast<char>('0' + (trail - kFullWidthZero));
     }
-    return trail == 0x64 || trail == 0x85 ? 'e' : '\0';
+    return trail == kFullWidthUpperE || trail == kFullWidthLowerE ? 'e' : '\0';
   }
   if (lead == kSymbolLead) {
     for (const FullWidthForm& form : kSymbols) {
@@ -109,7 +115,7 @@ bool IsAboveOne(std::string_view number) {
 /// Reads digits with an optional sign, point and exponent; never "inf", "nan" or hexadecimal.
 LeadingNumber ReadDecimal(std::string_view text) {
   const std::size_t firstDigit = text.find_first_not_of('-');
-  if (firstDigit == std::string_view::npos || firstDigit > 1 ||
+  if (firstDigit > 1 ||  // also where there is none
       (text[firstDigit] != '.' && (text[firstDigit] < '0' || text[firstDigit] > '9'))) {
     return {};
   }
@@ -157,16 +163,16 @@ double ReadLeadingNumber(std::string_view text) {
 
 CString ShortestText(double value) {
   std::array<char, 32> text{};
-  const auto end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
+  const char* const end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
   return CString(std::string_view(text.data(), static_cast<std::size_t>(end - text.data())));
 }
 
 CString FixedText(double value, int decimals) {
   constexpr int kLongestWholePart = 1 + std::numeric_limits<double>::max_exponent10 + 2;
   std::string text(static_cast<std::size_t>(kLongestWholePart + std::max(decimals, 0)), '\0');
-  const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
-                                 std::chars_format::fixed, std::max(decimals, 0))
-                       .ptr;
+  const char* const end = std::to_chars(text.data(), text.data() + text.size(), value,
+                                        std::chars_format::fixed, std::max(decimals, 0))
+                              .ptr;
   text.resize(static_cast<std::size_t>(end - text.data()));
   return CString(std::string_view(text));
 }

@@ -5,6 +5,7 @@
 #include "framework/dialog.h"
 #include "framework/window_text.h"
 
+#include <array>
 #include <utility>
 
 namespace {
@@ -13,8 +14,8 @@ namespace {
 /// are few of them and an attached window must leave no memory behind.
 thread_local CWnd* g_firstAttached = nullptr;
 
-constexpr AFX_MSGMAP_ENTRY kNoEntries[] = {{0, 0, 0, 0, nullptr}};
-constexpr AFX_MSGMAP kRootMap{nullptr, kNoEntries};
+constexpr std::array kNoEntries{AFX_MSGMAP_ENTRY{0, 0, 0, 0, nullptr}};
+constexpr AFX_MSGMAP kRootMap{nullptr, kNoEntries.data()};
 
 void MoveWindowTo(HWND window, const CPoint& topLeft) {
   ::SetWindowPos(window, nullptr, topLeft.x, topLeft.y, 0, 0,

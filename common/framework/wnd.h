@@ -17,6 +17,8 @@ class FRAME_API CWnd : public CCmdTarget {
 public:
   CWnd() = default;
   ~CWnd() override;
+  CWnd(const CWnd&) = delete;
+  CWnd& operator=(const CWnd&) = delete;
 
   /// Null while no window is attached.
   HWND m_hWnd = nullptr;

@@ -18,7 +18,7 @@ struct Decimal {
 
 /// The shortest decimal that reads back as the finite, positive `magnitude`.
 Decimal ShortestDecimal(double magnitude) {
-  std::array<char, 32> buffer;  // "d.ddddddddddddddddde-ddd" has at most 24 characters
+  std::array<char, 32> buffer{};  // "d.ddddddddddddddddde-ddd" has at most 24 characters
   const std::to_chars_result written = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
                                                      magnitude, std::chars_format::scientific);
   const std::string_view text(buffer.data(), static_cast<std::size_t>(written.ptr - buffer.data()));

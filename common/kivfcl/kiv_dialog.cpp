@@ -7,8 +7,6 @@ END_MESSAGE_MAP()
 
 CKivDialog::CKivDialog(UINT templateId, CWnd* parent) : CDialog(templateId, parent) {}
 
-CKivDialog::~CKivDialog() = default;
-
 void CKivDialog::MovePosition(CPoint pt, CWnd* wnd, BOOL flag) {
   if (wnd != nullptr) {
     ::ClientToScreen(wnd->m_hWnd, &pt);

@@ -11,7 +11,7 @@
 class KIVFCL_API CKivDialog : public CDialog {
 public:
   explicit CKivDialog(UINT templateId, CWnd* parent = nullptr);
-  ~CKivDialog() override;
+  ~CKivDialog() override = default;
 
 protected:
   /// Moves the dialog's top-left corner to `pt`: client pixels of `wnd`, or screen pixels where that

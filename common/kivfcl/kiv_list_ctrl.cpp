@@ -38,6 +38,23 @@ void DrawCellText(HDC deviceContext, CRect cell, const std::wstring& text) {
               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
 }
 
+void DrawCheckBox(HDC deviceContext, const CRect& cell, bool ticked) {
+  const int side =
+      std::min({::GetSystemMetrics(SM_CXMENUCHECK), cell.Width() - 2, cell.Height() - 2});
+  const CPoint corner(cell.left + (cell.Width() - side) / 2, cell.top + (cell.Height() - side) / 2);
+  const CRect box(corner, CSize(side, side));
+  ::FillRect(deviceContext, &box, ::GetSysColorBrush(COLOR_WINDOW));
+  ::FrameRect(deviceContext, &box, ::GetSysColorBrush(COLOR_GRAYTEXT));
+  if (ticked) {
+    const SelectedPen pen(deviceContext, std::max(side / kSideOfTickWidth, 1),
+                          ::GetSysColor(COLOR_WINDOWTEXT));
+    const std::array tick{POINT{corner.x + side / 4, corner.y + side / 2},
+                          POINT{corner.x + side * 2 / 5, corner.y + side * 7 / 10},
+                          POINT{corner.x + side * 3 / 4, corner.y + side / 4}};
+    ::Polyline(deviceContext, tick.data(), static_cast<int>(tick.size()));
+  }
+}
+
 }  // namespace
 
 LRESULT CKivListHeader::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -104,6 +121,7 @@ void CKivListCtrl::InitListCtrl(UINT /*id*/, const KIVLISTCTRLHEAD* heads, int c
 int CKivListCtrl::AddRow(int columns, ...) {
   const int row = AppendRow();
   LPARAM ticks = 0;
+  // NOLINTNEXTLINE(cppcoreguidelines-init-variables): va_start does it
   std::va_list cells;
   va_start(cells, columns);
   for (int column = 0; column < std::min(columns, m_nColumns); ++column) {
@@ -240,21 +258,5 @@ void CKivListCtrl::DrawRow(const DRAWITEMSTRUCT& draw) const {
   }
   if ((draw.itemState & ODS_FOCUS) != 0 && focused) {
     ::DrawFocusRect(draw.hDC, &draw.rcItem);
-  }
-}
-
-void CKivListCtrl::DrawCheckBox(HDC deviceContext, const CRect& cell, bool ticked) const {
-  const int side = std::min({::GetSystemMetrics(SM_CXMENUCHECK), cell.Width() - 2, cell.Height() - 2});
-  const CPoint corner(cell.left + (cell.Width() - side) / 2, cell.top + (cell.Height() - side) / 2);
-  const CRect box(corner, CSize(side, side));
-  ::FillRect(deviceContext, &box, ::GetSysColorBrush(COLOR_WINDOW));
-  ::FrameRect(deviceContext, &box, ::GetSysColorBrush(COLOR_GRAYTEXT));
-  if (ticked) {
-    const SelectedPen pen(deviceContext, std::max(side / kSideOfTickWidth, 1),
-                          ::GetSysColor(COLOR_WINDOWTEXT));
-    const std::array tick{POINT{corner.x + side / 4, corner.y + side / 2},
-                          POINT{corner.x + side * 2 / 5, corner.y + side * 7 / 10},
-                          POINT{corner.x + side * 3 / 4, corner.y + side / 4}};
-    ::Polyline(deviceContext, tick.data(), static_cast<int>(tick.size()));
   }
 }

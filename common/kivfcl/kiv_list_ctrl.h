@@ -22,6 +22,7 @@ enum : DWORD {
 };
 
 struct KIVLISTCTRLHEAD {
+  // NOLINTNEXTLINE(modernize-avoid-c-arrays,readability-magic-numbers): the record is given so
   char szText[40];  ///< heading, code page 932, zero-padded
   DWORD dwReserved1;
   int nWidth;  ///< in pixels
@@ -51,9 +52,9 @@ private:
 };
 
 /// Rows are drawn here, for the check boxes and for their height: the control needs the style
-/// LVS_OWNERDRAWFIXED. A check box is toggled by a click into its cell; the space key toggles those of the focused row
-/// and gives every other selected row the same state. A screen reader reads the cell as "オン" or
-/// "オフ".
+/// LVS_OWNERDRAWFIXED. A check box is toggled by a click into its cell; the space key toggles those
+/// of the focused row and gives every other selected row the same state. A screen reader reads the
+/// cell as "オン" or "オフ".
 class KIVFCL_API CKivListCtrl : public CListCtrl {
 public:
   /// Makes the columns. The control must be attached already; `id` is its identifier, `flag` is
@@ -86,7 +87,6 @@ private:
   bool ToggleSelectedRows();
   void AnswerText(NMLVDISPINFOW& question) const;
   void DrawRow(const DRAWITEMSTRUCT& draw) const;
-  void DrawCheckBox(HDC deviceContext, const CRect& cell, bool ticked) const;
 
   CKivListHeader m_header;
   int m_nRowHeight = 0;

@@ -41,14 +41,18 @@ struct Character {
   bool isWellFormed;
 };
 
+constexpr unsigned char kFirstContinuation = 0x80;
+constexpr unsigned char kLastContinuation = 0xBF;
+
 Character FirstCharacter(std::string_view text) {
   const auto lead = static_cast<unsigned char>(text.front());
-  if (lead < 0x80) {
+  if (lead < kFirstContinuation) {
     return {text.substr(0, 1), true};
   }
-  const auto shape = std::ranges::find_if(kSequenceShapes, [lead](const SequenceShape& candidate) {
-    return candidate.firstLead <= lead && lead <= candidate.lastLead;
-  });
+  const auto* const shape =
+      std::ranges::find_if(kSequenceShapes, [lead](const SequenceShape& candidate) {
+        return candidate.firstLead <= lead && lead <= candidate.lastLead;
+      });
   if (shape == kSequenceShapes.end()) {
     return {text.substr(0, 1), false};
   }
@@ -60,8 +64,8 @@ Character FirstCharacter(std::string_view text) {
     if (byte < lowest || byte > highest) {
       break;
     }
-    lowest = 0x80;
-    highest = 0xBF;
+    lowest = kFirstContinuation;
+    highest = kLastContinuation;
     ++length;
   }
   return {text.substr(0, length), length == shape->length};
@@ -129,10 +133,10 @@ std::string JsonNumber(double value) {
   if (!std::isfinite(value)) {
     return "null";
   }
-  std::array<char, 32> buffer;  // the shortest text of a double has at most 24 characters
+  std::array<char, 32> buffer{};  // the shortest text of a double has at most 24 characters
   const std::to_chars_result written =
       std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
-  return std::string(buffer.data(), written.ptr);
+  return {buffer.data(), written.ptr};
 }
 
 JsonObject& JsonObject::AddText(std::string_view name, std::string_view utf8) {

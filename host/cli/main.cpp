@@ -51,7 +51,7 @@ CString HostText(std::string_view utf8) {
   BOOL hasReplacement = FALSE;
   const int needed = WideCharToMultiByte(kHostCodePage, WC_NO_BEST_FIT_CHARS, wide.data(), length,
                                          nullptr, 0, nullptr, &hasReplacement);
-  if (hasReplacement) {
+  if (hasReplacement != FALSE) {
     throw UsageError("not all characters are in code page 932: " + JsonQuoted(utf8));
   }
   std::string text(static_cast<std::size_t>(needed), '\0');
@@ -84,7 +84,7 @@ Outcome Run(const InputTextRequest& request) {
   const CString comment = HostText(request.comment);
   CString text = HostText(request.text);
   PositionArgument position(request.position);
-  if (!__InputTextDlg(title, comment, &text, position.Pointer())) {
+  if (__InputTextDlg(title, comment, &text, position.Pointer()) == FALSE) {
     return Cancelled();
   }
   Outcome outcome = Confirmed();
@@ -97,7 +97,7 @@ Outcome Run(const InputScaleRequest& request) {
   const CString comment = HostText(request.comment);
   double scale = request.scale;
   PositionArgument position(request.position);
-  if (!__InputScaleDlg(title, comment, &scale, position.Pointer())) {
+  if (__InputScaleDlg(title, comment, &scale, position.Pointer()) == FALSE) {
     return Cancelled();
   }
   Outcome outcome = Confirmed();
@@ -108,7 +108,7 @@ Outcome Run(const InputScaleRequest& request) {
 Outcome Run(const InputDpiRequest& request) {
   int dpi = request.dpi;
   PositionArgument position(request.position);
-  if (!__InputDpiDlg(&dpi, position.Pointer())) {
+  if (__InputDpiDlg(&dpi, position.Pointer()) == FALSE) {
     return Cancelled();
   }
   Outcome outcome = Confirmed();

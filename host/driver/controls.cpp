@@ -8,8 +8,8 @@ namespace quorvel::driver {
 
 namespace {
 
-constexpr wchar_t kDialogClass[] = L"#32770";
-constexpr wchar_t kMenuClass[] = L"#32768";
+constexpr std::wstring_view kDialogClass = L"#32770";
+constexpr std::wstring_view kMenuClass = L"#32768";
 
 std::vector<HWND> VisibleThreadWindows(std::wstring_view className) {
   struct Search {
@@ -18,7 +18,7 @@ std::vector<HWND> VisibleThreadWindows(std::wstring_view className) {
   } search{className, {}};
   const auto visit = [](HWND window, LPARAM parameter) -> BOOL {
     auto& target = *reinterpret_cast<Search*>(parameter);
-    if (IsWindowVisible(window) && IsWindowEnabled(window) &&
+    if (IsWindowVisible(window) != FALSE && IsWindowEnabled(window) != FALSE &&
         ClassName(window) == target.className) {
       target.found.push_back(window);
     }
@@ -29,7 +29,7 @@ std::vector<HWND> VisibleThreadWindows(std::wstring_view className) {
 }
 
 void Post(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (!PostMessageW(window, message, wParam, lParam)) {
+  if (PostMessageW(window, message, wParam, lParam) == FALSE) {
     throw std::runtime_error("a message could not be posted");
   }
 }
@@ -85,7 +85,8 @@ HWND VisibleMenu() {
 }
 
 std::wstring ClassName(HWND window) {
-  std::array<wchar_t, 257> name{};  // class names have at most 256 characters
+  constexpr std::size_t kLongestClassName = 256;
+  std::array<wchar_t, kLongestClassName + 1> name{};
   const int length = GetClassNameW(window, name.data(), static_cast<int>(name.size()));
   return {name.data(), static_cast<std::size_t>(length)};
 }
@@ -121,7 +122,7 @@ bool IsShown(HWND dialog, int id) {
 
 int FocusedControlId(HWND dialog) {
   HWND focused = GetFocus();
-  if (!IsChild(dialog, focused)) {
+  if (IsChild(dialog, focused) == FALSE) {
     return 0;
   }
   while (GetParent(focused) != dialog) {
@@ -224,7 +225,7 @@ void PressKey(HWND focused, UINT virtualKey) {
 
 void PressTab(HWND dialog) {
   const HWND focused = GetFocus();
-  PressKey(IsChild(dialog, focused) ? focused : dialog, VK_TAB);
+  PressKey(IsChild(dialog, focused) != FALSE ? focused : dialog, VK_TAB);
 }
 
 void SendKey(UINT virtualKey, std::initializer_list<UINT> modifiers) {

@@ -32,7 +32,8 @@ void WriteCrash(DWORD code, const void* address) {
   const char* lastSlash = std::strrchr(path.data(), '\\');
   const auto offset =
       reinterpret_cast<std::uintptr_t>(address) - reinterpret_cast<std::uintptr_t>(module);
-  std::array<char, MAX_PATH + 80> line{};
+  constexpr std::size_t kBesidesPath = 80;
+  std::array<char, MAX_PATH + kBesidesPath> line{};
   std::snprintf(line.data(), line.size(), "crash: exception 0x%08lX in %s at offset 0x%llX\n", code,
                 lastSlash == nullptr ? path.data() : lastSlash + 1,
                 static_cast<unsigned long long>(offset));

@@ -17,21 +17,30 @@ std::atomic<int> g_hooks{0};
 
 /// The process's table of graphics handles, as the process environment block points to it.
 struct GraphicsHandleEntry {
-  std::array<std::byte, 14> unused;
+  static constexpr std::size_t kSize = 24;
+  static constexpr std::size_t kBeforeType = 14;
+
+  std::array<std::byte, kBeforeType> unused;
   std::uint8_t type;
-  std::array<std::byte, 9> alsoUnused;
+  std::array<std::byte, kSize - kBeforeType - 1> alsoUnused;
 };
-static_assert(sizeof(GraphicsHandleEntry) == 24);
+static_assert(sizeof(GraphicsHandleEntry) == GraphicsHandleEntry::kSize);
+
+template <class Value>
+Value ReadAt(const std::byte* address) {
+  Value value{};
+  // NOLINTNEXTLINE(bugprone-sizeof-expression): a Value that is a pointer is read itself
+  std::memcpy(&value, address, sizeof(Value));
+  return value;
+}
 
 std::size_t CountGraphicsTable() {
   constexpr std::size_t kEnvironmentInThreadBlock = 0x60;
   constexpr std::size_t kTableInEnvironment = 0xF8;
   constexpr std::size_t kEntries = 65'536;
   const auto* threadBlock = reinterpret_cast<const std::byte*>(NtCurrentTeb());
-  const std::byte* environment = nullptr;
-  std::memcpy(&environment, threadBlock + kEnvironmentInThreadBlock, sizeof(environment));
-  const GraphicsHandleEntry* table = nullptr;
-  std::memcpy(&table, environment + kTableInEnvironment, sizeof(table));
+  const auto* environment = ReadAt<const std::byte*>(threadBlock + kEnvironmentInThreadBlock);
+  const auto* table = ReadAt<const GraphicsHandleEntry*>(environment + kTableInEnvironment);
   std::size_t count = 0;
   for (const GraphicsHandleEntry& entry : std::span(table, kEntries)) {
     count += entry.type != 0 ? 1 : 0;
@@ -59,7 +68,7 @@ std::size_t CountWindows() {
 
 bool IsIcon(HANDLE handle) {
   ICONINFO info{};
-  if (!GetIconInfo(static_cast<HICON>(handle), &info)) {
+  if (GetIconInfo(static_cast<HICON>(handle), &info) == FALSE) {
     return false;
   }
   DeleteObject(info.hbmColor);
@@ -72,18 +81,18 @@ void CountByTryingHandles(LeakCounters& counters) {
   constexpr std::uintptr_t kFirst = 0x20;
   constexpr std::uintptr_t kLast = 0xFFFE;
   for (std::uintptr_t word = kFirst; word <= kLast; word += 2) {
-    const auto handle = reinterpret_cast<HANDLE>(word);
-    counters.menus += IsMenu(static_cast<HMENU>(handle)) ? 1 : 0;
+    auto* const handle = reinterpret_cast<HANDLE>(word);
+    counters.menus += IsMenu(static_cast<HMENU>(handle)) != FALSE ? 1 : 0;
     counters.icons += IsIcon(handle) ? 1 : 0;
   }
 }
 
 std::size_t CountHeapBlocks() {
-  const auto heap = reinterpret_cast<HANDLE>(_get_heap_handle());
+  auto* const heap = reinterpret_cast<HANDLE>(_get_heap_handle());
   std::size_t count = 0;
   HeapLock(heap);
   PROCESS_HEAP_ENTRY entry{};
-  while (HeapWalk(heap, &entry)) {
+  while (HeapWalk(heap, &entry) != FALSE) {
     count += (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0 ? 1 : 0;
   }
   HeapUnlock(heap);
@@ -116,7 +125,7 @@ HHOOK WINAPI CountingSetHookW(int kind, HOOKPROC procedure, HINSTANCE module, DW
 BOOL WINAPI CountingUnhook(HHOOK hook) {
   static const auto unhook = FromUser32<decltype(UnhookWindowsHookEx)>("UnhookWindowsHookEx");
   const BOOL removed = unhook(hook);
-  g_hooks -= removed ? 1 : 0;
+  g_hooks -= removed != FALSE ? 1 : 0;
   return removed;
 }
 

@@ -16,7 +16,7 @@ namespace {
 constexpr int kMessageTextId = 0xFFFF;
 
 // A thread timer's procedure gets no context of its own.
-thread_local ModalScript* t_running = nullptr;
+thread_local ModalScript* g_running = nullptr;
 
 HWND FirstDialog(const std::function<bool(HWND)>& accept) {
   const std::vector<HWND> dialogs = VisibleDialogs();
@@ -46,7 +46,7 @@ bool IsMessageBox(HWND dialog) {
 
 bool NothingToPaint(HWND window) {
   const auto clean = [](HWND target) {
-    return !IsWindowVisible(target) || !GetUpdateRect(target, nullptr, FALSE);
+    return IsWindowVisible(target) == FALSE || GetUpdateRect(target, nullptr, FALSE) == FALSE;
   };
   return clean(window) && std::ranges::all_of(Children(window), clean);
 }
@@ -83,7 +83,8 @@ void CancelEverything() {
 
 Condition ThisWindow(HWND window) {
   return {"the window", [window]() -> HWND {
-            return IsWindowVisible(window) && IsWindowEnabled(window) ? window : nullptr;
+            return IsWindowVisible(window) != FALSE && IsWindowEnabled(window) != FALSE ? window
+                                                                                        : nullptr;
           }};
 }
 
@@ -149,7 +150,7 @@ HWND WaitFor(const Condition& condition, unsigned deadline) {
   const ULONGLONG end = GetTickCount64() + deadline;
   while (true) {
     MSG message{};
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
       TranslateMessage(&message);
       DispatchMessageW(&message);
     }
@@ -164,7 +165,7 @@ HWND WaitFor(const Condition& condition, unsigned deadline) {
 }
 
 ModalScript::ModalScript(unsigned stepDeadline) : m_stepDeadline(stepDeadline) {
-  if (t_running != nullptr) {
+  if (g_running != nullptr) {
     throw std::logic_error("another script is running on this thread");
   }
   m_watchdog.reset(CreateThreadpoolTimer(OnHang, this, nullptr));
@@ -172,13 +173,13 @@ ModalScript::ModalScript(unsigned stepDeadline) : m_stepDeadline(stepDeadline) {
   if (m_watchdog == nullptr || m_timer == 0) {
     throw std::runtime_error("the script's timers could not be created");
   }
-  t_running = this;
+  g_running = this;
   StartDeadline();
 }
 
 ModalScript::~ModalScript() {
   KillTimer(nullptr, m_timer);
-  t_running = nullptr;
+  g_running = nullptr;
 }
 
 void ModalScript::WatchdogCloser::operator()(PTP_TIMER timer) const {
@@ -192,14 +193,16 @@ ModalScript& ModalScript::When(Condition condition, Action action) {
   return *this;
 }
 
-void CALLBACK ModalScript::OnTimer(HWND, UINT, UINT_PTR timer, DWORD) {
+void CALLBACK ModalScript::OnTimer(HWND /*window*/, UINT /*message*/, UINT_PTR timer,
+                                   DWORD /*time*/) {
   // A last message of a killed timer may still be in the queue.
-  if (t_running != nullptr && t_running->m_timer == timer) {
-    t_running->Tick();
+  if (g_running != nullptr && g_running->m_timer == timer) {
+    g_running->Tick();
   }
 }
 
-void CALLBACK ModalScript::OnHang(PTP_CALLBACK_INSTANCE, void*, PTP_TIMER) {
+void CALLBACK ModalScript::OnHang(PTP_CALLBACK_INSTANCE /*instance*/, void* /*context*/,
+                                  PTP_TIMER /*timer*/) {
   std::fputs("the modal run did not end in time\n", stderr);
   std::fflush(stderr);
   // The stuck thread may hold any lock, so no orderly end is possible.

@@ -47,9 +47,12 @@ Condition Painted(Condition condition);
 /// picture is taken: the system shows what was painted with some delay.
 Condition SteadyOnScreen(Condition condition);
 
+/// How long a step may take to come, in milliseconds.
+inline constexpr unsigned kStepDeadline = 10'000;
+
 /// Dispatches this thread's messages until `condition` holds, for windows without a modal loop of
 /// their own. Throws std::runtime_error if that takes longer than `deadline` milliseconds.
-HWND WaitFor(const Condition& condition, unsigned deadline = 10'000);
+HWND WaitFor(const Condition& condition, unsigned deadline = kStepDeadline);
 
 /// An ordered list of steps, run while it lives: let it live around the one call that shows the
 /// dialog. One script at a time on a thread; its functions are called on its own thread only.
@@ -59,8 +62,6 @@ public:
 
   /// Ends the process with this status, a line on stderr, if the run hangs.
   static constexpr int kHangStatus = 99;
-
-  static constexpr unsigned kStepDeadline = 10'000;
 
   /// A step that does not come within `stepDeadline` milliseconds after the one before (the first:
   /// after now) is recorded as the problem. All open dialogs of the thread are cancelled then, so

@@ -65,8 +65,8 @@ Picture Read(HWND window, const RECT& rect) {
   }
   {
     const Selected selected(memory.get(), bitmap.get());
-    if (!BitBlt(memory.get(), 0, 0, picture.width, picture.height, source.get(), rect.left,
-                rect.top, SRCCOPY)) {
+    if (BitBlt(memory.get(), 0, 0, picture.width, picture.height, source.get(), rect.left, rect.top,
+               SRCCOPY) == FALSE) {
       throw std::runtime_error("the pixels could not be read");
     }
     GdiFlush();
@@ -112,7 +112,7 @@ std::uint32_t Picture::At(int x, int y) const {
 
 Picture ReadPixels(HWND window) {
   RECT client{};
-  if (!GetClientRect(window, &client)) {
+  if (GetClientRect(window, &client) == FALSE) {
     throw std::runtime_error("the window is gone");
   }
   return Read(window, client);

@@ -11,7 +11,7 @@ namespace quorvel::gallery {
 
 namespace {
 
-constexpr wchar_t kClassName[] = L"QuorvelGallery";
+constexpr const wchar_t* kClassName = L"QuorvelGallery";
 constexpr int kMousePickId = 100;
 constexpr int kLogLabelId = 101;
 constexpr int kLogId = 102;
@@ -24,7 +24,7 @@ constexpr int kFirstValueId = 2000;
 class TextMeasure {
 public:
   explicit TextMeasure(HWND control) : m_control(control), m_dc(GetDC(control)) {
-    const auto font = reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0));
+    auto* const font = reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0));
     m_previous = SelectObject(m_dc, font);
   }
   ~TextMeasure() {
@@ -102,7 +102,7 @@ RunReport GalleryWindow::Run(std::size_t index) {
 void GalleryWindow::RunMessageLoop() {
   MSG message{};
   while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-    if (!IsDialogMessageW(Handle(), &message)) {
+    if (IsDialogMessageW(Handle(), &message) == FALSE) {
       TranslateMessage(&message);
       DispatchMessageW(&message);
     }

@@ -25,6 +25,7 @@ class GalleryWindow {
 public:
   /// Creates and shows the window; throws std::runtime_error if it cannot.
   explicit GalleryWindow(std::vector<Exhibit> exhibits);
+  ~GalleryWindow() = default;
   GalleryWindow(const GalleryWindow&) = delete;
   GalleryWindow& operator=(const GalleryWindow&) = delete;
 

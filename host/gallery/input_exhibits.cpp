@@ -42,12 +42,12 @@ constexpr int kPaperSizeId = 13521;
 constexpr int kClearAllId = 13322;
 constexpr int kCheckListId = 4030;
 
-constexpr wchar_t kTextTitle[] = L"文字列入力";
-constexpr wchar_t kScaleTitle[] = L"縮尺入力";
-constexpr wchar_t kDpiTitle[] = L"解像度入力";
-constexpr wchar_t kPointTitle[] = L"座標入力";
-constexpr wchar_t kPaperTitle[] = L"ﾕｰｻﾞｰ用紙設定";
-constexpr wchar_t kCheckListTitle[] = L"表示する線種";
+constexpr const wchar_t* kTextTitle = L"文字列入力";
+constexpr const wchar_t* kScaleTitle = L"縮尺入力";
+constexpr const wchar_t* kDpiTitle = L"解像度入力";
+constexpr const wchar_t* kPointTitle = L"座標入力";
+constexpr const wchar_t* kPaperTitle = L"ﾕｰｻﾞｰ用紙設定";
+constexpr const wchar_t* kCheckListTitle = L"表示する線種";
 
 Outcome ConfirmedIf(bool confirmed) {
   return confirmed ? kConfirmed : kCancelled;
@@ -91,8 +91,8 @@ std::wstring PointText(const std::array<double, Size>& point) {
 using FieldTexts = std::vector<std::pair<int, std::wstring>>;
 
 /// A visit of a point dialog: looks at the fields, types into them and presses the button.
-TourStop PointStop(std::function<void()> setUp, bool allowMousePick, FieldTexts shown,
-                   FieldTexts typed, int buttonId, Outcome outcome, std::wstring value) {
+TourStop PointStop(std::function<void()> setUp, bool allowMousePick, const FieldTexts& shown,
+                   const FieldTexts& typed, int buttonId, Outcome outcome, std::wstring value) {
   return {
       .options = {.allowMousePick = allowMousePick},
       .title = kPointTitle,
@@ -197,8 +197,8 @@ Exhibit InputTextExhibit() {
       .value = [text] { return NamedText(L"text", *text); },
       .run =
           [text](const RunOptions&) {
-            return ConfirmedIf(
-                __InputTextDlg("文字列入力", "文字列を入力してください", text.get(), nullptr));
+            return ConfirmedIf(__InputTextDlg("文字列入力", "文字列を入力してください", text.get(),
+                                              nullptr) != FALSE);
           },
       .tour =
           {
@@ -242,8 +242,8 @@ Exhibit InputScaleExhibit() {
       .value = [scale] { return NamedNumber(L"scale", *scale); },
       .run =
           [scale](const RunOptions&) {
-            return ConfirmedIf(
-                __InputScaleDlg("縮尺入力", "図面の縮尺を入力してください", scale.get(), nullptr));
+            return ConfirmedIf(__InputScaleDlg("縮尺入力", "図面の縮尺を入力してください",
+                                               scale.get(), nullptr) != FALSE);
           },
       .tour =
           {
@@ -285,7 +285,10 @@ Exhibit InputDpiExhibit() {
       .entry = L"__InputDpiDlg",
       .label = L"解像度入力(&D)",
       .value = [dpi] { return L"dpi=" + std::to_wstring(*dpi); },
-      .run = [dpi](const RunOptions&) { return ConfirmedIf(__InputDpiDlg(dpi.get(), nullptr)); },
+      .run =
+          [dpi](const RunOptions&) {
+            return ConfirmedIf(__InputDpiDlg(dpi.get(), nullptr) != FALSE);
+          },
       .tour =
           {
               {

@@ -52,7 +52,8 @@ int RunGallery(const std::vector<std::wstring>& arguments) {
 
 }  // namespace
 
-int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+int WINAPI WinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, LPSTR /*commandLine*/,
+                   int /*show*/) {
   quorvel::driver::InstallCrashGuard();
   try {
     return RunGallery(Arguments());

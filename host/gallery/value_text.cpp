@@ -20,7 +20,7 @@ std::wstring NamedText(std::wstring_view name, const CString& text) {
 
 std::wstring Number(double value) {
   std::array<char, 32> digits{};  // the longest shortest form of a double has 24 characters
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+  char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
   return {digits.data(), end};
 }
 

@@ -29,6 +29,8 @@ public:
   explicit Handle(HANDLE handle) : m_handle(handle) {}
   ~Handle() { Close(); }
   Handle(Handle&& other) noexcept : m_handle(std::exchange(other.m_handle, nullptr)) {}
+  Handle(const Handle&) = delete;
+  Handle& operator=(const Handle&) = delete;
   Handle& operator=(Handle&& other) noexcept {
     Close();
     m_handle = std::exchange(other.m_handle, nullptr);

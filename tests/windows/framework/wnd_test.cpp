@@ -37,7 +37,7 @@ END_MESSAGE_MAP()
 
 class AnsweringMore : public Answering {
 protected:
-  LRESULT OnNext(WPARAM, LPARAM) { return 7; }
+  LRESULT OnNext(WPARAM /*wParam*/, LPARAM /*lParam*/) { return 7; }
   DECLARE_MESSAGE_MAP()
 };
 

@@ -107,8 +107,8 @@ TEST_P(EveryEntry, APositionOffTheScreenIsMovedByTheLeast) {
 TEST_P(EveryEntry, WithoutAPositionTheDialogStandsInTheMiddle) {
   WorkDialog([this] { return Run(); }, [](HWND dialog) {
     const RECT rect = WindowRect(dialog);
-    EXPECT_NEAR((rect.left + rect.right) / 2, ::GetSystemMetrics(SM_CXSCREEN) / 2, 1);
-    EXPECT_NEAR((rect.top + rect.bottom) / 2, ::GetSystemMetrics(SM_CYSCREEN) / 2, 1);
+    EXPECT_NEAR((rect.left + rect.right) / 2.0, ::GetSystemMetrics(SM_CXSCREEN) / 2.0, 1);
+    EXPECT_NEAR((rect.top + rect.bottom) / 2.0, ::GetSystemMetrics(SM_CYSCREEN) / 2.0, 1);
     Cancel(dialog);
   });
 }

@@ -23,7 +23,7 @@ Answer Ask(double scale, ModalScript::Action action) {
 }
 
 ModalScript::Action EnterAndConfirm(std::wstring text) {
-  return [text](HWND dialog) {
+  return [text = std::move(text)](HWND dialog) {
     ReplaceText(Control(dialog, kValue), text);
     Confirm(dialog);
   };

@@ -2,6 +2,7 @@
 
 #include <quorvel/quorvel.h>
 
+#include <array>
 #include <string>
 
 namespace quorvel::test {
@@ -136,12 +137,13 @@ TEST(InputTextDlg, EveryCharacterOfTheCodePageComesBackWhenTyped) {
       if (isLead) {
         bytes += static_cast<char>(trail);
       }
-      wchar_t wide[4]{};
+      std::array<wchar_t, 4> wide{};
       const int units = ::MultiByteToWideChar(932, MB_ERR_INVALID_CHARS, bytes.data(),
-                                              static_cast<int>(bytes.size()), wide, 4);
-      char back[4]{};
-      if (units == 1 && ::WideCharToMultiByte(932, 0, wide, 1, back, 4, nullptr, nullptr) > 0 &&
-          bytes == back) {
+                                              static_cast<int>(bytes.size()), wide.data(), 4);
+      std::array<char, 4> back{};
+      if (units == 1 &&
+          ::WideCharToMultiByte(932, 0, wide.data(), 1, back.data(), 4, nullptr, nullptr) > 0 &&
+          bytes == back.data()) {
         codes += bytes;
         characters += wide[0];
       }

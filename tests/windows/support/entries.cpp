@@ -1,5 +1,7 @@
 #include "support/entries.h"
 
+#include "res/ids.h"
+
 #include <array>
 
 namespace quorvel::test {
@@ -26,8 +28,7 @@ Outcome RunDpi(CPoint* position) {
 
 Outcome RunPointXY(CPoint* position) {
   std::array point{1.23456, 2.0};
-  const bool confirmed =
-      __InputPointXYDlg(point.data(), TRUE, position) == QUORVEL_POINT_CONFIRMED;
+  const bool confirmed = __InputPointXYDlg(point.data(), TRUE, position) == QUORVEL_POINT_CONFIRMED;
   return {confirmed, point == std::array{1.23456, 2.0}};
 }
 
@@ -43,8 +44,7 @@ Outcome RunPaper(CPoint* /*position*/) {
   int width = 420;
   int height = 297;
   int clearAll = 7;
-  const INT_PTR result =
-      __UserPaperSetDlg(nullptr, &name, &width, &height, &clearAll, nullptr);
+  const INT_PTR result = __UserPaperSetDlg(nullptr, &name, &width, &height, &clearAll, nullptr);
   // The flag is the one variable that a cancel writes.
   return {result == 1, name == "A3" && width == 420 && height == 297};
 }
@@ -66,22 +66,20 @@ Outcome RunCheckList(CPoint* /*position*/) {
 
 const std::vector<Entry>& AllEntries() {
   static const std::vector<Entry> entries{
-      {"InputText", RunText, true,
+      {"InputText", IDD_INPUT_TEXT, RunText, true,
        [] { return INT_PTR{__InputTextDlg("", "", nullptr, nullptr)}; }, FALSE},
-      {"InputScale", RunScale, true,
+      {"InputScale", IDD_INPUT_SCALE, RunScale, true,
        [] { return INT_PTR{__InputScaleDlg("", "", nullptr, nullptr)}; }, FALSE},
-      {"InputDpi", RunDpi, true, [] { return INT_PTR{__InputDpiDlg(nullptr, nullptr)}; }, FALSE},
-      {"InputPointXY", RunPointXY, true, [] { return __InputPointXYDlg(nullptr, TRUE, nullptr); },
-       1},
-      {"InputPointXYZ", RunPointXYZ, true,
+      {"InputDpi", IDD_INPUT_DPI, RunDpi, true,
+       [] { return INT_PTR{__InputDpiDlg(nullptr, nullptr)}; }, FALSE},
+      {"InputPointXY", IDD_INPUT_POINT, RunPointXY, true,
+       [] { return __InputPointXYDlg(nullptr, TRUE, nullptr); }, 1},
+      {"InputPointXYZ", IDD_INPUT_POINT, RunPointXYZ, true,
        [] { return __InputPointXYZDlg(nullptr, TRUE, nullptr); }, 1},
-      {"UserPaper", RunPaper, false,
-       [] {
-         return __UserPaperSetDlg(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
-       },
-       0},
-      {"CheckList", RunCheckList, false, [] { return __CheckListDlg(nullptr, nullptr, nullptr); },
-       -1},
+      {"UserPaper", IDD_USER_PAPER, RunPaper, false,
+       [] { return __UserPaperSetDlg(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr); }, 0},
+      {"CheckList", IDD_CHECK_LIST, RunCheckList, false,
+       [] { return __CheckListDlg(nullptr, nullptr, nullptr); }, -1},
   };
   return entries;
 }

@@ -16,6 +16,7 @@ struct Outcome {
 
 struct Entry {
   std::string name;
+  UINT templateId;
   Outcome (*run)(CPoint* position);
   bool hasPosition;
   INT_PTR (*runWithNull)();  ///< a null where a value is needed
