@@ -72,13 +72,34 @@ BOOL CKivListHeader::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, L
     return CWnd::OnChildNotify(message, wParam, lParam, result);
   }
   const auto& draw = *reinterpret_cast<const NMCUSTOMDRAW*>(lParam);
-  if (draw.dwDrawStage == CDDS_ITEMPREPAINT) {
-    DrawHeading(draw.hdc, static_cast<int>(draw.dwItemSpec), draw.rc);
-    *result = CDRF_SKIPDEFAULT;
-  } else {
-    *result = draw.dwDrawStage == CDDS_PREPAINT ? CDRF_NOTIFYITEMDRAW : CDRF_DODEFAULT;
+  switch (draw.dwDrawStage) {
+    case CDDS_PREPAINT:
+      *result = CDRF_NOTIFYITEMDRAW | CDRF_NOTIFYPOSTPAINT;
+      break;
+    case CDDS_ITEMPREPAINT:
+      DrawHeading(draw.hdc, static_cast<int>(draw.dwItemSpec), draw.rc);
+      *result = CDRF_SKIPDEFAULT;
+      break;
+    case CDDS_POSTPAINT:
+      FillBesideHeadings(draw.hdc);
+      *result = CDRF_DODEFAULT;
+      break;
+    default:
+      *result = CDRF_DODEFAULT;
+      break;
   }
   return TRUE;
+}
+
+void CKivListHeader::FillBesideHeadings(HDC deviceContext) const {
+  CRect rest;
+  ::GetClientRect(m_hWnd, &rest);
+  CRect last;
+  const int count = Header_GetItemCount(m_hWnd);
+  if (count > 0 && Header_GetItemRect(m_hWnd, count - 1, &last) != FALSE) {
+    rest.left = last.right;
+  }
+  ::FillRect(deviceContext, &rest, ::GetSysColorBrush(COLOR_BTNFACE));
 }
 
 void CKivListHeader::DrawHeading(HDC deviceContext, int column, const CRect& cell) const {

@@ -48,6 +48,8 @@ protected:
   BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
 
 private:
+  /// Right of the last heading, where the list is wider than its columns.
+  void FillBesideHeadings(HDC deviceContext) const;
   void DrawHeading(HDC deviceContext, int column, const CRect& cell) const;
 };
 

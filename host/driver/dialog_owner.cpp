@@ -6,7 +6,9 @@ namespace quorvel::driver {
 
 namespace {
 
-constexpr wchar_t kOwnerClass[] = L"QuorvelDialogOwner";
+constexpr const wchar_t* kOwnerClass = L"QuorvelDialogOwner";
+constexpr POINT kOwnerCorner{300, 200};
+constexpr SIZE kOwnerSize{400, 300};
 constexpr UINT_PTR kWatchdog = 1;
 constexpr UINT kWatchdogMilliseconds = 60'000;
 constexpr UINT kHangStatus = 99;
@@ -27,7 +29,7 @@ bool IsPainted(HWND dialog) {
   return EnumChildWindows(dialog, goOnWhilePainted, 0) != FALSE;
 }
 
-INT_PTR CALLBACK BareProc(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
+INT_PTR CALLBACK BareProc(HWND dialog, UINT message, WPARAM wParam, LPARAM /*lParam*/) {
   if (message == WM_COMMAND && (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL)) {
     EndDialog(dialog, LOWORD(wParam));
     return TRUE;
@@ -42,8 +44,9 @@ DialogOwner::DialogOwner() {
   description.lpfnWndProc = &DialogOwner::Proc;
   description.lpszClassName = kOwnerClass;
   RegisterClassW(&description);
-  m_window = CreateWindowExW(0, kOwnerClass, L"owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 300, 200,
-                             400, 300, nullptr, nullptr, nullptr, nullptr);
+  m_window = CreateWindowExW(0, kOwnerClass, L"owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE,
+                             kOwnerCorner.x, kOwnerCorner.y, kOwnerSize.cx, kOwnerSize.cy, nullptr,
+                             nullptr, nullptr, nullptr);
   SetWindowLongPtrW(m_window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   SetActiveWindow(m_window);
 }

@@ -278,6 +278,18 @@ TEST(CheckListDlg, EveryTickIsInSightWithoutScrolling) {
   }
 }
 
+TEST(CheckListDlg, TheRowOfHeadingsHasOneColourOverTheWholeWidth) {
+  Ask({"甲", "乙"}, {0, 0}, [](HWND dialog) {
+    const Picture list = ReadPixels(ListOf(dialog));
+    const int beside = ColumnWidth(dialog, 0) + ColumnWidth(dialog, 1) + 1;
+    ASSERT_LT(beside, list.width);
+    for (const int x : {beside, list.width - 1}) {
+      EXPECT_EQ(list.At(x, 3), list.At(ColumnWidth(dialog, 0) + 1, 3)) << x;
+    }
+    Cancel(dialog);
+  });
+}
+
 TEST(CheckListDlg, ATickIsPainted) {
   ModalScript script;
   Picture unticked;

@@ -8,7 +8,7 @@
 
 namespace quorvel::test {
 
-using namespace quorvel::driver;  // NOLINT: the tests speak the driver's language
+using namespace quorvel::driver;  // the tests speak the driver's language
 
 /// Calls `call`; the test fails when a step of the script did not come or threw.
 template <class Call>
