@@ -79,7 +79,7 @@ TEST_P(Soak, LeavesNothingBehind) {
 
   // A loss of 96 bytes an opening would show; that the system hands out memory in large pieces does
   // not. Whatever our own code allocates is counted exactly above.
-  constexpr std::size_t kTrend = 96 * 2 * kOpenings;
+  constexpr std::size_t kTrend = std::size_t{96} * 2 * kOpenings;
   ASSERT_GT(bytesBefore, 0U);
   EXPECT_LE(bytesAfter, bytesBefore + lostByPlatform + kTrend);
   std::printf("%s: private bytes %zu -> %zu, by the platform alone %zu more\n",
