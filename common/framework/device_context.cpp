@@ -19,3 +19,8 @@ TEXTMETRICW CClientDC::GetTextMetrics() const {
   ::GetTextMetricsW(m_hDC, &metrics);
   return metrics;
 }
+
+CPaintDC::CPaintDC(const CWnd* window)
+    : m_hWnd(window->m_hWnd), m_hDC(::BeginPaint(window->m_hWnd, &m_paint)) {}
+
+CPaintDC::~CPaintDC() { ::EndPaint(m_hWnd, &m_paint); }

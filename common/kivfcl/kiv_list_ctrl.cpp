@@ -1,9 +1,15 @@
 #include "kivfcl/kiv_list_ctrl.h"
 
+#include "framework/device_context.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdarg>
+#include <memory>
 #include <string>
+#include <type_traits>
+
+using quorvel::SelectedObject;
 
 namespace {
 
@@ -12,25 +18,10 @@ constexpr int kTextMargin = 3;
 constexpr int kSideOfTickWidth = 6;  ///< a check box is so many times as wide as its tick's line
 constexpr WPARAM kSpace = L' ';
 
-/// A pen that is selected into a device context for as long as the guard lives.
-class SelectedPen {
-public:
-  SelectedPen(HDC deviceContext, int width, COLORREF colour)
-      : m_hDC(deviceContext),
-        m_pen(::CreatePen(PS_SOLID, width, colour)),
-        m_previous(::SelectObject(deviceContext, m_pen)) {}
-  ~SelectedPen() {
-    ::SelectObject(m_hDC, m_previous);
-    ::DeleteObject(m_pen);
-  }
-  SelectedPen(const SelectedPen&) = delete;
-  SelectedPen& operator=(const SelectedPen&) = delete;
-
-private:
-  HDC m_hDC;
-  HPEN m_pen;
-  HGDIOBJ m_previous;
+struct PenDeleter {
+  void operator()(HPEN pen) const { ::DeleteObject(pen); }
 };
+using Pen = std::unique_ptr<std::remove_pointer_t<HPEN>, PenDeleter>;
 
 void DrawCellText(HDC deviceContext, CRect cell, const std::wstring& text) {
   cell.left += kTextMargin;
@@ -46,8 +37,9 @@ void DrawCheckBox(HDC deviceContext, const CRect& cell, bool ticked) {
   ::FillRect(deviceContext, &box, ::GetSysColorBrush(COLOR_WINDOW));
   ::FrameRect(deviceContext, &box, ::GetSysColorBrush(COLOR_GRAYTEXT));
   if (ticked) {
-    const SelectedPen pen(deviceContext, std::max(side / kSideOfTickWidth, 1),
-                          ::GetSysColor(COLOR_WINDOWTEXT));
+    const Pen pen(::CreatePen(PS_SOLID, std::max(side / kSideOfTickWidth, 1),
+                              ::GetSysColor(COLOR_WINDOWTEXT)));
+    const SelectedObject selected(deviceContext, pen.get());
     const std::array tick{POINT{corner.x + side / 4, corner.y + side / 2},
                           POINT{corner.x + side * 2 / 5, corner.y + side * 7 / 10},
                           POINT{corner.x + side * 3 / 4, corner.y + side / 4}};
@@ -58,6 +50,10 @@ void DrawCheckBox(HDC deviceContext, const CRect& cell, bool ticked) {
 }  // namespace
 
 LRESULT CKivListHeader::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_PAINT) {
+    Paint();
+    return 0;
+  }
   const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
   if (message == HDM_LAYOUT && m_nHeight > 0) {
     const auto& layout = *reinterpret_cast<const HDLAYOUT*>(lParam);
@@ -67,52 +63,32 @@ LRESULT CKivListHeader::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
   return result;
 }
 
-BOOL CKivListHeader::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
-  if (message != WM_NOTIFY || reinterpret_cast<const NMHDR*>(lParam)->code != NM_CUSTOMDRAW) {
-    return CWnd::OnChildNotify(message, wParam, lParam, result);
-  }
-  const auto& draw = *reinterpret_cast<const NMCUSTOMDRAW*>(lParam);
-  switch (draw.dwDrawStage) {
-    case CDDS_PREPAINT:
-      *result = CDRF_NOTIFYITEMDRAW | CDRF_NOTIFYPOSTPAINT;
-      break;
-    case CDDS_ITEMPREPAINT:
-      DrawHeading(draw.hdc, static_cast<int>(draw.dwItemSpec), draw.rc);
-      *result = CDRF_SKIPDEFAULT;
-      break;
-    case CDDS_POSTPAINT:
-      FillBesideHeadings(draw.hdc);
-      *result = CDRF_DODEFAULT;
-      break;
-    default:
-      *result = CDRF_DODEFAULT;
-      break;
-  }
-  return TRUE;
-}
+void CKivListHeader::Paint() const {
+  const CPaintDC paint(this);
+  const HDC deviceContext = paint.Handle();
+  CRect all;
+  ::GetClientRect(m_hWnd, &all);
+  ::FillRect(deviceContext, &all, ::GetSysColorBrush(COLOR_BTNFACE));
+  CRect line = all;
+  line.top = line.bottom - 1;
+  ::FillRect(deviceContext, &line, ::GetSysColorBrush(COLOR_BTNSHADOW));
 
-void CKivListHeader::FillBesideHeadings(HDC deviceContext) const {
-  CRect rest;
-  ::GetClientRect(m_hWnd, &rest);
-  CRect last;
-  const int count = Header_GetItemCount(m_hWnd);
-  if (count > 0 && Header_GetItemRect(m_hWnd, count - 1, &last) != FALSE) {
-    rest.left = last.right;
-  }
-  ::FillRect(deviceContext, &rest, ::GetSysColorBrush(COLOR_BTNFACE));
-}
-
-void CKivListHeader::DrawHeading(HDC deviceContext, int column, const CRect& cell) const {
-  std::array<wchar_t, sizeof KIVLISTCTRLHEAD::szText> text{};
-  HDITEMW item{};
-  item.mask = HDI_TEXT;
-  item.pszText = text.data();
-  item.cchTextMax = static_cast<int>(text.size());
-  ::SendMessageW(m_hWnd, HDM_GETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&item));
-  ::FillRect(deviceContext, &cell, ::GetSysColorBrush(COLOR_BTNFACE));
+  const SelectedObject font(deviceContext,
+                            reinterpret_cast<HFONT>(::SendMessageW(m_hWnd, WM_GETFONT, 0, 0)));
   ::SetBkMode(deviceContext, TRANSPARENT);
   ::SetTextColor(deviceContext, ::GetSysColor(COLOR_BTNTEXT));
-  DrawCellText(deviceContext, cell, item.pszText);
+  for (int column = 0; column < Header_GetItemCount(m_hWnd); ++column) {
+    std::array<wchar_t, sizeof KIVLISTCTRLHEAD::szText> text{};
+    HDITEMW item{};
+    item.mask = HDI_TEXT;
+    item.pszText = text.data();
+    item.cchTextMax = static_cast<int>(text.size());
+    ::SendMessageW(m_hWnd, HDM_GETITEMW, static_cast<WPARAM>(column),
+                   reinterpret_cast<LPARAM>(&item));
+    CRect cell;
+    Header_GetItemRect(m_hWnd, column, &cell);
+    DrawCellText(deviceContext, cell, item.pszText);
+  }
 }
 
 void CKivListCtrl::SetRowHeight(int height) {

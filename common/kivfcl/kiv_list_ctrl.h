@@ -45,12 +45,9 @@ public:
 
 protected:
   LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
-  BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
 
 private:
-  /// Right of the last heading, where the list is wider than its columns.
-  void FillBesideHeadings(HDC deviceContext) const;
-  void DrawHeading(HDC deviceContext, int column, const CRect& cell) const;
+  void Paint() const;
 };
 
 /// Rows are drawn here, for the check boxes and for their height: the control needs the style
