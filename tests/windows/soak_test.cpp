@@ -77,8 +77,8 @@ TEST_P(Soak, LeavesNothingBehind) {
   EXPECT_EQ(CountResources(), before);
   EXPECT_EQ(owner.Answered() - answeredBefore, 2 * kOpenings) << "some dialog was never painted";
 
-  // A loss of 160 bytes an opening would show; that memory comes in pieces of 64 KiB, on both sides, does
-  // not. Whatever our own code allocates is counted exactly above.
+  // A loss of 160 bytes an opening would show; that memory comes in pieces of 64 KiB, on both
+  // sides, does not. Whatever our own code allocates is counted exactly above.
   constexpr std::size_t kTrend = std::size_t{160} * 2 * kOpenings;
   ASSERT_GT(bytesBefore, 0U);
   EXPECT_LE(bytesAfter, bytesBefore + lostByPlatform + kTrend);
