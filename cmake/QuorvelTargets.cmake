@@ -2,11 +2,13 @@
 
 option(QUORVEL_SANITIZE "Native build: address and undefined-behaviour sanitizers" OFF)
 option(QUORVEL_COVERAGE "Native build: count the lines that the tests reach" OFF)
+option(QUORVEL_FUZZ "Native build with clang: fuzzers, with the sanitizers" OFF)
 
 add_library(quorvel_options INTERFACE)
 # Two of GCC 12's warnings are wrong about the standard library's strings and about the thread
 # block at address 0 of its segment.
-target_compile_options(quorvel_options INTERFACE -Wall -Wextra -Wpedantic -Werror -Wno-restrict)
+target_compile_options(quorvel_options INTERFACE -Wall -Wextra -Wpedantic -Werror
+                                                 $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 target_include_directories(quorvel_options INTERFACE ${PROJECT_SOURCE_DIR}/common
                                                      ${PROJECT_SOURCE_DIR})
 if(WIN32)
@@ -26,22 +28,27 @@ elseif(QUORVEL_SANITIZE)
                                                    -fno-sanitize-recover=all -g)
   target_compile_definitions(quorvel_options INTERFACE _GLIBCXX_ASSERTIONS)
   target_link_options(quorvel_options INTERFACE -fsanitize=address,undefined)
+elseif(QUORVEL_FUZZ)
+  target_compile_options(quorvel_options INTERFACE -fsanitize=fuzzer-no-link,address,undefined
+                                                   -fno-sanitize-recover=all -g)
+  target_link_options(quorvel_options INTERFACE -fsanitize=address,undefined)
 elseif(QUORVEL_COVERAGE)
   target_compile_options(quorvel_options INTERFACE --coverage -O0 -g)
   target_link_options(quorvel_options INTERFACE --coverage)
 endif()
 
-# A library of the product. PORTABLE sources are window-free: natively they alone make a static
-# library of the same name; WINDOWS sources are added in the DLL.
+# A library of the product. PORTABLE sources are window-free: natively they make a static library of
+# the same name; WINDOWS sources are added in the DLL, NATIVE sources, which stand for the platform's
+# part where there is none, in the static library.
 function(quorvel_library name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "PORTABLE;WINDOWS;DEPENDS")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "PORTABLE;WINDOWS;NATIVE;DEPENDS")
   if(WIN32)
     add_library(${name} SHARED ${arg_PORTABLE} ${arg_WINDOWS})
     set_target_properties(${name} PROPERTIES PREFIX "" DEFINE_SYMBOL "")
     string(TOUPPER ${name} upper)
     target_compile_definitions(${name} PRIVATE ${upper}_BUILD)
   else()
-    add_library(${name} STATIC ${arg_PORTABLE})
+    add_library(${name} STATIC ${arg_PORTABLE} ${arg_NATIVE})
   endif()
   target_link_libraries(${name} PRIVATE $<BUILD_INTERFACE:quorvel_options> PUBLIC ${arg_DEPENDS})
   # The build's own targets see the sources' include folder; a host gets it from the package.

@@ -28,6 +28,10 @@ using COLORREF = DWORD;
 inline constexpr BOOL FALSE = 0;
 inline constexpr BOOL TRUE = 1;
 
+constexpr COLORREF RGB(BYTE red, BYTE green, BYTE blue) {
+  return static_cast<COLORREF>(red | (green << 8) | (blue << 16));
+}
+
 struct tagPOINT {
   LONG x;
   LONG y;
@@ -47,5 +51,28 @@ struct tagRECT {
   LONG bottom;
 };
 using RECT = tagRECT;
+
+inline constexpr int LF_FACESIZE = 32;
+
+struct tagLOGFONTA {
+  LONG lfHeight;
+  LONG lfWidth;
+  LONG lfEscapement;
+  LONG lfOrientation;
+  LONG lfWeight;
+  BYTE lfItalic;
+  BYTE lfUnderline;
+  BYTE lfStrikeOut;
+  BYTE lfCharSet;
+  BYTE lfOutPrecision;
+  BYTE lfClipPrecision;
+  BYTE lfQuality;
+  BYTE lfPitchAndFamily;
+  char lfFaceName[LF_FACESIZE];
+};
+using LOGFONTA = tagLOGFONTA;
+
+inline constexpr int FW_NORMAL = 400;
+inline constexpr BYTE SHIFTJIS_CHARSET = 128;
 
 #endif
