@@ -27,7 +27,14 @@ install(FILES common/framework/base_types.h common/framework/collections.h
               common/framework/cstring.h common/framework/errors.h
               common/framework/frame_export.h common/framework/geometry.h
         DESTINATION include/quorvel/framework)
-install(FILES common/kivdata/kivdata_export.h common/kivdata/sys_env.h
+install(FILES common/kivdata/kiv_font.h
+              common/kivdata/kiv_font_ex.h
+              common/kivdata/kivdata_export.h
+              common/kivdata/layout_cel_data.h
+              common/kivdata/layout_ex_page_data.h
+              common/kivdata/layout_page_data.h
+              common/kivdata/pen_status.h
+              common/kivdata/sys_env.h
         DESTINATION include/quorvel/kivdata)
 
 install(

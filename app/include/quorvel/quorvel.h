@@ -20,6 +20,12 @@
 #include "framework/collections.h"
 #include "framework/cstring.h"
 #include "framework/geometry.h"
+#include "kivdata/kiv_font.h"
+#include "kivdata/kiv_font_ex.h"
+#include "kivdata/layout_cel_data.h"
+#include "kivdata/layout_ex_page_data.h"
+#include "kivdata/layout_page_data.h"
+#include "kivdata/pen_status.h"
 #include "kivdata/sys_env.h"
 
 /// What the point entries return.

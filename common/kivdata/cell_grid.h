@@ -1,0 +1,158 @@
+// CellGrid: the cells of one grid, how they are merged, selected and ruled. It serves the grid page
+// and each block of the extended page.
+//
+//   CellGrid grid(2, 3);
+//   grid.At(0)->SetSelected(1);
+//   grid.At(1)->SetSelected(1);
+//   grid.Merge(0, 0);             // cell 0 is 1 x 2 now and covers cell 1
+#pragma once
+
+#include "framework/geometry.h"
+#include "kivdata/grid_lengths.h"
+#include "kivdata/grid_lines.h"
+#include "kivdata/layout_cel_data.h"
+
+#include <optional>
+#include <vector>
+
+namespace quorvel {
+
+/// A rectangle of grid positions.
+struct CellRange {
+  int row = 0;
+  int col = 0;
+  int rows = 0;
+  int cols = 0;
+
+  int EndRow() const { return row + rows; }
+  int EndCol() const { return col + cols; }
+  bool Contains(int atRow, int atCol) const {
+    return atRow >= row && atRow < EndRow() && atCol >= col && atCol < EndCol();
+  }
+};
+
+/// The merge sizes of one cell.
+struct MergeSize {
+  BYTE rows = 1;
+  BYTE cols = 1;
+};
+
+/// The switches of a run of cells: its outer edges and the lines between its cells.
+struct RunLines {
+  bool top = false;
+  bool innerHorizontal = false;
+  bool bottom = false;
+  bool left = false;
+  bool innerVertical = false;
+  bool right = false;
+};
+
+/// Cells lie row by row; a cell's index is row x columns + column. A bad index or position
+/// addresses no cell and is refused without effect.
+///
+/// Callers may set merge sizes cell by cell and so leave merges that are not sound. Every operation
+/// works on the sound ones alone and stays within the grid; those that change the shape, merge or
+/// split dissolve the others.
+class CellGrid {
+public:
+  static constexpr int kMostLines = 255;  ///< rows, and columns
+
+  CellGrid(int rows, int columns);
+  /// Takes over rows x columns cells.
+  CellGrid(int rows, int columns, std::vector<CLayoutCelData> cells);
+  CellGrid(const CellGrid&) = default;
+  CellGrid& operator=(const CellGrid&) = default;
+  CellGrid(CellGrid&&) = default;
+  /// Cells stay where they are if both grids have the same shape.
+  CellGrid& operator=(CellGrid&& other) noexcept;
+  ~CellGrid() = default;
+
+  int Rows() const { return m_rows; }
+  int Columns() const { return m_columns; }
+  int Size() const { return m_rows * m_columns; }
+  bool Has(int row, int col) const {
+    return row >= 0 && row < m_rows && col >= 0 && col < m_columns;
+  }
+  int IndexOf(int row, int col) const { return row * m_columns + col; }
+
+  /// Null where there is no such cell.
+  CLayoutCelData* At(int index);
+  const CLayoutCelData* At(int index) const;
+
+  // Shape. Texts, fonts and flags stay with their cells.
+
+  /// Keeps every cell that lies in both shapes and clips merges to the new one; `fresh` is what new
+  /// cells look like.
+  void Reshape(int rows, int columns, const CLayoutCelData& fresh);
+  /// A new line of cells before `at`, with the borders of the one that it displaces. A merge that
+  /// it cuts through grows by it.
+  void Insert(Direction direction, int at);
+  /// A merge that loses its first line moves its content to what is its top-left cell then.
+  void Delete(Direction direction, int at);
+
+  // Merges.
+
+  /// The sound merged blocks, by their top-left cells in index order.
+  std::vector<CellRange> Merges() const;
+  /// The merge sizes that the cells have when only sound merges count, by index.
+  std::vector<MergeSize> SoundSizes() const;
+  /// Whether all cells have those.
+  bool IsSound() const;
+  /// Merges the selected run whose top-left cell is (row, col); that cell stays selected. False
+  /// where no run of two or more cells is.
+  bool Merge(int row, int col, bool wholeSelection);
+  /// Deselects the cell and splits its block. False where the cell is not merged.
+  bool Split(int row, int col);
+
+  // Selection.
+
+  bool IsSelected() const;
+  /// The first selected cell that is not covered.
+  std::optional<CellRange> FirstSelected() const;
+  /// The solid rectangle of selected cells with this top-left cell, that touches no other selected
+  /// cell; in grid positions, but a single cell, merged or not, is 1 x 1. With `wholeSelection`
+  /// nothing else may be selected.
+  std::optional<CellRange> RunAt(int row, int col, bool wholeSelection) const;
+  bool IsMergePossible(bool wholeSelection) const;
+  bool IsSplitPossible() const;
+  /// For each row (column) whether a selected cell lies in it.
+  std::vector<bool> SelectedLines(Direction direction) const;
+
+  // Ruled lines.
+
+  /// Gives every selected run these lines, and the neighbours' facing edges with them.
+  void SetShowLine(const RunLines& lines);
+
+  // Rectangles.
+
+  /// The rectangle of a cell over its merged block, from the `table` of all positions' rectangles.
+  /// Empty for a covered cell and a bad index.
+  std::optional<CRect> RectOf(int index, const CRect* table) const;
+
+private:
+  struct Run {
+    CellRange range;  ///< in grid positions
+    int cells = 0;
+  };
+
+  const CLayoutCelData& Cell(int row, int col) const;
+  CLayoutCelData& Cell(int row, int col);
+  bool IsCovered(int row, int col) const { return Cell(row, col).GetRowMeargeSize() < 1; }
+  CellRange BlockAt(int row, int col) const;
+  std::optional<CellRange> OwnerOf(int row, int col) const;
+  bool IsInSelection(int row, int col) const;
+  std::optional<Run> FindRun(int row, int col) const;
+  bool FillsSelected(Run& run) const;
+  bool TouchesSelection(const CellRange& range) const;
+  bool IsWholeSelection(const CellRange& range) const;
+
+  void SetMerges(const std::vector<CellRange>& merges);
+  GridLines Lines() const;
+  void SetLines(const GridLines& lines, const std::vector<CellRange>& merges);
+
+  int m_rows;
+  int m_columns;
+  std::vector<CLayoutCelData> m_cells;
+};
+
+}  // namespace quorvel

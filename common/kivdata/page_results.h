@@ -1,0 +1,54 @@
+// What the two page classes have in common in giving their answers to hosts.
+#pragma once
+
+#include "kivdata/page_models.h"
+
+#include <optional>
+
+namespace quorvel {
+
+/// Stores the size of a run of selected cells, 0 and 0 where there is none; whether there is one.
+/// Each pointer may be null.
+inline int TellCount(const std::optional<CellRange>& run, BYTE* rows, BYTE* cols) {
+  if (rows != nullptr) {
+    *rows = static_cast<BYTE>(run ? run->rows : 0);
+  }
+  if (cols != nullptr) {
+    *cols = static_cast<BYTE>(run ? run->cols : 0);
+  }
+  return run ? 1 : 0;
+}
+
+/// Stores the place of a cell; whether there is one. Each pointer may be null, and nothing is
+/// stored where there is no cell.
+inline int TellPosition(const std::optional<CellRange>& cell, int* row, int* col) {
+  if (cell && row != nullptr) {
+    *row = cell->row;
+  }
+  if (cell && col != nullptr) {
+    *col = cell->col;
+  }
+  return cell ? 1 : 0;
+}
+
+/// Stores the rectangle of a cell, its row and its column; whether there is one. Each pointer may
+/// be null.
+inline int TellRect(const std::optional<CRect>& found, CRect* rect,
+                    const std::optional<CellRange>& cell, int* row, int* col) {
+  if (!found) {
+    return 0;
+  }
+  if (rect != nullptr) {
+    *rect = *found;
+  }
+  return TellPosition(cell, row, col);
+}
+
+/// Takes over a line style that can be drawn.
+inline void SetPen(PEN_STATUS& pen, const PEN_STATUS* status) {
+  if (status != nullptr && IsGoodPen(*status)) {
+    pen = *status;
+  }
+}
+
+}  // namespace quorvel
