@@ -35,6 +35,7 @@ install(FILES common/kivdata/kiv_font.h
               common/kivdata/layout_page_data.h
               common/kivdata/pen_status.h
               common/kivdata/sys_env.h
+              common/kivdata/val_info_one_data.h
         DESTINATION include/quorvel/kivdata)
 
 install(

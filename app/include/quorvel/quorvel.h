@@ -27,6 +27,7 @@
 #include "kivdata/layout_page_data.h"
 #include "kivdata/pen_status.h"
 #include "kivdata/sys_env.h"
+#include "kivdata/val_info_one_data.h"
 
 /// What the point entries return.
 enum : INT_PTR {
