@@ -1,0 +1,82 @@
+// write_seeds FOLDER
+// Writes what the fuzzers begin with: for each parser a folder of inputs that the model itself
+// wrote, so that they are accepted. The status is 0 only if every file was written.
+#include "kivdata/val_info_one_data.h"
+
+#include <array>
+#include <cstdio>
+#include <exception>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace {
+
+/// A folder for the seeds of one parser, made where there is none.
+class SeedFolder {
+public:
+  explicit SeedFolder(std::filesystem::path folder) : m_folder(std::move(folder)) {
+    std::filesystem::create_directories(m_folder);
+  }
+
+  /// Writes one seed. Throws std::ios_base::failure where it cannot.
+  void Write(const std::string& name, std::string_view bytes) const {
+    std::ofstream file;
+    file.exceptions(std::ios::failbit | std::ios::badbit);
+    file.open(m_folder / name, std::ios::binary | std::ios::trunc);
+    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    file.close();
+  }
+
+private:
+  std::filesystem::path m_folder;
+};
+
+void WriteFieldMacros(const std::filesystem::path& top) {
+  const SeedFolder folder(top / "field_macro");
+  CKivValInfoOneData info;
+  folder.Write("empty", info.GetMacroString("").View());
+
+  info.SetFieldName("count");
+  info.SetFindValue("10");
+  info.SetRefField("price");
+  for (unsigned int valType = 200; valType <= 212; ++valType) {
+    info.SetValType(valType);
+    info.SetFindType(static_cast<unsigned char>(valType % 7));
+    info.SetBeam(static_cast<unsigned char>(valType % 11));
+    info.SetUseDesimalPointBeam(static_cast<int>(valType % 2));
+    info.SetUse3Figures(static_cast<int>(valType % 3));
+    folder.Write("type" + std::to_string(valType), info.GetMacroString("total").View());
+  }
+
+  info.SetFindType(255);
+  info.SetBeam(255);
+  info.SetUse3Figures(-1);
+  // Quotes, other syntax, a two-byte character that ends with a backslash, half a character.
+  const std::array texts{"\"", "\"\"", "\" ref=\"", "<M>3 NAME</M>\r\n%s\\", "\x83\x5C", "\x83"};
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    info.SetFieldName(texts.at(i));
+    info.SetFindValue(texts.at((i + 1) % texts.size()));
+    info.SetRefField(texts.at((i + 2) % texts.size()));
+    folder.Write("text" + std::to_string(i), info.GetMacroString(texts.at(i)).View());
+  }
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  if (count != 2) {
+    std::fputs("usage: write_seeds FOLDER\n", stderr);
+    return 2;
+  }
+  try {
+    const std::filesystem::path top(arguments[1]);
+    WriteFieldMacros(top);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "write_seeds: %s\n", error.what());
+    return 1;
+  }
+  return 0;
+}
