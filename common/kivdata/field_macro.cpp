@@ -3,7 +3,6 @@
 #include <array>
 #include <charconv>
 #include <cstddef>
-#include <system_error>
 #include <utility>
 
 namespace quorvel {
@@ -64,11 +63,13 @@ public:
     return true;
   }
 
-  /// A number in its one accepted spelling: no plus sign, no leading zeros, no -0.
+  /// A number in its one accepted spelling, that in which it is written. `number` has to be 0.
   template <class Number>
   bool ReadNumber(Number& number) {
-    const auto [end, error] = std::from_chars(m_rest.data(), m_rest.data() + m_rest.size(), number);
-    return error == std::errc() && Skip(std::to_string(number)) && m_rest.data() == end;
+    // Out of range or no number: stays 0. Other digits, as in 007, are left for what comes next,
+    // which never begins with a digit.
+    std::from_chars(m_rest.data(), m_rest.data() + m_rest.size(), number);
+    return Skip(std::to_string(number));
   }
 
   bool ReadQuoted(std::string& value) {
