@@ -29,6 +29,7 @@ install(FILES common/framework/base_types.h common/framework/collections.h
         DESTINATION include/quorvel/framework)
 install(FILES common/kivdata/kiv_font.h
               common/kivdata/kiv_font_ex.h
+              common/kivdata/kiv_registry.h
               common/kivdata/kivdata_export.h
               common/kivdata/layout_cel_data.h
               common/kivdata/layout_ex_page_data.h

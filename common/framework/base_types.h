@@ -75,4 +75,7 @@ using LOGFONTA = tagLOGFONTA;
 inline constexpr int FW_NORMAL = 400;
 inline constexpr BYTE SHIFTJIS_CHARSET = 128;
 
+inline constexpr DWORD REG_BINARY = 3;
+inline constexpr DWORD REG_DWORD = 4;
+
 #endif
