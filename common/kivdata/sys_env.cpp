@@ -86,6 +86,8 @@ int CKivSysEnv::SaveCstColor(const CArray<COLORREF, COLORREF>& colors) {
   });
 }
 
+// Callers ask the environment for it, as given.
+// NOLINTNEXTLINE(readability-convert-member-functions-to-static)
 LOGFONTA CKivSysEnv::GetCtrlFont() const {
   LOGFONTA font{};
   font.lfHeight = kCtrlFontHeight;

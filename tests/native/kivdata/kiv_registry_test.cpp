@@ -134,6 +134,7 @@ TEST_F(KivRegistry, BytesOfAnySizeAreReadUpToABound) {
   EXPECT_EQ(LoadBinaryValue(m_registry, "Palette", 3), bytes);
   EXPECT_EQ(LoadBinaryValue(m_registry, "Palette", 2), std::nullopt);
   EXPECT_EQ(LoadBinaryValue(m_registry, "", 8), std::nullopt);
+  EXPECT_EQ(LoadBinaryValue(m_registry, nullptr, 8), std::nullopt);
   ASSERT_NE(m_registry.WriteRegistry("Palette", REG_DWORD, bytes.data(), 3), 0);
   EXPECT_EQ(LoadBinaryValue(m_registry, "Palette", 8), std::nullopt);
 }

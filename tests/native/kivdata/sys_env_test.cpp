@@ -179,13 +179,13 @@ TEST_F(KivSysEnv, StoresThePaletteAsABinaryValueOfItsSection) {
 }
 
 TEST_F(KivSysEnv, AStoredValueThatIsNoPaletteCountsAsNone) {
-  const std::vector<BYTE> bytes(4 * 4097);
+  const std::vector<BYTE> bytes(16'388);  // 4,097 entries
   CKivRegistry registry = m_env.GetRegistry("MadeColors");
   ASSERT_NE(registry.WriteRegistry("Palette", REG_DWORD, bytes.data(), 4), 0);
   EXPECT_EQ(Opened(), DefaultPalette());
   ASSERT_NE(registry.WriteRegistry("Palette", REG_BINARY, bytes.data(), 6), 0);
   EXPECT_EQ(Opened(), DefaultPalette());
-  ASSERT_NE(registry.WriteRegistry("Palette", REG_BINARY, bytes.data(), 4 * 4097), 0);
+  ASSERT_NE(registry.WriteRegistry("Palette", REG_BINARY, bytes.data(), 16'388), 0);
   EXPECT_EQ(Opened(), DefaultPalette());
 
   const COLORREF made = 5;

@@ -65,7 +65,7 @@ protected:
   static std::uint32_t Read(const CKivRegistry& registry, const char* name) {
     std::uint32_t value = kUntouched;
     const int read = registry.ReadRegistry(name, &value, sizeof value);
-    EXPECT_EQ(read != 0, value != kUntouched) << name;
+    EXPECT_EQ(read != 0, value != kUntouched);
     return value;
   }
   static int Write(CKivRegistry registry, const char* name, std::uint32_t value) {
@@ -193,6 +193,41 @@ TEST_F(KivRegistry, WhatTheRegistryRefusesReturnsZero) {
   EXPECT_EQ(env.SaveCstColor(colors), 0);
   EXPECT_EQ(env.OpenCstColor(colors), 0) << "a failure is not the default palette";
   EXPECT_TRUE(colors.IsEmpty());
+}
+
+/// Handles in use among the smallest values, which new handles take first.
+int OpenHandles() {
+  int count = 0;
+  for (ULONG_PTR value = 4; value < 0x4000; value += 4) {
+    DWORD flags = 0;
+    count += ::GetHandleInformation(reinterpret_cast<HANDLE>(value), &flags) != FALSE ? 1 : 0;
+  }
+  return count;
+}
+
+TEST_F(KivRegistry, NoCallLeavesAHandleBehind) {
+  const CKivRegistry registry(Below("LayoutEdit"));
+  ASSERT_NE(Write(registry, "TextColor", 1), 0);
+  const int before = OpenHandles();
+  ASSERT_GT(before, 0);
+  for (int i = 0; i < 100; ++i) {
+    EXPECT_NE(Write(registry, "TextColor", 2), 0);
+    EXPECT_EQ(Read(registry, "TextColor"), 2U);
+    EXPECT_EQ(Read(registry, "BackColor"), kUntouched);
+  }
+  EXPECT_LT(OpenHandles(), before + 50) << "the system's own may come and go, not one each time";
+}
+
+TEST_F(KivRegistry, RefusesWhatNamesNoValueOrHasNoData) {
+  CKivRegistry registry(Below("LayoutEdit"));
+  EXPECT_EQ(Write(registry, nullptr, 1), 0);
+  EXPECT_EQ(Write(registry, "", 1), 0);
+  EXPECT_EQ(registry.WriteRegistry("TextColor", REG_BINARY, nullptr, 4), 0);
+  EXPECT_FALSE(Exists(""));
+  EXPECT_EQ(Read(registry, nullptr), kUntouched);
+  EXPECT_EQ(Read(registry, ""), kUntouched);
+  ASSERT_NE(Write(registry, "TextColor", 1), 0);
+  EXPECT_EQ(registry.ReadRegistry("TextColor", nullptr, 4), 0);
 }
 
 TEST_F(KivRegistry, AnEmptyKeyHoldsNothing) {
