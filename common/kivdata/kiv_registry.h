@@ -1,8 +1,8 @@
 // CKivRegistry: the values that one registry key holds for the dialogs.
 //
 //   CKivRegistry registry = env.GetRegistry("LayoutEdit");
-//   registry.ReadRegistry("TextColor", &color, sizeof color);   // keeps color where nothing is
-//   stored registry.WriteRegistry("TextColor", REG_BINARY, &color, sizeof color);
+//   registry.ReadRegistry("TextColor", &color, sizeof color);   // color stays where nothing is stored
+//   registry.WriteRegistry("TextColor", REG_BINARY, &color, sizeof color);
 #pragma once
 
 #include "framework/base_types.h"
