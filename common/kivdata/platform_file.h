@@ -52,7 +52,9 @@ void RemoveFile(const std::filesystem::path& path);
 /// A number that no other running process has.
 unsigned long OwnProcessNumber();
 
-/// The path that a host's text means: in code page 932 on Windows, as it is elsewhere.
+/// The path that a host's text means: in code page 932 on Windows, as it is elsewhere. Of wide
+/// characters, which are Unicode, natively in 32 bits, throws where they are none.
 std::filesystem::path PathFromText(const char* path);
+std::filesystem::path PathFromText(const wchar_t* path);
 
 }  // namespace quorvel

@@ -6,6 +6,8 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <string>
+#include <string_view>
 
 namespace quorvel {
 
@@ -74,6 +76,12 @@ unsigned long OwnProcessNumber() {
 
 std::filesystem::path PathFromText(const char* path) {
   return path;
+}
+
+std::filesystem::path PathFromText(const wchar_t* path) {
+  // By way of 32-bit characters, for which the conversion does not depend on the locale.
+  const std::wstring_view text(path);
+  return std::u32string(text.begin(), text.end());
 }
 
 }  // namespace quorvel

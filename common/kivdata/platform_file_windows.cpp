@@ -91,4 +91,6 @@ std::filesystem::path PathFromText(const char* path) {
   return WideFromCodePage(path);
 }
 
+std::filesystem::path PathFromText(const wchar_t* path) { return path; }
+
 }  // namespace quorvel

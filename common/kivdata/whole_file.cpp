@@ -95,7 +95,7 @@ std::filesystem::path PathOfHost(const char* path) noexcept {
 
 std::filesystem::path PathOfHost(const wchar_t* path) noexcept {
   try {
-    return path == nullptr ? std::filesystem::path() : path;
+    return path == nullptr ? std::filesystem::path() : PathFromText(path);
   } catch (const std::exception&) {
     return {};
   }

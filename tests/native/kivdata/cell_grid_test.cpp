@@ -40,9 +40,10 @@ TEST(CellGridMerge, MakesOneBlockOfTheSelection) {
   Letter(grid);
   SelectOnly(grid, {1, 1, 2, 3});
   EXPECT_TRUE(grid.Merge(1, 1, true));
-  EXPECT_EQ(MergePicture(grid), "....\n"
-                                ".aaa\n"
-                                ".aaa\n");
+  EXPECT_EQ(MergePicture(grid),
+            "....\n"
+            ".aaa\n"
+            ".aaa\n");
   EXPECT_EQ(grid.At(5)->GetSelected(), 1) << "the top-left cell stays selected";
   EXPECT_EQ(grid.At(6)->GetSelected(), 0);
   EXPECT_EQ(grid.At(11)->GetSelected(), 0);

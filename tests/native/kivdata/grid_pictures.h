@@ -12,8 +12,8 @@
 
 namespace quorvel::test {
 
-/// Each block has a letter of its own, in index order; a single cell is a point; a covered cell that
-/// no block covers is a question mark.
+/// Each block has a letter of its own, in index order; a single cell is a point; a covered cell
+/// that no block covers is a question mark.
 inline std::string MergePicture(const CellGrid& grid) {
   std::string cells(static_cast<std::size_t>(grid.Size()), '?');
   char letter = 'a';
