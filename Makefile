@@ -1,6 +1,6 @@
 # `make demo` and `make test` are all that a newcomer needs; each target installs the Debian
 # packages that it lacks.
-.PHONY: demo test dist bench coverage lint pictures clean
+.PHONY: demo test fuzz dist bench coverage lint pictures clean
 
 BUILD_PACKAGES := cmake ninja-build g++ g++-mingw-w64-x86-64-posix mingw-w64-tools googletest
 RUN_PACKAGES := wine wine64 xvfb openbox fonts-ipafont locales-all
@@ -9,6 +9,7 @@ CMAKE := cmake -G Ninja -DCMAKE_BUILD_TYPE=Release
 WINDOWS := build/windows
 NATIVE := build/native
 COVERAGE := build/coverage
+FUZZ := build/fuzz
 SESSION := tools/wine-session
 TOUR := build/demo
 
@@ -44,8 +45,29 @@ else
 endif
 
 test: native windows run-packages
+	@$(MAKE) --no-print-directory -j3 fuzz
 	@ctest --test-dir $(NATIVE) --output-on-failure
 	@$(SESSION) --virtual ctest --test-dir $(WINDOWS) --output-on-failure
+
+# Each parser against inputs that nobody thought of, for so many seconds each: `make fuzz SECONDS=7200`.
+# The seeds are made anew; inputs that found new ways stay in build/fuzz/found, a failing one in
+# build/fuzz/failed.
+SECONDS := 60
+FUZZERS := ex_page_file field_macro grid_page_file
+.PHONY: fuzzers $(addprefix fuzz-,$(FUZZERS))
+fuzzers: build-packages | build
+	@tools/install-packages clang libclang-rt-14-dev
+	@$(CMAKE) -S . -B $(FUZZ) -DCMAKE_CXX_COMPILER=clang++ -DQUORVEL_FUZZ=ON >$(FUZZ).log \
+	  || { cat $(FUZZ).log; exit 1; }
+	@cmake --build $(FUZZ) --target write_seeds $(addsuffix _fuzz,$(FUZZERS))
+	@$(FUZZ)/bin/write_seeds $(FUZZ)/seeds
+fuzz: $(addprefix fuzz-,$(FUZZERS))
+$(addprefix fuzz-,$(FUZZERS)): fuzz-%: fuzzers
+	@mkdir -p $(FUZZ)/found/$* $(FUZZ)/failed
+	@$(FUZZ)/bin/$*_fuzz -max_total_time=$(SECONDS) -print_final_stats=1 -malloc_limit_mb=64 \
+	  -artifact_prefix=$(FUZZ)/failed/$*- $(FUZZ)/found/$* $(FUZZ)/seeds/$* >$(FUZZ)/$*.log 2>&1 \
+	  || { tail -n 40 $(FUZZ)/$*.log; exit 1; }
+	@echo "fuzz: $*: $$(sed -n 's/^stat::number_of_executed_units: *//p' $(FUZZ)/$*.log) executions, nothing found"
 
 # What a host builds against and ships with, in dist/.
 dist: configure-windows

@@ -1,6 +1,8 @@
 // write_seeds FOLDER
 // Writes what the fuzzers begin with: for each parser a folder of inputs that the model itself
 // wrote, so that they are accepted. The status is 0 only if every file was written.
+#include "kivdata/layout_ex_page_data.h"
+#include "kivdata/layout_page_data.h"
 #include "kivdata/val_info_one_data.h"
 
 #include <array>
@@ -8,6 +10,7 @@
 #include <exception>
 #include <filesystem>
 #include <fstream>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -19,6 +22,14 @@ class SeedFolder {
 public:
   explicit SeedFolder(std::filesystem::path folder) : m_folder(std::move(folder)) {
     std::filesystem::create_directories(m_folder);
+  }
+
+  /// Writes one page as a layout file. Throws std::runtime_error where it cannot.
+  template <class Page>
+  void WritePage(const std::string& name, const Page& page) const {
+    if (page.SaveFile((m_folder / name).string().c_str()) == 0) {
+      throw std::runtime_error("cannot write " + name);
+    }
   }
 
   /// Writes one seed. Throws std::ios_base::failure where it cannot.
@@ -64,6 +75,39 @@ void WriteFieldMacros(const std::filesystem::path& top) {
   }
 }
 
+void WriteGridPages(const std::filesystem::path& top) {
+  const SeedFolder folder(top / "grid_page_file");
+  CLayoutPageData page;
+  folder.WritePage("smallest", page);
+  page.DividePage(2, 3, 8);
+  page.SetType(1);
+  page.SetByEdgeOutLine(1);
+  page.GetCelAt(0)->SetText("text");
+  page.GetCelAt(1)->SetText("\x83\x5C");
+  folder.WritePage("texts", page);
+  for (const int selected : {1, 2, 4, 5}) {
+    page.GetCelAt(selected)->SetSelected(1);
+  }
+  page.MeargeCel(0, 1);
+  folder.WritePage("merged", page);
+}
+
+void WriteExPages(const std::filesystem::path& top) {
+  const SeedFolder folder(top / "ex_page_file");
+  using ListType = CLayoutExPageData::LISTTYPE;
+  CLayoutExPageData page;
+  folder.WritePage("smallest", page);
+  page.DividePage(ListType(2), 0, 1, 8);
+  page.SetAllLengthCol(12.3F, 1);
+  folder.WritePage("no_footer", page);
+  page.DividePage(ListType(1), 2, 2, 8);
+  page.GetCelAt(ListType(1), 0)->SetSelected(1);
+  page.SetShowLine(ListType(1), 0, 0, 0, 0, 0, 0);
+  page.GetCelAt(ListType(1), 2)->SetSelected(1);
+  page.MeargeCel(ListType(1), 0, 0);
+  folder.WritePage("merged", page);
+}
+
 }  // namespace
 
 int main(int count, char** arguments) {
@@ -73,7 +117,9 @@ int main(int count, char** arguments) {
   }
   try {
     const std::filesystem::path top(arguments[1]);
+    WriteExPages(top);
     WriteFieldMacros(top);
+    WriteGridPages(top);
   } catch (const std::exception& error) {
     std::fprintf(stderr, "write_seeds: %s\n", error.what());
     return 1;
