@@ -10,12 +10,13 @@
 int main(int argc, char** argv) {
   using namespace quorvel::bench;
   constexpr int kRuns = 200;
+  constexpr int kRunsOfPages = 8;  // one for so many of the others
   quorvel::driver::InstallCrashGuard();
   try {
     const int runs = argc > 2 ? std::atoi(argv[2]) : kRuns;
     std::vector<Row> rows = InputDialogs(runs);
-    for (const Row& row : ProductSize()) {
-      rows.push_back(row);
+    for (const std::vector<Row>& family : {PageModel(runs / kRunsOfPages), ProductSize()}) {
+      rows.insert(rows.end(), family.begin(), family.end());
     }
     PrintTable(rows);
     if (argc > 1) {

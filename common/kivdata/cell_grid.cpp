@@ -220,22 +220,6 @@ CellGrid& CellGrid::operator=(CellGrid&& other) noexcept {
   return *this;
 }
 
-CLayoutCelData* CellGrid::At(int index) {
-  return index >= 0 && index < Size() ? &m_cells[static_cast<std::size_t>(index)] : nullptr;
-}
-
-const CLayoutCelData* CellGrid::At(int index) const {
-  return index >= 0 && index < Size() ? &m_cells[static_cast<std::size_t>(index)] : nullptr;
-}
-
-const CLayoutCelData& CellGrid::Cell(int row, int col) const {
-  return m_cells[static_cast<std::size_t>(IndexOf(row, col))];
-}
-
-CLayoutCelData& CellGrid::Cell(int row, int col) {
-  return m_cells[static_cast<std::size_t>(IndexOf(row, col))];
-}
-
 // Shape.
 
 void CellGrid::Reshape(int rows, int columns, const CLayoutCelData& fresh) {
@@ -738,14 +722,15 @@ void CellGrid::SetShowLine(const RunLines& shown) {
 
 // Rectangles.
 
-std::optional<CRect> CellGrid::RectOf(int index, const CRect* table) const {
-  if (At(index) == nullptr || IsCovered(index / m_columns, index % m_columns)) {
-    return std::nullopt;
+bool CellGrid::BlockRectOf(int index, const CRect* table, CRect& rect) const {
+  if (!HasIndex(index) || IsCovered(index / m_columns, index % m_columns)) {
+    return false;
   }
   const CellRange block = BlockAt(index / m_columns, index % m_columns);
   const CRect& first = table[index];
   const CRect& last = table[IndexOf(block.EndRow() - 1, block.EndCol() - 1)];
-  return CRect(first.left, first.top, last.right, last.bottom);
+  rect = CRect(first.left, first.top, last.right, last.bottom);
+  return true;
 }
 
 }  // namespace quorvel

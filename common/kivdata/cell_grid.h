@@ -12,6 +12,7 @@
 #include "kivdata/grid_lines.h"
 #include "kivdata/layout_cel_data.h"
 
+#include <cstddef>
 #include <optional>
 #include <vector>
 
@@ -50,9 +51,9 @@ struct RunLines {
 /// Cells lie row by row; a cell's index is row x columns + column. A bad index or position
 /// addresses no cell and is refused without effect.
 ///
-/// Callers may set merge sizes cell by cell and so leave merges that are not sound. Every operation
-/// works on the sound ones alone and stays within the grid; those that change the shape, merge or
-/// split dissolve the others.
+/// Callers may set merge sizes cell by cell and so leave merges that are not sound. Those that change
+/// the shape, merge, split or rule lines count only the sound ones and dissolve the others; what only
+/// looks takes the sizes as they are, cut at the grid's edge, and finds no run in blocks that overlap.
 class CellGrid {
 public:
   static constexpr int kMostLines = 255;  ///< rows, and columns
@@ -76,8 +77,10 @@ public:
   int IndexOf(int row, int col) const { return row * m_columns + col; }
 
   /// Null where there is no such cell.
-  CLayoutCelData* At(int index);
-  const CLayoutCelData* At(int index) const;
+  CLayoutCelData* At(int index) { return HasIndex(index) ? m_cells.data() + index : nullptr; }
+  const CLayoutCelData* At(int index) const {
+    return HasIndex(index) ? m_cells.data() + index : nullptr;
+  }
 
   // Shape. Texts, fonts and flags stay with their cells.
 
@@ -125,9 +128,16 @@ public:
 
   // Rectangles.
 
-  /// The rectangle of a cell over its merged block, from the `table` of all positions' rectangles.
-  /// Empty for a covered cell and a bad index.
-  std::optional<CRect> RectOf(int index, const CRect* table) const;
+  /// Stores the rectangle of a cell over its merged block, from the `table` of all positions'
+  /// rectangles. False, and nothing stored, for a covered cell and a bad index.
+  bool RectOf(int index, const CRect* table, CRect& rect) const {
+    const CLayoutCelData* const cell = At(index);
+    if (cell != nullptr && cell->GetRowMeargeSize() == 1 && cell->GetColMeargeSize() == 1) {
+      rect = table[index];  // most cells; a page is painted by asking for each of them
+      return true;
+    }
+    return BlockRectOf(index, table, rect);
+  }
 
 private:
   struct Run {
@@ -135,8 +145,14 @@ private:
     int cells = 0;
   };
 
-  const CLayoutCelData& Cell(int row, int col) const;
-  CLayoutCelData& Cell(int row, int col);
+  bool HasIndex(int index) const { return index >= 0 && index < Size(); }
+  const CLayoutCelData& Cell(int row, int col) const {
+    return m_cells[static_cast<std::size_t>(IndexOf(row, col))];
+  }
+  CLayoutCelData& Cell(int row, int col) {
+    return m_cells[static_cast<std::size_t>(IndexOf(row, col))];
+  }
+  bool BlockRectOf(int index, const CRect* table, CRect& rect) const;
   bool IsCovered(int row, int col) const { return Cell(row, col).GetRowMeargeSize() < 1; }
   CellRange BlockAt(int row, int col) const;
   std::optional<CellRange> OwnerOf(int row, int col) const;

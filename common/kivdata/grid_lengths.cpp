@@ -15,6 +15,14 @@ double Sum(const std::vector<double>& values) {
   return std::accumulate(values.begin(), values.end(), 0.0);
 }
 
+/// As a caller of that precision adds them up, from the first to the last.
+double PlainSum(const std::vector<double>& values, GridLengths::Precision precision) {
+  return precision == GridLengths::Precision::kSingle
+             ? std::accumulate(values.begin(), values.end(), 0.0F,
+                               [](float sum, double value) { return sum + static_cast<float>(value); })
+             : Sum(values);
+}
+
 bool IsLength(double length) {
   return length >= 0 && length <= GridLengths::kLongest;
 }
@@ -84,9 +92,10 @@ bool GridLengths::SetTotal(double total, bool equal) {
     return false;
   }
   const double rounded = Rounded(total);
+  const bool isPresent = rounded == Sum(m_lengths) && rounded == PlainSum(m_lengths, m_precision);
   if (equal || Sum(m_lengths) == 0) {
     m_lengths = Spread(rounded, std::vector<double>(m_lengths.size(), 1.0));
-  } else if (rounded != Total()) {
+  } else if (!isPresent) {
     m_lengths = Spread(rounded, m_lengths);
   }
   return true;

@@ -37,7 +37,7 @@ public:
 
   double Total() const;
   /// Spreads a new total over all lengths, in proportion to what they are (equally when `equal` is
-  /// set or they sum to 0), so that they sum to exactly the total.
+  /// set or they sum to 0), so that they sum to exactly the total. Lengths that do so already stay.
   bool SetTotal(double total, bool equal);
 
   /// Cuts the last lengths off or appends some of the average length of those that stood.

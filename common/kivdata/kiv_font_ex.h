@@ -30,7 +30,8 @@ public:
   void SetVPos(BYTE position);
 
 private:
-  COLORREF m_backColor = RGB(255, 255, 255);
+  // In this order they fit behind the base's last byte; a page has tens of thousands of them.
   BYTE m_hPos = 0;
   BYTE m_vPos = 0;
+  COLORREF m_backColor = RGB(255, 255, 255);
 };

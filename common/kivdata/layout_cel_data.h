@@ -10,9 +10,9 @@
 
 #include <string_view>
 
-/// Cells belong to their page. A pointer to a cell is valid until the page is divided anew, rows or
-/// columns are inserted or deleted, or the page is destroyed; the page keeps the cells where they
-/// are in everything else.
+/// Cells belong to their page. A pointer to a cell is valid while the grid in which it lies keeps its
+/// shape: until the page is divided anew, rows or columns are inserted or deleted, a page of another
+/// shape is opened or assigned, or the page is destroyed.
 class KIVDATA_API CLayoutCelData {
 public:
   /// The text, code page 932.

@@ -295,6 +295,15 @@ void CLayoutExPageData::InitCelRect(LISTTYPE block, const CRect* area, CRect* ta
 
 int CLayoutExPageData::GetCelRect(LISTTYPE block, CRect* rect, const CRect* table, int index,
                                   int* row, int* col) const {
-  return quorvel::TellRect(m_model->sheet.CellRect(block, table, index), rect,
-                           m_model->sheet.PositionOf(index, GetNumRow(block)), row, col);
+  if (rect == nullptr) {
+    CRect notWanted;
+    return GetCelRect(block, &notWanted, table, index, row, col);
+  }
+  if (!m_model->sheet.CellRect(block, table, index, *rect)) {
+    return 0;
+  }
+  if (row != nullptr || col != nullptr) {
+    GetRowColFromIndex(index, row, col);
+  }
+  return 1;
 }

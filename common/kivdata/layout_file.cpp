@@ -346,9 +346,10 @@ std::optional<CellGrid> GetCells(Reader section, int rows, int columns) {
   if (section.Left() < count * kCellSize) {
     return std::nullopt;  // before memory is taken for cells that are not there
   }
-  std::vector<CLayoutCelData> cells(count);
-  for (CLayoutCelData& cell : cells) {
-    if (!GetCell(section, cell)) {
+  std::vector<CLayoutCelData> cells;
+  cells.reserve(count);
+  for (std::size_t index = 0; index < count; ++index) {
+    if (!GetCell(section, cells.emplace_back())) {
       return std::nullopt;
     }
   }

@@ -218,6 +218,15 @@ void CLayoutPageData::InitCelRect(const CRect* area, CRect* table) const {
 
 int CLayoutPageData::GetCelRect(CRect* rect, const CRect* table, int index, int* row,
                                 int* col) const {
-  return quorvel::TellRect(m_model->sheet.CellRect(kGrid, table, index), rect,
-                           m_model->sheet.PositionOf(index, GetNumRow()), row, col);
+  if (rect == nullptr) {
+    CRect notWanted;
+    return GetCelRect(&notWanted, table, index, row, col);
+  }
+  if (!m_model->sheet.CellRect(kGrid, table, index, *rect)) {
+    return 0;
+  }
+  if (row != nullptr || col != nullptr) {
+    GetRowColFromIndex(index, row, col);
+  }
+  return 1;
 }

@@ -44,16 +44,6 @@ LayoutSheet& LayoutSheet::operator=(LayoutSheet&& other) noexcept {
   return *this;
 }
 
-LayoutSheet::Block* LayoutSheet::Find(int block) {
-  const bool exists = block >= 0 && block < static_cast<int>(m_blocks.size());
-  return exists ? &m_blocks[static_cast<std::size_t>(block)] : nullptr;
-}
-
-const LayoutSheet::Block* LayoutSheet::Find(int block) const {
-  const bool exists = block >= 0 && block < static_cast<int>(m_blocks.size());
-  return exists ? &m_blocks[static_cast<std::size_t>(block)] : nullptr;
-}
-
 // Lengths.
 
 BYTE LayoutSheet::NumRow(int block) const {
@@ -280,14 +270,6 @@ void LayoutSheet::InitRects(int block, const CRect* area, CRect* table) const {
       *rect++ = CRect(xs[col], ys[row], xs[col + 1], ys[row + 1]);
     }
   }
-}
-
-std::optional<CRect> LayoutSheet::CellRect(int block, const CRect* table, int index) const {
-  const Block* const found = Find(block);
-  if (found == nullptr || table == nullptr) {
-    return std::nullopt;
-  }
-  return found->cells.RectOf(index, table);
 }
 
 }  // namespace quorvel

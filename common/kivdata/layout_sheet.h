@@ -95,12 +95,22 @@ public:
   /// Fills `table` (rows x columns entries) with the rectangle of every position, the block being
   /// mapped onto `area`.
   void InitRects(int block, const CRect* area, CRect* table) const;
-  /// The rectangle of a cell over its merged block.
-  std::optional<CRect> CellRect(int block, const CRect* table, int index) const;
+  /// Stores the rectangle of a cell over its merged block; false where it has none.
+  bool CellRect(int block, const CRect* table, int index, CRect& rect) const {
+    const Block* const found = Find(block);
+    return found != nullptr && table != nullptr && found->cells.RectOf(index, table, rect);
+  }
 
 private:
-  Block* Find(int block);
-  const Block* Find(int block) const;
+  /// Null where there is no such block.
+  Block* Find(int block) {
+    return block >= 0 && block < static_cast<int>(m_blocks.size()) ? m_blocks.data() + block
+                                                                   : nullptr;
+  }
+  const Block* Find(int block) const {
+    return block >= 0 && block < static_cast<int>(m_blocks.size()) ? m_blocks.data() + block
+                                                                   : nullptr;
+  }
   bool HasOneRun() const { return m_blocks.size() == 1; }
   template <class Change>
   void ChangeColumns(GridLengths columns, const Change& change);

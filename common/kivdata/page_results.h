@@ -31,19 +31,6 @@ inline int TellPosition(const std::optional<CellRange>& cell, int* row, int* col
   return cell ? 1 : 0;
 }
 
-/// Stores the rectangle of a cell, its row and its column; whether there is one. Each pointer may
-/// be null.
-inline int TellRect(const std::optional<CRect>& found, CRect* rect,
-                    const std::optional<CellRange>& cell, int* row, int* col) {
-  if (!found) {
-    return 0;
-  }
-  if (rect != nullptr) {
-    *rect = *found;
-  }
-  return TellPosition(cell, row, col);
-}
-
 /// Takes over a line style that can be drawn.
 inline void SetPen(PEN_STATUS& pen, const PEN_STATUS* status) {
   if (status != nullptr && IsGoodPen(*status)) {

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,11 @@ void Letter(CellGrid& grid) {
     const std::string text(1, static_cast<char>('a' + index));
     grid.At(index)->SetText(text.c_str());
   }
+}
+
+std::optional<CRect> RectOf(const CellGrid& grid, int index, const CRect* table) {
+  CRect rect;
+  return grid.RectOf(index, table, rect) ? std::optional(rect) : std::nullopt;
 }
 
 std::string RunPicture(const CellGrid& grid, int row, int col, bool wholeSelection) {
@@ -136,7 +142,7 @@ TEST(CellGridUnsound, SizesBeyondTheGridCountAsNotMerged) {
   EXPECT_FALSE(grid.IsSound());
   EXPECT_TRUE(grid.Merges().empty());
   const std::vector<CRect> table(4, CRect(1, 2, 3, 4));
-  EXPECT_EQ(grid.RectOf(3, table.data()), CRect(1, 2, 3, 4));
+  EXPECT_EQ(RectOf(grid, 3, table.data()), CRect(1, 2, 3, 4));
   grid.Insert(Direction::kRows, 0);
   EXPECT_EQ(MergePicture(grid), "..\n..\n..\n");
   EXPECT_TRUE(grid.IsSound());
@@ -150,7 +156,7 @@ TEST(CellGridUnsound, CoveredCellsWithoutABlockComeBack) {
   EXPECT_FALSE(grid.IsSound());
   EXPECT_FALSE(grid.RunAt(1, 1, false));
   EXPECT_FALSE(grid.FirstSelected());
-  EXPECT_FALSE(grid.RectOf(3, std::vector<CRect>(4).data()));
+  EXPECT_FALSE(RectOf(grid, 3, std::vector<CRect>(4).data()));
   grid.Delete(Direction::kColumns, 0);
   EXPECT_EQ(MergePicture(grid), ".\n.\n");
 }
@@ -172,7 +178,7 @@ TEST(CellGridUnsound, HalfSizesAreNotSound) {
   CellGrid grid(2, 2);
   grid.At(0)->SetColMeargeSize(0);
   EXPECT_FALSE(grid.IsSound());
-  EXPECT_TRUE(grid.RectOf(0, std::vector<CRect>(4).data())) << "not covered: it has a row";
+  EXPECT_TRUE(RectOf(grid, 0, std::vector<CRect>(4).data())) << "not covered: it has a row";
   CellGrid other(2, 2);
   other.At(0)->SetRowMeargeSize(2);
   other.At(2)->SetRowMeargeSize(0);  // its columns are still 1
@@ -568,12 +574,12 @@ TEST(CellGridRectangles, SpanTheMergedArea) {
       table.emplace_back(col * 10, row * 5, col * 10 + 10, row * 5 + 5);
     }
   }
-  EXPECT_EQ(grid.RectOf(0, table.data()), CRect(0, 0, 10, 5));
-  EXPECT_EQ(grid.RectOf(4, table.data()), CRect(10, 5, 30, 15));
-  EXPECT_FALSE(grid.RectOf(5, table.data()));
-  EXPECT_FALSE(grid.RectOf(8, table.data()));
-  EXPECT_FALSE(grid.RectOf(9, table.data()));
-  EXPECT_FALSE(grid.RectOf(-1, table.data()));
+  EXPECT_EQ(RectOf(grid, 0, table.data()), CRect(0, 0, 10, 5));
+  EXPECT_EQ(RectOf(grid, 4, table.data()), CRect(10, 5, 30, 15));
+  EXPECT_FALSE(RectOf(grid, 5, table.data()));
+  EXPECT_FALSE(RectOf(grid, 8, table.data()));
+  EXPECT_FALSE(RectOf(grid, 9, table.data()));
+  EXPECT_FALSE(RectOf(grid, -1, table.data()));
 }
 
 }  // namespace

@@ -89,6 +89,18 @@ TEST(GridLengths, ThePresentTotalChangesNothing) {
   EXPECT_EQ(lengths.All(), before);
 }
 
+TEST(GridLengths, ThePresentTotalIsMadeExactWhereFloatsAddUpToAnother) {
+  const std::vector<double> freelySet = {0.1F, 16.7F, 3.3F, 12.345F, 0.07F};
+  GridLengths lengths(Precision::kSingle, freelySet);
+  const double total = lengths.Total();
+  ASSERT_NE(FloatSumOf(lengths), total) << "a case in which it matters";
+  EXPECT_TRUE(lengths.SetTotal(total, false));
+  EXPECT_EQ(FloatSumOf(lengths), total);
+  for (int index = 0; index < lengths.Count(); ++index) {
+    EXPECT_NEAR(lengths.At(index), freelySet[static_cast<std::size_t>(index)], 2e-6);
+  }
+}
+
 TEST(GridLengths, PartsSumToExactlyTheTotal) {
   const std::vector<double> totals = {1e12, 297, 100, 1.0 / 3, 0.1, 7e-5, 1e-300, 5e-324};
   for (const int count : {1, 2, 3, 7, 97, 255}) {
