@@ -1,6 +1,7 @@
 #include "kivdata/layout_file.h"
 
 #include "kivdata/crc32.h"
+#include "documented_file.h"
 #include "sample_pages.h"
 
 #include <gtest/gtest.h>
@@ -108,6 +109,12 @@ TEST(LayoutFile, BeginsAsDocumented) {
       CString("A\x8E\x81\x96\xBC\x83\x5C\\\"<M>%d %s</M>line\r\nbreak").GetLength());
   EXPECT_EQ(bytes[cells.content + 5 * 94 + texts], 2) << "rows of the merged block, cell 5";
   EXPECT_EQ(bytes[cells.content + 5 * 94 + texts + 1], 2) << "its columns";
+}
+
+TEST(LayoutFile, TheDocumentsExampleIsAsDocumented) {
+  CLayoutPageData page;
+  page.GetCelAt(0)->SetText(quorvel::test::kDocumentedText);
+  EXPECT_EQ(BytesOf(page), quorvel::test::DocumentedFile());
 }
 
 TEST(LayoutFile, WhatIsReadIsWrittenAgainByteForByte) {

@@ -15,6 +15,59 @@ void CALLBACK PressEnter(HWND, UINT, UINT_PTR timer, DWORD) {
   }
 }
 
+/// What a host does with a page, through the installed headers alone.
+bool WorksWithPages() {
+  CLayoutPageData page;
+  page.DividePage(2, 3, 11.811);
+  for (int col = 0; col < 2; ++col) {
+    page.GetCelAt(page.GetIndexFromRowCol(0, col))->SetSelected(1);
+  }
+  BYTE rows = 0;
+  BYTE cols = 0;
+  const bool merged = page.GetSerialSelCelCount(0, 0, &rows, &cols) != 0 && rows == 1 &&
+                      cols == 2 && page.MeargeCel(0, 0) != 0;
+  CKivFontEx font = *page.GetCelAt(0)->GetFont();
+  font.SetV(5);
+  font.CalcMmToLogFont(11.811);
+  page.GetCelAt(0)->SetFont(&font);
+  page.GetCelAt(0)->SetText("表");
+  PEN_STATUS pen = {RGB(255, 0, 0), 0.5F, 1};
+  page.SetOutLineStatus(&pen);
+
+  CLayoutPageData opened;
+  const bool reopened =
+      page.SaveFile("表.mtpld") != 0 && opened.OpenFile("表.mtpld") != 0 &&
+      opened.GetCelAt(0)->GetText() == "表" && opened.GetCelAt(0)->GetColMeargeSize() == 2 &&
+      opened.GetOutLineStatus().width == 0.5F && opened.GetCelAt(0)->GetFont()->GetMM().second == 5;
+
+  CLayoutExPageData extended;
+  const auto list = CLayoutExPageData::LISTTYPE(1);
+  extended.DividePage(list, 4, 3, 11.811);
+  extended.InsertRow(list, 0);
+  const bool threeBlocks = extended.GetNumRow(list) == 5 && extended.GetCelSize(list) == 15 &&
+                           extended.SaveFile("表.mtpld2") != 0 &&
+                           extended.OpenFile("表.mtpld2") != 0 && opened.OpenFile("表.mtpld2") == 0;
+
+  CKivValInfoOneData info;
+  info.SetValType(209);
+  info.SetFieldName("金額");
+  const CString macro = info.GetMacroString("抽出合計");
+  CKivValInfoOneData read;
+  return merged && reopened && threeBlocks && read.SetMacroString(macro, 1) != 0 &&
+         read.GetFieldName() == "金額";
+}
+
+/// The user's colours below the host's key, which is removed again.
+bool KeepsColours(CKivSysEnv& environment) {
+  COLORREF made[16] = {RGB(1, 2, 3)};
+  CArray<COLORREF, COLORREF> palette;
+  const bool kept = environment.SaveCstColor(made, 16) != 0 &&
+                    environment.OpenCstColor(palette) != 0 && palette.GetSize() == 41 &&
+                    palette.GetAt(0) == RGB(1, 2, 3);
+  RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Quorvel\\OutsideHost");
+  return kept;
+}
+
 }  // namespace
 
 int main() {
@@ -24,7 +77,11 @@ int main() {
   SetTimer(nullptr, 0, 50, PressEnter);
   const BOOL confirmed = __InputTextDlg("題名", "説明", &text, &position);
   const bool typed = text == "表";
+  const bool pages = WorksWithPages();
+  const bool colours = KeepsColours(environment);
+  std::printf("%s, %s\n", pages ? "pages kept" : "pages lost",
+              colours ? "colours kept" : "colours lost");
   std::printf("%s %s\n", confirmed != FALSE ? "confirmed" : "cancelled",
               typed ? "as typed" : "not as typed");
-  return confirmed != FALSE && typed ? 0 : 1;
+  return confirmed != FALSE && typed && pages && colours ? 0 : 1;
 }
