@@ -161,6 +161,13 @@ TEST(CellGridUnsound, CoveredCellsWithoutABlockComeBack) {
   EXPECT_EQ(MergePicture(grid), ".\n.\n");
 }
 
+TEST(CellGridUnsound, ACoveredCellWithoutABlockSpoilsNoRun) {
+  CellGrid grid(2, 2);
+  grid.At(3)->SetRowMeargeSize(0);
+  Select(grid, {{1, 0}});
+  EXPECT_EQ(RunPicture(grid, 1, 0, true), "1x1");
+}
+
 TEST(CellGridUnsound, BlocksThatOverlapAreNotMerged) {
   CellGrid grid(2, 3);
   grid.At(0)->SetColMeargeSize(2);
@@ -356,6 +363,14 @@ TEST(CellGridShape, DeletingShrinksMergesThatItCutsThrough) {
   EXPECT_EQ(MergePicture(columns), "aa\naa\naa\n");
   columns.Delete(Direction::kColumns, 0);
   EXPECT_EQ(MergePicture(columns), "a\na\na\n");
+}
+
+TEST(CellGridShape, DeletingMovesLaterMergesUp) {
+  CellGrid grid = GridWith(4, 2, {{1, 0, 1, 2}, {2, 1, 2, 1}});
+  grid.Delete(Direction::kRows, 0);
+  EXPECT_EQ(MergePicture(grid), "aa\n.b\n.b\n");
+  grid.Delete(Direction::kColumns, 0);
+  EXPECT_EQ(MergePicture(grid), ".\na\na\n");
 }
 
 TEST(CellGridShape, DeletingTheFirstLineOfABlockMovesItsContent) {
