@@ -91,10 +91,12 @@ private:
   HANDLE m_handle;
 };
 
-std::unique_ptr<BYTE[]> ReadPlainly(const std::filesystem::path& path) {
+using Block = BYTE[];  // NOLINT(modernize-avoid-c-arrays): what unique_ptr calls a block
+
+std::unique_ptr<Block> ReadPlainly(const std::filesystem::path& path) {
   const File file(path, GENERIC_READ, OPEN_EXISTING);
   const DWORD size = ::GetFileSize(file.Get(), nullptr);
-  auto bytes = std::make_unique_for_overwrite<BYTE[]>(size);
+  auto bytes = std::make_unique_for_overwrite<Block>(size);
   DWORD read = 0;
   if (::ReadFile(file.Get(), bytes.get(), size, &read, nullptr) == 0 || read != size) {
     throw std::runtime_error("cannot read the benchmark's file");
@@ -124,7 +126,7 @@ std::vector<Row> Files(int runs) {
   const CLayoutPageData page = FullPage();
   Require(page.SaveFileW(saved.c_str()));
   const auto size = static_cast<DWORD>(std::filesystem::file_size(saved));
-  const std::unique_ptr<BYTE[]> bytes = ReadPlainly(saved);
+  const std::unique_ptr<Block> bytes = ReadPlainly(saved);
 
   const auto nothing = [] { return 0; };
   std::vector<Row> rows;
@@ -230,6 +232,7 @@ std::vector<Row> Changes(int runs) {
       Change{"merge all", ExPage, [](Page& page) { Require(page.MeargeCel(kList, 0, 0)); }},
       Change{"split all", MergedExPage, [](Page& page) { Require(page.DivideCel(kList, 0, 0)); }}};
   std::vector<Row> rows;
+  rows.reserve(changes.size());
   for (const Change& change : changes) {
     rows.push_back(Compare(
         std::string(change.name) + ", 4 times the cells", "times as long", kLimit, runs,
@@ -241,7 +244,7 @@ std::vector<Row> Changes(int runs) {
 
 /// Bytes of the C run-time's heap in use.
 std::size_t HeapBytes() {
-  const HANDLE heap = reinterpret_cast<HANDLE>(::_get_heap_handle());
+  auto* const heap = reinterpret_cast<HANDLE>(::_get_heap_handle());
   std::size_t bytes = 0;
   PROCESS_HEAP_ENTRY entry{};
   while (::HeapWalk(heap, &entry) != 0) {

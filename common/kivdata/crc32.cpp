@@ -8,6 +8,8 @@ namespace quorvel {
 namespace {
 
 constexpr std::uint32_t kPolynomial = 0xEDB88320;
+constexpr std::uint32_t kByte = 0xFF;
+constexpr unsigned kTopByte = 24;  // how far it is shifted
 constexpr std::size_t kStep = 16;  // bytes taken at once, each by a table of its own
 
 using Tables = std::array<std::array<std::uint32_t, 256>, kStep>;
@@ -25,7 +27,7 @@ constexpr Tables MakeTables() {
   for (std::size_t table = 1; table < kStep; ++table) {
     for (std::size_t byte = 0; byte < 256; ++byte) {
       const std::uint32_t value = tables[table - 1][byte];
-      tables[table][byte] = (value >> 8U) ^ tables[0][value & 0xFFU];
+      tables[table][byte] = (value >> 8U) ^ tables[0][value & kByte];
     }
   }
   return tables;
@@ -47,12 +49,13 @@ std::uint32_t Crc32(std::span<const BYTE> bytes, std::uint32_t before) {
     for (std::size_t word = 0; word < words.size(); ++word) {
       const std::uint32_t value = words[word];
       const std::size_t following = kStep - 1 - word * 4;
-      crc ^= kTables[following][value & 0xFFU] ^ kTables[following - 1][(value >> 8U) & 0xFFU] ^
-             kTables[following - 2][(value >> 16U) & 0xFFU] ^ kTables[following - 3][value >> 24U];
+      crc ^= kTables[following][value & kByte] ^ kTables[following - 1][(value >> 8U) & kByte] ^
+             kTables[following - 2][(value >> 16U) & kByte] ^
+             kTables[following - 3][value >> kTopByte];
     }
   }
   for (; left > 0; --left, ++next) {
-    crc = (crc >> 8U) ^ kTables[0][(crc ^ *next) & 0xFFU];
+    crc = (crc >> 8U) ^ kTables[0][(crc ^ *next) & kByte];
   }
   return ~crc;
 }

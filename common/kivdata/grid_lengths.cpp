@@ -18,8 +18,9 @@ double Sum(const std::vector<double>& values) {
 /// As a caller of that precision adds them up, from the first to the last.
 double PlainSum(const std::vector<double>& values, GridLengths::Precision precision) {
   return precision == GridLengths::Precision::kSingle
-             ? std::accumulate(values.begin(), values.end(), 0.0F,
-                               [](float sum, double value) { return sum + static_cast<float>(value); })
+             ? std::accumulate(
+                   values.begin(), values.end(), 0.0F,
+                   [](float sum, double value) { return sum + static_cast<float>(value); })
              : Sum(values);
 }
 
@@ -143,13 +144,14 @@ std::vector<int> GridLengths::Edges(int from, int to) const {
   std::vector<int> edges;
   edges.reserve(m_lengths.size() + 1);
   edges.push_back(from);
+  constexpr double kHalf = 0.5;
   double cumulated = 0;
   for (std::size_t i = 0; i < m_lengths.size(); ++i) {
     cumulated += m_lengths[i];
     const double offset = total > 0
                               ? extent * cumulated / total
                               : extent * static_cast<double>(i + 1) / static_cast<double>(Count());
-    edges.push_back(static_cast<int>(from + static_cast<std::int64_t>(std::floor(offset + 0.5))));
+    edges.push_back(static_cast<int>(from + static_cast<std::int64_t>(std::floor(offset + kHalf))));
   }
   return edges;
 }

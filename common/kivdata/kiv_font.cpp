@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
+#include <span>
 
 namespace {
 
@@ -27,14 +28,20 @@ constexpr LOGFONTA kUsualLogFont = {-kUsualDots,
                                     0,
                                     "\x82\x6C\x82\x72 \x83\x53\x83\x56\x83\x62\x83\x4E"};
 
-/// Whether a byte begins a double-byte character of code page 932.
+/// The two ranges of bytes that begin a double-byte character of code page 932.
+constexpr unsigned char kFirstLead = 0x81;
+constexpr unsigned char kLastLead = 0x9F;
+constexpr unsigned char kFirstLateLead = 0xE0;
+constexpr unsigned char kLastLateLead = 0xFC;
+
 bool IsLeadByte(char byte) {
   const auto value = static_cast<unsigned char>(byte);
-  return (value >= 0x81 && value <= 0x9F) || (value >= 0xE0 && value <= 0xFC);
+  return (value >= kFirstLead && value <= kLastLead) ||
+         (value >= kFirstLateLead && value <= kLastLateLead);
 }
 
 /// Ends the name with its last whole character and clears all behind.
-void TidyFaceName(char (&face)[LF_FACESIZE]) {
+void TidyFaceName(std::span<char, LF_FACESIZE> face) {
   std::size_t end = 0;
   while (end < LF_FACESIZE - 1 && face[end] != '\0') {
     const std::size_t width = IsLeadByte(face[end]) ? 2 : 1;
@@ -43,7 +50,7 @@ void TidyFaceName(char (&face)[LF_FACESIZE]) {
     }
     end += width;
   }
-  std::fill(face + end, face + LF_FACESIZE, '\0');
+  std::ranges::fill(face.subspan(end), '\0');
 }
 
 bool IsSize(double millimetres) {

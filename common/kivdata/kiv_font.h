@@ -26,7 +26,7 @@ public:
   virtual ~CKivFont() = default;
 
   /// The record as it is. The argument is for hosts' sake; every value gives the same.
-  LOGFONTA GetLogFont(int) const { return m_logFont; }
+  LOGFONTA GetLogFont(int /*purpose*/) const { return m_logFont; }
   /// Takes over the record; null is ignored. The face name is cut to the 31 bytes that a record can
   /// hold with its zero, never within a double-byte character.
   void SetLogFont(const LOGFONTA* logFont);

@@ -23,10 +23,11 @@ bool IsPageKind(int page) {
 struct CLayoutExPageData::Model : quorvel::ExPageModel {
   /// Takes over a loaded page; 0 when there is none.
   int Take(std::optional<quorvel::ExPageModel> loaded) {
-    if (loaded) {
-      static_cast<quorvel::ExPageModel&>(*this) = *std::move(loaded);
+    if (!loaded) {
+      return 0;
     }
-    return loaded ? 1 : 0;
+    static_cast<quorvel::ExPageModel&>(*this) = *std::move(loaded);
+    return 1;
   }
 };
 
@@ -295,11 +296,8 @@ void CLayoutExPageData::InitCelRect(LISTTYPE block, const CRect* area, CRect* ta
 
 int CLayoutExPageData::GetCelRect(LISTTYPE block, CRect* rect, const CRect* table, int index,
                                   int* row, int* col) const {
-  if (rect == nullptr) {
-    CRect notWanted;
-    return GetCelRect(block, &notWanted, table, index, row, col);
-  }
-  if (!m_model->sheet.CellRect(block, table, index, *rect)) {
+  if (rect == nullptr ? !m_model->sheet.HasCellRect(block, table, index)
+                      : !m_model->sheet.CellRect(block, table, index, *rect)) {
     return 0;
   }
   if (row != nullptr || col != nullptr) {

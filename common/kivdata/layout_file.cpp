@@ -17,7 +17,8 @@ namespace quorvel {
 namespace {
 
 static_assert(std::endian::native == std::endian::little, "the format is little-endian");
-static_assert(sizeof(LOGFONTA) == 60 && std::is_trivially_copyable_v<LOGFONTA>);
+constexpr std::size_t kLogFontSize = 60;
+static_assert(sizeof(LOGFONTA) == kLogFontSize && std::is_trivially_copyable_v<LOGFONTA>);
 
 // The file. Offsets and sizes are in bytes.
 
@@ -235,7 +236,7 @@ public:
   /// The content of the next section, which must have this tag.
   Reader GetSection(std::string_view tag) {
     m_failed = m_failed || GetText(tag.size()) != tag;
-    return Reader(Take(Get<std::uint64_t>()), m_failed);
+    return {Take(Get<std::uint64_t>()), m_failed};
   }
 
 private:
@@ -299,14 +300,14 @@ bool IsSize(double millimetres) {
 
 /// False for a font that no page can have.
 bool GetFont(Reader& reader, CKivFontEx& font) {
-  const BYTE strikeOutType = reader.Get<BYTE>();
-  const BYTE hPos = reader.Get<BYTE>();
-  const BYTE vPos = reader.Get<BYTE>();
+  const auto strikeOutType = reader.Get<BYTE>();
+  const auto hPos = reader.Get<BYTE>();
+  const auto vPos = reader.Get<BYTE>();
   const COLORREF color = reader.Get<std::uint32_t>();
   const COLORREF backColor = reader.Get<std::uint32_t>();
-  const double width = reader.Get<double>();
-  const double height = reader.Get<double>();
-  const LOGFONTA logFont = reader.Get<LOGFONTA>();
+  const auto width = reader.Get<double>();
+  const auto height = reader.Get<double>();
+  const auto logFont = reader.Get<LOGFONTA>();
   font.SetStrikeOutType(strikeOutType);
   font.SetHPos(hPos);
   font.SetVPos(vPos);
@@ -325,7 +326,7 @@ bool GetFont(Reader& reader, CKivFontEx& font) {
 bool GetCell(Reader& reader, CLayoutCelData& cell) {
   cell.SetRowMeargeSize(reader.Get<BYTE>());
   cell.SetColMeargeSize(reader.Get<BYTE>());
-  const BYTE borders = reader.Get<BYTE>();
+  const auto borders = reader.Get<BYTE>();
   cell.SetShowLineHL(borders & kLeftBit);
   cell.SetShowLineHR(borders & kRightBit);
   cell.SetShowLineVT(borders & kTopBit);
@@ -342,7 +343,7 @@ bool GetCell(Reader& reader, CLayoutCelData& cell) {
 }
 
 std::optional<CellGrid> GetCells(Reader section, int rows, int columns) {
-  const auto count = static_cast<std::size_t>(rows * columns);
+  const auto count = static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns);
   if (section.Left() < count * kCellSize) {
     return std::nullopt;  // before memory is taken for cells that are not there
   }

@@ -16,10 +16,11 @@ constexpr int kGrid = 0;  // the sheet's only block
 struct CLayoutPageData::Model : quorvel::GridPageModel {
   /// Takes over a loaded page; 0 when there is none.
   int Take(std::optional<quorvel::GridPageModel> loaded) {
-    if (loaded) {
-      static_cast<quorvel::GridPageModel&>(*this) = *std::move(loaded);
+    if (!loaded) {
+      return 0;
     }
-    return loaded ? 1 : 0;
+    static_cast<quorvel::GridPageModel&>(*this) = *std::move(loaded);
+    return 1;
   }
 };
 
@@ -218,11 +219,8 @@ void CLayoutPageData::InitCelRect(const CRect* area, CRect* table) const {
 
 int CLayoutPageData::GetCelRect(CRect* rect, const CRect* table, int index, int* row,
                                 int* col) const {
-  if (rect == nullptr) {
-    CRect notWanted;
-    return GetCelRect(&notWanted, table, index, row, col);
-  }
-  if (!m_model->sheet.CellRect(kGrid, table, index, *rect)) {
+  if (rect == nullptr ? !m_model->sheet.HasCellRect(kGrid, table, index)
+                      : !m_model->sheet.CellRect(kGrid, table, index, *rect)) {
     return 0;
   }
   if (row != nullptr || col != nullptr) {

@@ -100,6 +100,10 @@ public:
     const Block* const found = Find(block);
     return found != nullptr && table != nullptr && found->cells.RectOf(index, table, rect);
   }
+  bool HasCellRect(int block, const CRect* table, int index) const {
+    CRect notWanted;
+    return CellRect(block, table, index, notWanted);
+  }
 
 private:
   /// Null where there is no such block.

@@ -7,8 +7,9 @@
 #include "framework/base_types.h"
 
 struct PEN_STATUS {
-  COLORREF color = 0;  ///< 0x00BBGGRR
-  float width = 0.1F;  ///< millimetres
-  short style =
-      0;  ///< line type: 0 solid, 1 dashed, 2 dotted, 3 and 4 with one and two dots, 5 none
+  static constexpr float kUsualWidth = 0.1F;
+
+  COLORREF color = 0;         ///< 0x00BBGGRR
+  float width = kUsualWidth;  ///< millimetres
+  short style = 0;  ///< line type: 0 solid, 1 dashed, 2 dotted, 3 with one dot, 4 with two, 5 none
 };

@@ -12,9 +12,9 @@ namespace {
 
 /// A name in the folder of `beside` that no other running process uses.
 std::filesystem::path TemporaryName(const std::filesystem::path& beside) {
-  static std::atomic<unsigned> g_number{0};
+  static std::atomic<unsigned> lastNumber{0};
   return beside.parent_path() /
-         ("~" + std::to_string(OwnProcessNumber()) + "-" + std::to_string(g_number++) + ".tmp");
+         ("~" + std::to_string(OwnProcessNumber()) + "-" + std::to_string(lastNumber++) + ".tmp");
 }
 
 /// Removes the file of its name at the end of its life unless told to keep it.

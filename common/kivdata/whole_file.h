@@ -16,17 +16,19 @@
 
 namespace quorvel {
 
-/// A block of bytes that is not filled with zeros first.
+/// A block of bytes that is not filled with zeros first, as a vector would be.
 class FileBytes {
+  using Block = BYTE[];  // NOLINT(modernize-avoid-c-arrays): what unique_ptr calls a block
+
 public:
   explicit FileBytes(std::size_t size)
-      : m_bytes(std::make_unique_for_overwrite<BYTE[]>(size)), m_size(size) {}
+      : m_bytes(std::make_unique_for_overwrite<Block>(size)), m_size(size) {}
 
   std::span<BYTE> Span() { return {m_bytes.get(), m_size}; }
   std::span<const BYTE> Span() const { return {m_bytes.get(), m_size}; }
 
 private:
-  std::unique_ptr<BYTE[]> m_bytes;
+  std::unique_ptr<Block> m_bytes;
   std::size_t m_size;
 };
 

@@ -29,6 +29,6 @@ inline const std::vector<BYTE>& DocumentedFile() {
 }
 
 /// Its text, in code page 932.
-inline constexpr char kDocumentedText[] = "\x8E\x81\x96\xBC";
+inline constexpr const char* kDocumentedText = "\x8E\x81\x96\xBC";
 
 }  // namespace quorvel::test

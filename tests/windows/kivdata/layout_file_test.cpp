@@ -18,12 +18,8 @@ using Bytes = std::vector<BYTE>;
 /// A folder of the test's own, also in code page 932, gone at its end.
 class LayoutFile : public testing::Test {
 protected:
-  LayoutFile()
-      : m_folder(std::filesystem::temp_directory_path() /
-                 (L"quorvel-layout-" + std::to_wstring(::GetCurrentProcessId()))) {
-    std::filesystem::create_directories(m_folder);
-  }
-  ~LayoutFile() override { std::filesystem::remove_all(m_folder); }
+  void SetUp() override { std::filesystem::create_directories(m_folder); }
+  void TearDown() override { std::filesystem::remove_all(m_folder); }
 
   std::filesystem::path Path(const std::wstring& name) const { return m_folder / name; }
   std::string Narrow(const char* name) const { return m_folder.string() + "\\" + name; }
@@ -32,7 +28,9 @@ protected:
   }
 
 private:
-  std::filesystem::path m_folder;
+  const std::filesystem::path m_folder =
+      std::filesystem::temp_directory_path() /
+      (L"quorvel-layout-" + std::to_wstring(::GetCurrentProcessId()));
 };
 
 CLayoutPageData DocumentedPage() {
