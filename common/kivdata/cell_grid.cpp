@@ -328,9 +328,7 @@ void CellGrid::Delete(Direction direction, int at) {
       merges.push_back(merge);
     }
   }
-  if (at > 0 && at < lines.Count(direction)) {
-    UnifyBoundary(lines, BlockMap(lines.Rows(), lines.Columns(), merges), direction, at);
-  }
+  UnifyBoundary(lines, BlockMap(lines.Rows(), lines.Columns(), merges), direction, at);
 
   std::vector<CLayoutCelData> cells;
   cells.reserve(static_cast<std::size_t>(lines.Rows()) * static_cast<std::size_t>(lines.Columns()));
@@ -659,34 +657,41 @@ GridLines CellGrid::Lines() const {
   for (int row = 0; row < m_rows; ++row) {
     for (int col = 0; col < m_columns; ++col) {
       const CLayoutCelData& cell = Cell(row, col);
-      lines.Set(Direction::kRows, row, col, cell.GetShowLineVT() != 0);
-      lines.Set(Direction::kColumns, col, row, cell.GetShowLineHL() != 0);
+      lines.Read(Direction::kRows, row, col, cell.GetShowLineVT() != 0);
+      lines.Read(Direction::kColumns, col, row, cell.GetShowLineHL() != 0);
       if (row + 1 == m_rows) {
-        lines.Set(Direction::kRows, m_rows, col, cell.GetShowLineVB() != 0);
+        lines.Read(Direction::kRows, m_rows, col, cell.GetShowLineVB() != 0);
       }
       if (col + 1 == m_columns) {
-        lines.Set(Direction::kColumns, m_columns, row, cell.GetShowLineHR() != 0);
+        lines.Read(Direction::kColumns, m_columns, row, cell.GetShowLineHR() != 0);
       }
     }
   }
   return lines;
 }
 
-/// Every position gets the lines around it; the top-left cell of a block those around the block.
+/// Every position gets the lines around it that were set; the top-left cell of a block those around
+/// the block. Lines that were only read stay as each of the two cells beside them has them.
 void CellGrid::SetLines(const GridLines& lines, const std::vector<CellRange>& merges) {
+  const auto tell = [&](CLayoutCelData& cell, void (CLayoutCelData::*setter)(int),
+                        Direction direction, int boundary, int across) {
+    if (lines.IsSet(direction, boundary, across)) {
+      (cell.*setter)(lines.Shown(direction, boundary, across) ? 1 : 0);
+    }
+  };
   for (int row = 0; row < m_rows; ++row) {
     for (int col = 0; col < m_columns; ++col) {
       CLayoutCelData& cell = Cell(row, col);
-      cell.SetShowLineVT(lines.Shown(Direction::kRows, row, col) ? 1 : 0);
-      cell.SetShowLineVB(lines.Shown(Direction::kRows, row + 1, col) ? 1 : 0);
-      cell.SetShowLineHL(lines.Shown(Direction::kColumns, col, row) ? 1 : 0);
-      cell.SetShowLineHR(lines.Shown(Direction::kColumns, col + 1, row) ? 1 : 0);
+      tell(cell, &CLayoutCelData::SetShowLineVT, Direction::kRows, row, col);
+      tell(cell, &CLayoutCelData::SetShowLineVB, Direction::kRows, row + 1, col);
+      tell(cell, &CLayoutCelData::SetShowLineHL, Direction::kColumns, col, row);
+      tell(cell, &CLayoutCelData::SetShowLineHR, Direction::kColumns, col + 1, row);
     }
   }
   for (const CellRange& merge : merges) {
     CLayoutCelData& cell = Cell(merge.row, merge.col);
-    cell.SetShowLineVB(lines.Shown(Direction::kRows, merge.EndRow(), merge.col) ? 1 : 0);
-    cell.SetShowLineHR(lines.Shown(Direction::kColumns, merge.EndCol(), merge.row) ? 1 : 0);
+    tell(cell, &CLayoutCelData::SetShowLineVB, Direction::kRows, merge.EndRow(), merge.col);
+    tell(cell, &CLayoutCelData::SetShowLineHR, Direction::kColumns, merge.EndCol(), merge.row);
   }
 }
 

@@ -21,9 +21,8 @@ public:
   GridLines(int rows, int columns)
       : m_rows(rows),
         m_columns(columns),
-        m_betweenRows(static_cast<std::size_t>(rows + 1) * static_cast<std::size_t>(columns), true),
-        m_betweenColumns(static_cast<std::size_t>(columns + 1) * static_cast<std::size_t>(rows),
-                         true) {}
+        m_betweenRows(static_cast<std::size_t>(rows + 1) * static_cast<std::size_t>(columns)),
+        m_betweenColumns(static_cast<std::size_t>(columns + 1) * static_cast<std::size_t>(rows)) {}
 
   int Rows() const { return m_rows; }
   int Columns() const { return m_columns; }
@@ -32,17 +31,29 @@ public:
   }
 
   bool Shown(Direction direction, int boundary, int across) const {
-    return Segments(direction)[At(direction, boundary, across)];
+    return Segments(direction)[At(direction, boundary, across)].shown;
+  }
+  /// Whether the segment was set, and not only read from the cells.
+  bool IsSet(Direction direction, int boundary, int across) const {
+    return Segments(direction)[At(direction, boundary, across)].isSet;
   }
   void Set(Direction direction, int boundary, int across, bool shown) {
-    Segments(direction)[At(direction, boundary, across)] = shown;
+    Segments(direction)[At(direction, boundary, across)] = {shown, true};
+  }
+  void Read(Direction direction, int boundary, int across, bool shown) {
+    Segments(direction)[At(direction, boundary, across)] = {shown, false};
   }
 
 private:
-  std::vector<bool>& Segments(Direction direction) {
+  struct Segment {
+    bool shown = true;
+    bool isSet = false;
+  };
+
+  std::vector<Segment>& Segments(Direction direction) {
     return direction == Direction::kRows ? m_betweenRows : m_betweenColumns;
   }
-  const std::vector<bool>& Segments(Direction direction) const {
+  const std::vector<Segment>& Segments(Direction direction) const {
     return direction == Direction::kRows ? m_betweenRows : m_betweenColumns;
   }
   std::size_t At(Direction direction, int boundary, int across) const {
@@ -53,8 +64,8 @@ private:
 
   int m_rows;
   int m_columns;
-  std::vector<bool> m_betweenRows;
-  std::vector<bool> m_betweenColumns;
+  std::vector<Segment> m_betweenRows;
+  std::vector<Segment> m_betweenColumns;
 };
 
 }  // namespace quorvel

@@ -103,7 +103,8 @@ public:
   /// Whether selected cells lie in two or more rows (columns).
   int IsSelRowEq(LISTTYPE block) const;
   int IsSelColEq(LISTTYPE block) const;
-  /// Makes the rows (columns) in which selected cells lie equally long; their sum stays.
+  /// Makes the rows (columns) in which selected cells lie equally long, but for the last bit of
+  /// their sum, which stays.
   void SelRowEq(LISTTYPE block);
   void SelColEq(LISTTYPE block);
   /// Whether a run of two or more selected cells can be merged.

@@ -16,8 +16,8 @@
 /// Lengths are millimetres. Rows, columns and cell indices count from 0; a cell's index is
 /// row x columns + column. There are 1 to 255 rows and columns. An argument that names nothing (a
 /// bad index, a null pointer) or is no length (negative, not finite, above 1e12) is refused:
-/// nothing changes, the result is 0, -1 or null. Only the lack of memory throws, std::bad_alloc,
-/// and changes nothing.
+/// nothing changes, the result is 0, -1 or null. A pointer for a result may be null, where that is
+/// not wanted. Only the lack of memory throws, std::bad_alloc, and changes nothing.
 ///
 /// A page begins as one cell of 10 x 10 mm.
 class KIVDATA_API CLayoutPageData {
@@ -114,7 +114,8 @@ public:
 
   /// Fills `table`, which has rows x columns entries, with the rectangle of every grid position,
   /// the page being mapped onto `area` without gap or overlap: each edge is its cumulated length,
-  /// rounded.
+  /// rounded. An area whose right lies before its left, or bottom before top, counts as empty
+  /// there.
   void InitCelRect(const CRect* area, CRect* table) const;
   /// The rectangle of a cell over its merged block, from a table filled by InitCelRect; 0 for a
   /// covered cell and a bad index. Row and column of the cell go to the last two where not null.

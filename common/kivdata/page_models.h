@@ -7,7 +7,6 @@
 #include "kivdata/pen_status.h"
 
 #include <array>
-#include <cmath>
 #include <cstdint>
 #include <vector>
 
@@ -21,9 +20,9 @@ struct LineSettings {
   PEN_STATUS in;
 };
 
-/// Whether a line style can be drawn: its width is finite and not negative.
+/// Whether a line style can be drawn: its width is a length.
 inline bool IsGoodPen(const PEN_STATUS& pen) {
-  return std::isfinite(pen.width) && pen.width >= 0;
+  return GridLengths::IsGood(pen.width, GridLengths::Precision::kSingle);
 }
 
 /// What a file of a later minor version held beyond what is known: kept to be written back.

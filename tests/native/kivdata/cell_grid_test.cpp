@@ -579,6 +579,31 @@ TEST(CellGridLines, ReshapingKeepsLinesAndAClippedBlocksEdge) {
   EXPECT_EQ(Borders(grid, 2, 2), "LRTB");
 }
 
+TEST(CellGridLines, BordersSetOnOneSideStayUntilTheirLineIsSet) {
+  CellGrid grid(3, 3);
+  grid.At(8)->SetShowLineHL(0);  // the cell to its left still shows its side
+  Select(grid, {{0, 0}});
+  grid.SetShowLine(kNone);
+  SelectOnly(grid, {0, 1, 1, 2});
+  grid.Merge(0, 1, true);
+  grid.Split(0, 1);
+  EXPECT_EQ(Borders(grid, 2, 2), "lRTB");
+  EXPECT_EQ(Borders(grid, 2, 1), "LRTB");
+  SelectOnly(grid, {2, 1, 1, 1});
+  grid.SetShowLine({.top = true, .bottom = true, .left = true, .right = true});
+  EXPECT_EQ(Borders(grid, 2, 2), "LRTB");
+}
+
+TEST(CellGridLines, DeletingThePagesEdgeMakesOneLineAlongABlock) {
+  CellGrid grid(2, 2);
+  Select(grid, {{0, 1}});
+  grid.SetShowLine({.top = true, .bottom = true, .left = true});
+  SelectOnly(grid, {0, 0, 2, 1});
+  grid.Merge(0, 0, true);
+  grid.Delete(Direction::kColumns, 1);
+  EXPECT_EQ(Borders(grid, 0, 0)[1], Borders(grid, 1, 0)[1]);
+}
+
 // Rectangles.
 
 TEST(CellGridRectangles, SpanTheMergedArea) {
