@@ -64,7 +64,7 @@ fuzzers: build-packages | build
 fuzz: $(addprefix fuzz-,$(FUZZERS))
 $(addprefix fuzz-,$(FUZZERS)): fuzz-%: fuzzers
 	@mkdir -p $(FUZZ)/found/$* $(FUZZ)/failed
-	@$(FUZZ)/bin/$*_fuzz -max_total_time=$(SECONDS) -print_final_stats=1 -malloc_limit_mb=64 \
+	@$(FUZZ)/bin/$*_fuzz -max_total_time=$(SECONDS) -print_final_stats=1 -malloc_limit_mb=1 \
 	  -artifact_prefix=$(FUZZ)/failed/$*- $(FUZZ)/found/$* $(FUZZ)/seeds/$* >$(FUZZ)/$*.log 2>&1 \
 	  || { tail -n 40 $(FUZZ)/$*.log; exit 1; }
 	@echo "fuzz: $*: $$(sed -n 's/^stat::number_of_executed_units: *//p' $(FUZZ)/$*.log) executions, nothing found"

@@ -616,6 +616,9 @@ TEST(CellGridRectangles, SpanTheMergedArea) {
   }
   EXPECT_EQ(RectOf(grid, 0, table.data()), CRect(0, 0, 10, 5));
   EXPECT_EQ(RectOf(grid, 4, table.data()), CRect(10, 5, 30, 15));
+  const CellGrid flat = GridWith(3, 3, {{0, 0, 1, 2}, {1, 0, 2, 1}});
+  EXPECT_EQ(RectOf(flat, 0, table.data()), CRect(0, 0, 20, 5));
+  EXPECT_EQ(RectOf(flat, 3, table.data()), CRect(0, 5, 10, 15));
   EXPECT_FALSE(RectOf(grid, 5, table.data()));
   EXPECT_FALSE(RectOf(grid, 8, table.data()));
   EXPECT_FALSE(RectOf(grid, 9, table.data()));

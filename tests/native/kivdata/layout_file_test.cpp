@@ -1,7 +1,8 @@
 #include "kivdata/layout_file.h"
 
-#include "kivdata/crc32.h"
 #include "documented_file.h"
+#include "kivdata/crc32.h"
+#include "largest_allocation.h"
 #include "sample_pages.h"
 
 #include <gtest/gtest.h>
@@ -347,10 +348,23 @@ TEST(LayoutFile, ClaimedCellsAreCountedBeforeTheyAreMade) {
   bytes.resize(columns.head);
   std::string lengths(1 + 255 * 8, '\0');
   lengths[0] = '\xFF';
-  bytes =
-      Joined(Joined(Joined(bytes, SectionBytes("COLS", lengths)), SectionBytes("ROWS", lengths)),
-             SectionBytes("CELS", std::string(65025 * 94 - 1, '\0')));
-  EXPECT_FALSE(DecodeGridPage(Sealed(bytes)));
+  for (const Bytes& section : {SectionBytes("COLS", lengths), SectionBytes("ROWS", lengths),
+                               SectionBytes("CELS", std::string(1000, '\0'))}) {
+    bytes = Joined(bytes, section);
+  }
+  bytes = Sealed(bytes);
+  const quorvel::test::LargestAllocation watch;
+  EXPECT_FALSE(DecodeGridPage(bytes));
+  EXPECT_LE(watch.Bytes(), 4 * bytes.size());
+}
+
+TEST(LayoutFile, APageTakesASmallMultipleOfItsFile) {
+  CLayoutPageData page;
+  page.DividePage(100, 100, 0);
+  const Bytes bytes = BytesOf(page);
+  const quorvel::test::LargestAllocation watch;
+  EXPECT_TRUE(DecodeGridPage(bytes));
+  EXPECT_LE(watch.Bytes(), 2 * bytes.size());
 }
 
 TEST(LayoutFile, MergesThatAreNotSoundAreSavedAsSingleCells) {

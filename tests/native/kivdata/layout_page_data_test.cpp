@@ -157,8 +157,12 @@ TEST(LayoutPageData, NewCellsHaveFontsForTheResolution) {
 TEST(LayoutPageData, DividingByThePresentCountsChangesNothingAtAll) {
   CLayoutPageData page = SamplePage();
   const CLayoutCelData* const cell = page.GetCelAt(0);
+  page.GetCelAt(3)->SetShowLineHL(0);       // the neighbour shows its side
+  page.GetCelAt(11)->SetRowMeargeSize(20);  // not sound
   const std::vector<BYTE> before = BytesOf(page);
   page.DividePage(page.GetNumRow(), page.GetNumCol(), 99);
+  EXPECT_EQ(page.GetCelAt(2)->GetShowLineHR(), 1);
+  EXPECT_EQ(page.GetCelAt(11)->GetRowMeargeSize(), 20);
   EXPECT_EQ(BytesOf(page), before);
   EXPECT_EQ(page.GetCelAt(0), cell);
   EXPECT_EQ(page.GetCelAt(5)->GetSelected(), 1) << "the merged cell is still selected";
