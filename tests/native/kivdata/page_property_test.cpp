@@ -7,11 +7,11 @@
 #include "kivdata/page_adapters.h"
 #include "kivdata/page_difference.h"
 #include "kivdata/reference_page.h"
+#include "kivdata/sample_pages.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <filesystem>
 #include <iterator>
 #include <limits>
 #include <memory>
@@ -30,27 +30,7 @@
 namespace quorvel {
 namespace {
 
-/// A folder that lives as long as this object.
-class TemporaryFolder {
-public:
-  TemporaryFolder() {
-    std::random_device random;
-    do {
-      m_path = std::filesystem::temp_directory_path() /
-               ("page_property_test_" + std::to_string(random()));
-    } while (!std::filesystem::create_directory(m_path));
-  }
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-  ~TemporaryFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(m_path, ignored);
-  }
-  std::string File(const char* name) const { return (m_path / name).string(); }
-
-private:
-  std::filesystem::path m_path;
-};
+using test::TemporaryFolder;
 
 template <class Adapter>
 ReferencePage NewReference(const Adapter& actual) {
