@@ -8,7 +8,7 @@
 #pragma once
 
 #include "framework/geometry.h"
-#include "kivdata/grid_lengths.h"
+#include "kivdata/cell_range.h"
 #include "kivdata/grid_lines.h"
 #include "kivdata/layout_cel_data.h"
 
@@ -17,20 +17,6 @@
 #include <vector>
 
 namespace quorvel {
-
-/// A rectangle of grid positions.
-struct CellRange {
-  int row = 0;
-  int col = 0;
-  int rows = 0;
-  int cols = 0;
-
-  int EndRow() const { return row + rows; }
-  int EndCol() const { return col + cols; }
-  bool Contains(int atRow, int atCol) const {
-    return atRow >= row && atRow < EndRow() && atCol >= col && atCol < EndCol();
-  }
-};
 
 /// The merge sizes of one cell.
 struct MergeSize {

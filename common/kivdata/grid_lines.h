@@ -5,14 +5,12 @@
 //   lines.Set(Direction::kRows, 1, 0, false);             // between rows 0 and 1, above column 0
 #pragma once
 
+#include "kivdata/cell_range.h"
+
 #include <cstddef>
 #include <vector>
 
 namespace quorvel {
-
-/// Rows follow each other downwards, columns to the right. What holds for both is written once, for
-/// lines `along` the direction and places `across` it.
-enum class Direction { kRows, kColumns };
 
 /// The segments of a grid. Boundary b of a direction lies before its line b, so there is one more
 /// boundary than lines; it has a segment for each line of the other direction.
@@ -67,5 +65,23 @@ private:
   std::vector<Segment> m_betweenRows;
   std::vector<Segment> m_betweenColumns;
 };
+
+/// Shows or hides whole lines of a boundary: those that have a segment in from..to - 1.
+void SetBoundary(GridLines& lines, const BlockMap& blocks, Direction direction, int boundary,
+                 int from, int to, bool shown);
+
+/// Gives each line of a boundary one state: shown where any of its segments is.
+void UnifyBoundary(GridLines& lines, const BlockMap& blocks, Direction direction, int boundary);
+
+/// There is no line inside a block; its segments read as shown, which is how they are after a
+/// split.
+void ShowInside(GridLines& lines, const CellRange& block);
+
+/// The lines of a grid with a line of cells more: both its borders are as the one where it went.
+GridLines WithLine(const GridLines& old, Direction direction, int at);
+
+/// The lines of a grid with a line of cells less. Of its two borders the page's edge stays, or the
+/// edge of a block that it was cut from, or else any that is shown.
+GridLines WithoutLine(const GridLines& old, const BlockMap& blocks, Direction direction, int at);
 
 }  // namespace quorvel
