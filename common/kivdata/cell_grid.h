@@ -37,10 +37,10 @@ struct RunLines {
 /// Cells lie row by row; a cell's index is row x columns + column. A bad index or position
 /// addresses no cell and is refused without effect.
 ///
-/// Callers may set merge sizes cell by cell and so leave merges that are not sound. What changes the
-/// shape, merges or splits counts only the sound ones and dissolves the others; ruling lines counts
-/// only the sound ones, too, and leaves the sizes alone; what only looks takes the sizes as they are,
-/// cut at the grid's edge, and finds no run in blocks that overlap.
+/// Callers may set merge sizes cell by cell and so leave merges that are not sound. What changes
+/// the shape, merges or splits counts only the sound ones and dissolves the others; ruling lines
+/// counts only the sound ones, too, and leaves the sizes alone; what only looks takes the sizes as
+/// they are, cut at the grid's edge, and finds no run in blocks that overlap.
 class CellGrid {
 public:
   static constexpr int kMostLines = 255;  ///< rows, and columns
