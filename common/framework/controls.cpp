@@ -147,3 +147,41 @@ LPARAM CListCtrl::GetItemData(int row) const {
 int CListCtrl::GetItemCount() const {
   return static_cast<int>(::SendMessageW(m_hWnd, LVM_GETITEMCOUNT, 0, 0));
 }
+
+void CTabCtrl::InsertItem(int index, const char* text) {
+  std::wstring wide = quorvel::WideFromCodePage(CString(text).View());
+  TCITEMW item{};
+  item.mask = TCIF_TEXT;
+  item.pszText = wide.data();
+  ::SendMessageW(m_hWnd, TCM_INSERTITEMW, static_cast<WPARAM>(index),
+                 reinterpret_cast<LPARAM>(&item));
+}
+
+int CTabCtrl::GetCurSel() const {
+  return static_cast<int>(::SendMessageW(m_hWnd, TCM_GETCURSEL, 0, 0));
+}
+
+void CTabCtrl::SetCurSel(int index) {
+  ::SendMessageW(m_hWnd, TCM_SETCURSEL, static_cast<WPARAM>(index), 0);
+}
+
+CRect CTabCtrl::GetDisplayRect(CRect rect) const {
+  ::SendMessageW(m_hWnd, TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&rect));
+  return rect;
+}
+
+void CComboBox::ResetContent() { ::SendMessageW(m_hWnd, CB_RESETCONTENT, 0, 0); }
+
+int CComboBox::AddString(const char* text) {
+  const std::wstring wide = quorvel::WideFromCodePage(CString(text).View());
+  return static_cast<int>(
+      ::SendMessageW(m_hWnd, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(wide.c_str())));
+}
+
+int CComboBox::GetCurSel() const {
+  return static_cast<int>(::SendMessageW(m_hWnd, CB_GETCURSEL, 0, 0));
+}
+
+void CComboBox::SetCurSel(int index) {
+  ::SendMessageW(m_hWnd, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+}

@@ -39,3 +39,24 @@ public:
   LPARAM GetItemData(int row) const;
   int GetItemCount() const;
 };
+
+/// A row of tabs. Texts are in code page 932; indices count from 0.
+class FRAME_API CTabCtrl : public CWnd {
+public:
+  void InsertItem(int index, const char* text);
+  int GetCurSel() const;
+  /// Selects a tab; nobody is notified.
+  void SetCurSel(int index);
+  /// What is left for the pages of a tab control that fills `rect`.
+  CRect GetDisplayRect(CRect rect) const;
+};
+
+/// A drop-down list. Texts are in code page 932; indices count from 0, -1 is none.
+class FRAME_API CComboBox : public CWnd {
+public:
+  void ResetContent();
+  int AddString(const char* text);
+  int GetCurSel() const;
+  /// Selects an entry; nobody is notified.
+  void SetCurSel(int index);
+};

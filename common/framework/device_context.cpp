@@ -24,3 +24,41 @@ CPaintDC::CPaintDC(const CWnd* window)
     : m_hWnd(window->m_hWnd), m_hDC(::BeginPaint(window->m_hWnd, &m_paint)) {}
 
 CPaintDC::~CPaintDC() { ::EndPaint(m_hWnd, &m_paint); }
+
+namespace quorvel {
+
+MemoryDC::MemoryDC(HDC deviceContext) : m_hDC(::CreateCompatibleDC(deviceContext)) {}
+
+MemoryDC::~MemoryDC() { ::DeleteDC(m_hDC); }
+
+PaintBuffer::PaintBuffer(HDC target, const CRect& area)
+    : m_target(target),
+      m_area(area),
+      m_memory(target),
+      m_bitmap(::CreateCompatibleBitmap(target, area.Width(), area.Height())) {
+  if (m_bitmap != nullptr) {
+    m_previous = ::SelectObject(m_memory.Handle(), m_bitmap.get());
+    ::SetViewportOrgEx(m_memory.Handle(), -area.left, -area.top, nullptr);
+  }
+}
+
+PaintBuffer::~PaintBuffer() {
+  if (m_bitmap != nullptr) {
+    ::BitBlt(m_target, m_area.left, m_area.top, m_area.Width(), m_area.Height(),
+             m_memory.Handle(), m_area.left, m_area.top, SRCCOPY);
+    ::SelectObject(m_memory.Handle(), m_previous);
+  }
+}
+
+void FillSolid(HDC deviceContext, const CRect& rect, COLORREF color) {
+  // The stock brush takes any colour: nothing is made, so nothing can fail.
+  ::SetDCBrushColor(deviceContext, color);
+  ::FillRect(deviceContext, &rect, static_cast<HBRUSH>(::GetStockObject(DC_BRUSH)));
+}
+
+void FillFramed(HDC deviceContext, const CRect& rect, COLORREF color) {
+  FillSolid(deviceContext, rect, color);
+  ::FrameRect(deviceContext, &rect, static_cast<HBRUSH>(::GetStockObject(BLACK_BRUSH)));
+}
+
+}  // namespace quorvel

@@ -8,6 +8,9 @@
 #include "framework/frame_export.h"
 #include "framework/wnd.h"
 
+#include <memory>
+#include <type_traits>
+
 /// That of a window's client area.
 class FRAME_API CClientDC {
 public:
@@ -15,6 +18,8 @@ public:
   ~CClientDC();
   CClientDC(const CClientDC&) = delete;
   CClientDC& operator=(const CClientDC&) = delete;
+
+  HDC Handle() const { return m_hDC; }
 
   /// In pixels, in the font selected now.
   CSize GetTextExtent(const CString& text) const;
@@ -34,6 +39,8 @@ public:
   CPaintDC& operator=(const CPaintDC&) = delete;
 
   HDC Handle() const { return m_hDC; }
+  /// What is to be painted lies inside.
+  CRect Area() const { return m_paint.rcPaint; }
 
 private:
   HWND m_hWnd;
@@ -42,6 +49,15 @@ private:
 };
 
 namespace quorvel {
+
+struct GdiDeleter {
+  void operator()(HGDIOBJ object) const { ::DeleteObject(object); }
+};
+/// Own what they hold; null where it could not be made.
+using OwnedPen = std::unique_ptr<std::remove_pointer_t<HPEN>, GdiDeleter>;
+using OwnedBrush = std::unique_ptr<std::remove_pointer_t<HBRUSH>, GdiDeleter>;
+using OwnedFont = std::unique_ptr<std::remove_pointer_t<HFONT>, GdiDeleter>;
+using OwnedBitmap = std::unique_ptr<std::remove_pointer_t<HBITMAP>, GdiDeleter>;
 
 /// A pen, brush, font or bitmap selected into a device context; not owned.
 class SelectedObject {
@@ -56,5 +72,45 @@ private:
   HDC m_hDC;
   HGDIOBJ m_previous;
 };
+
+/// A device context in memory, like `deviceContext`; its bitmap is to be selected.
+class FRAME_API MemoryDC {
+public:
+  explicit MemoryDC(HDC deviceContext);
+  ~MemoryDC();
+  MemoryDC(const MemoryDC&) = delete;
+  MemoryDC& operator=(const MemoryDC&) = delete;
+
+  HDC Handle() const { return m_hDC; }
+
+private:
+  HDC m_hDC;
+};
+
+/// Paints without flicker: what is drawn into Handle() appears at once, when the object dies. Both
+/// device contexts have the same coordinates; `area` must be drawn whole. Where there is no memory
+/// for it, Handle() is the target itself.
+class FRAME_API PaintBuffer {
+public:
+  PaintBuffer(HDC target, const CRect& area);
+  ~PaintBuffer();
+  PaintBuffer(const PaintBuffer&) = delete;
+  PaintBuffer& operator=(const PaintBuffer&) = delete;
+
+  HDC Handle() const { return m_bitmap != nullptr ? m_memory.Handle() : m_target; }
+
+private:
+  HDC m_target;
+  CRect m_area;
+  MemoryDC m_memory;
+  OwnedBitmap m_bitmap;
+  HGDIOBJ m_previous = nullptr;
+};
+
+/// Fills with one colour.
+FRAME_API void FillSolid(HDC deviceContext, const CRect& rect, COLORREF color);
+
+/// Fills with one colour and draws a black line, 1 pixel wide, along the inside of the edges.
+FRAME_API void FillFramed(HDC deviceContext, const CRect& rect, COLORREF color);
 
 }  // namespace quorvel

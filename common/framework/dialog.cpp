@@ -136,6 +136,21 @@ INT_PTR CDialog::DoModal() {
   return m_nModalResult;
 }
 
+BOOL CDialog::Create(UINT templateId, CWnd* parent) {
+  const HINSTANCE module = AfxGetResourceHandle();
+  const DLGTEMPLATE* dialogTemplate = FindTemplate(module, templateId);
+  if (dialogTemplate == nullptr) {
+    return FALSE;
+  }
+  m_editFields.clear();
+  const HWND window =
+      ::CreateDialogIndirectParamW(module, dialogTemplate, parent->m_hWnd,
+                                   &CDialog::StaticDialogProc, reinterpret_cast<LPARAM>(this));
+  return window != nullptr ? TRUE : FALSE;
+}
+
+bool CDialog::IsPage() const { return (::GetWindowLongPtrW(m_hWnd, GWL_STYLE) & WS_CHILD) != 0; }
+
 void CDialog::RunModalLoop(HWND owner) {
   while (m_bRunning) {
     MSG message{};
@@ -193,7 +208,20 @@ void CDialog::EndWithException(std::exception_ptr exception) noexcept {
   EndDialog(-1);
 }
 
-BOOL CDialog::PreTranslateMessage(MSG* message) { return ::IsDialogMessageW(m_hWnd, message); }
+BOOL CDialog::PreTranslateMessage(MSG* message) {
+  if (!IsPage()) {
+    return ::IsDialogMessageW(m_hWnd, message);
+  }
+  // The dialog around would look for the button among its own controls.
+  const bool pressesButton =
+      message->message == WM_KEYDOWN && message->wParam == VK_RETURN &&
+      (::SendMessageW(message->hwnd, WM_GETDLGCODE, VK_RETURN, 0) &
+       (DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON)) != 0;
+  if (pressesButton) {
+    ::SendMessageW(message->hwnd, BM_CLICK, 0, 0);
+  }
+  return pressesButton ? TRUE : FALSE;
+}
 
 INT_PTR CALLBACK CDialog::StaticDialogProc(HWND window, UINT message, WPARAM /*wParam*/,
                                            LPARAM lParam) {
@@ -205,7 +233,7 @@ INT_PTR CALLBACK CDialog::StaticDialogProc(HWND window, UINT message, WPARAM /*w
     dialog->SubclassWindow(window);
     return dialog->HandleInitDialog();
   } catch (...) {
-    dialog->EndWithException(std::current_exception());
+    EndInnermostWithException(std::current_exception());
     return FALSE;
   }
 }
@@ -214,7 +242,7 @@ BOOL CDialog::HandleInitDialog() {
   m_bPlaced = false;
   const BOOL letSystemSetFocus = OnInitDialog();
   AttachEditFields();
-  if (!m_bPlaced) {
+  if (!m_bPlaced && !IsPage()) {
     PlaceByDefault();
   }
   return letSystemSetFocus;

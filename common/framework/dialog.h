@@ -1,7 +1,10 @@
-// CDialog: a dialog box made from a template of the module in force, run modally.
+// CDialog: a dialog box made from a template of the module in force, run modally, or a page in
+// another dialog.
 //
 //   CInputDpiDlg dialog;
 //   if (dialog.DoModal() == IDOK) { /* the members hold what was entered */ }
+//
+//   m_pEditPage->Create(IDD_EDIT_COLOUR, this);   // from OnInitDialog of the dialog around it
 #pragma once
 
 #include "framework/controls.h"
@@ -24,6 +27,13 @@ public:
   /// when the window was destroyed from outside; -1 when it could not be created or the thread was
   /// told to quit. An exception that left a handler ends the dialog and is thrown on from here.
   virtual INT_PTR DoModal();
+
+  /// Makes this a page: the template, which has WS_CHILD and WS_EX_CONTROLPARENT, becomes a child of
+  /// `parent`, not yet shown. The dialog around it moves the focus, so Tab visits the controls of
+  /// both, and Enter in the page presses the button that has the focus or confirms the dialog around.
+  /// The window goes with the parent's. FALSE when it cannot be created.
+  BOOL Create(UINT templateId, CWnd* parent);
+
   void EndDialog(INT_PTR nResult);
 
   /// The window of this thread's innermost modal dialog; null while none runs.
@@ -51,6 +61,7 @@ protected:
 private:
   static INT_PTR CALLBACK StaticDialogProc(HWND window, UINT message, WPARAM wParam,
                                            LPARAM lParam);
+  bool IsPage() const;
   BOOL HandleInitDialog();
   void AttachEditFields();
   void PlaceByDefault();

@@ -46,6 +46,13 @@ struct CRect : tagRECT {
   constexpr int Height() const { return bottom - top; }
   constexpr CSize Size() const { return {Width(), Height()}; }
   constexpr CPoint TopLeft() const { return {left, top}; }
+  constexpr bool Contains(const CPoint& point) const {
+    return left <= point.x && point.x < right && top <= point.y && point.y < bottom;
+  }
+  /// Grown by `dx` at the left and the right edge, by `dy` at the top and the bottom.
+  constexpr CRect Grown(int dx, int dy) const {
+    return {left - dx, top - dy, right + dx, bottom + dy};
+  }
   constexpr void OffsetRect(int dx, int dy) {
     left += dx;
     right += dx;

@@ -3,6 +3,7 @@
 #include "framework/code_page.h"
 #include "framework/data_exchange.h"
 #include "framework/dialog.h"
+#include "framework/module_state.h"
 #include "framework/window_text.h"
 
 #include <array>
@@ -99,6 +100,21 @@ HWND CWnd::UnsubclassWindow() {
   return window;
 }
 
+BOOL CWnd::CreateChild(const wchar_t* className, DWORD extendedStyle, DWORD style,
+                       const CRect& rect, const CWnd* parent, UINT id) {
+  const HWND window = ::CreateWindowExW(
+      extendedStyle, className, L"", style | WS_CHILD, rect.left, rect.top, rect.Width(),
+      rect.Height(), parent->m_hWnd, reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)),
+      AfxGetInstanceHandle(), nullptr);
+  return SubclassWindow(window);
+}
+
+void CWnd::DestroyWindow() {
+  if (m_hWnd != nullptr) {
+    ::DestroyWindow(m_hWnd);
+  }
+}
+
 void CWnd::Detach() {
   CWnd** link = &g_firstAttached;
   while (*link != this) {
@@ -116,7 +132,9 @@ LRESULT CALLBACK CWnd::StaticWindowProc(HWND window, UINT message, WPARAM wParam
   if (message == WM_NCDESTROY) {
     const WNDPROC previousProc = object->m_previousProc;
     object->UnsubclassWindow();
-    return ::CallWindowProcW(previousProc, window, message, wParam, lParam);
+    const LRESULT result = ::CallWindowProcW(previousProc, window, message, wParam, lParam);
+    object->PostNcDestroy();
+    return result;
   }
   try {
     return object->WindowProc(message, wParam, lParam);
@@ -129,18 +147,39 @@ LRESULT CALLBACK CWnd::StaticWindowProc(HWND window, UINT message, WPARAM wParam
 
 LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
   LRESULT result = 0;
-  CWnd* sender = SenderOf(message, wParam, lParam);
-  if (sender != nullptr && sender != this &&
-      sender->OnChildNotify(message, wParam, lParam, &result) != FALSE) {
-    return result;
-  }
   if (message == WM_COMMAND) {
-    return HandleCommand(wParam, lParam) ? 0 : CallPreviousProc(message, wParam, lParam);
+    return OfferToSender(message, wParam, lParam, &result) || HandleCommand(wParam, lParam)
+               ? result
+               : CallPreviousProc(message, wParam, lParam);
   }
-  if (const AFX_MSGMAP_ENTRY* entry = FindHandler(message, 0, 0)) {
+  UINT code = 0;
+  UINT id = 0;
+  if (message == WM_NOTIFY) {
+    if (OfferToSender(message, wParam, lParam, &result)) {
+      return result;
+    }
+    const auto& header = *reinterpret_cast<const NMHDR*>(lParam);
+    code = header.code;
+    id = static_cast<UINT>(header.idFrom);
+  }
+  if (const AFX_MSGMAP_ENTRY* entry = FindHandler(message, code, id)) {
     return entry->call(*this, wParam, lParam);
   }
-  return CallPreviousProc(message, wParam, lParam);
+  return Default(message, wParam, lParam);
+}
+
+LRESULT CWnd::Default(UINT message, WPARAM wParam, LPARAM lParam) {
+  LRESULT result = 0;
+  const bool drawsItself = message == WM_DRAWITEM || message == WM_MEASUREITEM;
+  return drawsItself && OfferToSender(message, wParam, lParam, &result)
+             ? result
+             : CallPreviousProc(message, wParam, lParam);
+}
+
+bool CWnd::OfferToSender(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) const {
+  CWnd* sender = SenderOf(message, wParam, lParam);
+  return sender != nullptr && sender != this &&
+         sender->OnChildNotify(message, wParam, lParam, result) != FALSE;
 }
 
 CWnd* CWnd::SenderOf(UINT message, WPARAM wParam, LPARAM lParam) const {
@@ -177,6 +216,8 @@ BOOL CWnd::PreTranslateMessage(MSG* /*message*/) { return FALSE; }
 
 void CWnd::DoDataExchange(CDataExchange* /*pDX*/) {}
 
+void CWnd::PostNcDestroy() {}
+
 BOOL CWnd::OnChildNotify(UINT /*message*/, WPARAM /*wParam*/, LPARAM /*lParam*/,
                          LRESULT* /*result*/) {
   return FALSE;
@@ -210,6 +251,18 @@ void CWnd::SetDlgItemText(int id, const char* text) {
   ::SetDlgItemTextW(m_hWnd, id, quorvel::WideFromCodePage(CString(text).View()).c_str());
 }
 
+void CWnd::SetDlgItemNumber(int id, int number) {
+  CString text;
+  text.Format("%d", number);
+  SetDlgItemText(id, text);
+}
+
+CRect CWnd::GetClientRect() const {
+  CRect rect;
+  ::GetClientRect(m_hWnd, &rect);
+  return rect;
+}
+
 CRect CWnd::GetWindowRect() const {
   CRect rect;
   ::GetWindowRect(m_hWnd, &rect);
@@ -230,4 +283,9 @@ void CWnd::MoveDlgItem(int id, const CPoint& topLeft) { MoveWindowTo(GetDlgItem(
 void CWnd::ResizeTo(const CSize& size) {
   ::SetWindowPos(m_hWnd, nullptr, 0, 0, size.cx, size.cy,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void CWnd::MoveWindow(const CRect& rect) {
+  ::SetWindowPos(m_hWnd, nullptr, rect.left, rect.top, rect.Width(), rect.Height(),
+                 SWP_NOZORDER | SWP_NOACTIVATE);
 }

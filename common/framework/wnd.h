@@ -32,6 +32,12 @@ public:
   BOOL SubclassDlgItem(UINT id, CWnd* parent);
   /// Detaches and returns the window, which stays.
   HWND UnsubclassWindow();
+  /// Creates a child of `parent`, of a class of the system or of one that was registered before, and
+  /// attaches the object to it. `rect` is in the parent's client pixels. FALSE when it cannot.
+  BOOL CreateChild(const wchar_t* className, DWORD extendedStyle, DWORD style, const CRect& rect,
+                   const CWnd* parent, UINT id);
+  /// Destroys the window; the object is detached. Nothing happens without a window.
+  void DestroyWindow();
 
   /// Shows the values of the members in the controls (FALSE) or reads the controls into the members
   /// (TRUE). Reading stops at the first field that is refused: one message is shown, the field gets
@@ -45,8 +51,12 @@ public:
   void SetWindowText(const char* text);
   CString GetDlgItemText(int id) const;
   void SetDlgItemText(int id, const char* text);
+  /// A whole number, in digits.
+  void SetDlgItemNumber(int id, int number);
   /// In screen pixels.
   CRect GetWindowRect() const;
+  /// Its top-left corner is (0, 0).
+  CRect GetClientRect() const;
   /// Of a control, in this window's client pixels.
   CRect GetDlgItemRect(int id) const;
   /// Moves without resizing; client pixels for a child.
@@ -55,18 +65,30 @@ public:
   void MoveDlgItem(int id, const CPoint& topLeft);
   /// Resizes without moving.
   void ResizeTo(const CSize& size);
+  /// Moves and resizes; client pixels of the parent for a child.
+  void MoveWindow(const CRect& rect);
+
+  /// Asks for the window, or a part of it in client pixels, to be painted. What is painted covers
+  /// it whole: it is not erased before.
+  void Invalidate() const { ::InvalidateRect(m_hWnd, nullptr, FALSE); }
+  void InvalidateRect(const CRect& rect) const { ::InvalidateRect(m_hWnd, &rect, FALSE); }
 
   /// A look at a message before it is dispatched to this window or one inside it. TRUE when it has
   /// been dealt with.
   virtual BOOL PreTranslateMessage(MSG* message);
 
 protected:
-  /// Every message of the window: the message map first, then the window's own procedure.
+  /// Every message of the window: the message map first, then the default handling.
   virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
+  /// What happens to a message without a handler: a control draws and measures itself, and the
+  /// window's own procedure does the rest.
+  LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam);
   /// What the window's own procedure does with a message.
   LRESULT CallPreviousProc(UINT message, WPARAM wParam, LPARAM lParam);
   /// Moves values between members and controls.
   virtual void DoDataExchange(CDataExchange* pDX);
+  /// The window is gone, the object detached from it: what belonged to the window can be deleted.
+  virtual void PostNcDestroy();
   /// A notification that this control sent to its parent, offered to the control first. TRUE, with
   /// the answer in `*result`, when the parent need not see it.
   virtual BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
@@ -78,6 +100,7 @@ private:
   /// The object of the control that a notification to this window comes from; null where there is
   /// none, or where the message is no notification.
   CWnd* SenderOf(UINT message, WPARAM wParam, LPARAM lParam) const;
+  bool OfferToSender(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) const;
   bool HandleCommand(WPARAM wParam, LPARAM lParam);
   void Detach();
 

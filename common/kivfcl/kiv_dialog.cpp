@@ -22,3 +22,9 @@ void CKivDialog::MovePosition(CPoint pt, CWnd* wnd, BOOL flag) {
   MoveTo(pt);
   SetPlaced();
 }
+
+void CKivDialog::MoveToCallersPosition(const CPoint* position) {
+  if (position != nullptr) {
+    MovePosition(*position, nullptr, TRUE);
+  }
+}

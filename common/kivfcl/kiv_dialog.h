@@ -2,7 +2,7 @@
 //
 //   BOOL CInputDpiDlg::OnInitDialog() {
 //     CKivDialog::OnInitDialog();
-//     if (m_pPosition != nullptr) MovePosition(*m_pPosition, nullptr, TRUE);
+//     MoveToCallersPosition(m_pPosition);
 #pragma once
 
 #include "framework/dialog.h"
@@ -19,6 +19,10 @@ protected:
   /// taken exactly and any other is moved by the least that makes the whole dialog visible; without
   /// it every point is taken as it is.
   void MovePosition(CPoint pt, CWnd* wnd, BOOL flag);
+
+  /// How a dialog ends its OnInitDialog: MovePosition(*position, nullptr, TRUE), or nothing where
+  /// the caller gave no position.
+  void MoveToCallersPosition(const CPoint* position);
 
   DECLARE_MESSAGE_MAP()
 };

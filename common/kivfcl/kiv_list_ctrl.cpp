@@ -5,9 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdarg>
-#include <memory>
 #include <string>
-#include <type_traits>
 
 using quorvel::SelectedObject;
 
@@ -17,11 +15,6 @@ constexpr int kMostColumns = 32;
 constexpr int kTextMargin = 3;
 constexpr int kSideOfTickWidth = 6;  ///< a check box is so many times as wide as its tick's line
 constexpr WPARAM kSpace = L' ';
-
-struct PenDeleter {
-  void operator()(HPEN pen) const { ::DeleteObject(pen); }
-};
-using Pen = std::unique_ptr<std::remove_pointer_t<HPEN>, PenDeleter>;
 
 void DrawCellText(HDC deviceContext, CRect cell, const std::wstring& text) {
   cell.left += kTextMargin;
@@ -37,7 +30,7 @@ void DrawCheckBox(HDC deviceContext, const CRect& cell, bool ticked) {
   ::FillRect(deviceContext, &box, ::GetSysColorBrush(COLOR_WINDOW));
   ::FrameRect(deviceContext, &box, ::GetSysColorBrush(COLOR_GRAYTEXT));
   if (ticked) {
-    const Pen pen(::CreatePen(PS_SOLID, std::max(side / kSideOfTickWidth, 1),
+    const quorvel::OwnedPen pen(::CreatePen(PS_SOLID, std::max(side / kSideOfTickWidth, 1),
                               ::GetSysColor(COLOR_WINDOWTEXT)));
     const SelectedObject selected(deviceContext, pen.get());
     const std::array tick{POINT{corner.x + side / 4, corner.y + side / 2},

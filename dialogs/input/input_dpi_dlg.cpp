@@ -21,8 +21,6 @@ void CInputDpiDlg::DoDataExchange(CDataExchange* pDX) {
 
 BOOL CInputDpiDlg::OnInitDialog() {
   CKivDialog::OnInitDialog();
-  if (m_pPosition != nullptr) {
-    MovePosition(*m_pPosition, nullptr, TRUE);
-  }
+  MoveToCallersPosition(m_pPosition);
   return TRUE;
 }

@@ -36,9 +36,7 @@ BOOL CInputPointDlg::OnInitDialog() {
   if ((m_nMode & kModeMousePick) == 0) {
     ::ShowWindow(GetDlgItem(IDC_POINT_MOUSE), SW_HIDE);
   }
-  if (m_pPosition != nullptr) {
-    MovePosition(*m_pPosition, nullptr, TRUE);
-  }
+  MoveToCallersPosition(m_pPosition);
   return TRUE;
 }
 

@@ -27,8 +27,6 @@ void CInputScaleDlg::DoDataExchange(CDataExchange* pDX) {
 BOOL CInputScaleDlg::OnInitDialog() {
   CKivDialog::OnInitDialog();
   SetWindowText(m_strTitle);
-  if (m_pPosition != nullptr) {
-    MovePosition(*m_pPosition, nullptr, TRUE);
-  }
+  MoveToCallersPosition(m_pPosition);
   return TRUE;
 }

@@ -19,9 +19,7 @@ void CInputTextDlg::DoDataExchange(CDataExchange* pDX) {
 BOOL CInputTextDlg::OnInitDialog() {
   CKivDialog::OnInitDialog();
   SetWindowText(m_strTitle);
-  if (m_pPosition != nullptr) {
-    MovePosition(*m_pPosition, nullptr, TRUE);
-  }
+  MoveToCallersPosition(m_pPosition);
   constexpr WPARAM kNoLimit = 0;
   ::SendDlgItemMessageW(m_hWnd, IDC_INPUT_VALUE, EM_SETLIMITTEXT, kNoLimit, 0);
   // The system would give the focus to the OK button, which comes first: the user is here to type.
