@@ -1,4 +1,6 @@
 // The entries of Quorvel.dll: the frame around each dialog.
+#include "dialogs/colour/sel_color.h"
+#include "dialogs/colour/sel_rgb.h"
 #include "dialogs/input/check_list_dlg.h"
 #include "dialogs/input/input_dpi_dlg.h"
 #include "dialogs/input/input_point_dlg.h"
@@ -26,6 +28,15 @@ Result RunEntry(Result failure, Body body, const Pointers*... needed) noexcept {
   }
 }
 
+/// Runs a colour dialog; `chosen`, a member of it, becomes the caller's colour on IDOK only.
+BOOL ConfirmedColor(CDialog& dialog, const COLORREF& chosen, COLORREF* color) {
+  if (dialog.DoModal() != IDOK) {
+    return FALSE;
+  }
+  *color = chosen;
+  return TRUE;
+}
+
 INT_PTR RunPointEntry(double* point, CInputPointDlg::Coordinates coordinates, BOOL allowMousePick,
                       CPoint* position) noexcept {
   const auto body = [&] {
@@ -45,6 +56,22 @@ INT_PTR RunPointEntry(double* point, CInputPointDlg::Coordinates coordinates, BO
 }  // namespace
 
 extern "C" {
+
+BOOL __SelColorDlg(CKivSysEnv* env, COLORREF* color, CPoint* position) {
+  const auto body = [&] {
+    CSelColor dialog(env, *color, position, nullptr);
+    return ConfirmedColor(dialog, dialog.m_colorSel, color);
+  };
+  return RunEntry(FALSE, body, color);
+}
+
+BOOL __SelRGBDlg(COLORREF* color) {
+  const auto body = [&] {
+    CSelRGB dialog(*color, nullptr);
+    return ConfirmedColor(dialog, dialog.m_color, color);
+  };
+  return RunEntry(FALSE, body, color);
+}
 
 BOOL __InputTextDlg(const char* title, const char* comment, CString* text, CPoint* position) {
   const auto body = [&] {

@@ -20,7 +20,7 @@ if(WIN32)
   target_link_options(
     quorvel_options INTERFACE -Wl,--dynamicbase -Wl,--high-entropy-va -Wl,--nxcompat
     $<$<CONFIG:Release>:-s>)
-  set(CMAKE_RC_FLAGS "-c 65001 -I ${PROJECT_SOURCE_DIR}")
+  set(CMAKE_RC_FLAGS "-c 65001 -I ${PROJECT_SOURCE_DIR} -I ${PROJECT_BINARY_DIR}/res")
 elseif(QUORVEL_SANITIZE)
   # The compiler's flow analysis misjudges instrumented code.
   target_compile_options(quorvel_options INTERFACE -Wno-maybe-uninitialized)

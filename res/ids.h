@@ -34,3 +34,50 @@
 // Check list
 #define IDD_CHECK_LIST 30115
 #define IDC_CHECK_LIST 4030
+
+// Colour grid; its 64 colour buttons are told in dialogs/colour/colour_grid.h
+#define IDD_COLOUR_GRID 30100
+#define IDC_GRID_OTHER 13323
+#define IDC_GRID_SELECTED 13441
+
+// Colour picker
+#define IDD_COLOUR_PICKER 30101
+#define IDB_HUE_SATURATION 30000
+#define IDC_PICKER_FIELD 13557
+#define IDC_PICKER_BAR 13555
+#define IDC_PICKER_BAR_SCROLL 13540
+#define IDC_PICKER_SWATCH 13556
+#define IDC_PICKER_HUE 13374
+#define IDC_PICKER_HUE_SPIN 13545
+#define IDC_PICKER_SATURATION 13371
+#define IDC_PICKER_SATURATION_SPIN 13544
+#define IDC_PICKER_BRIGHTNESS 13370
+#define IDC_PICKER_BRIGHTNESS_SPIN 13543
+#define IDC_PICKER_RED 13375
+#define IDC_PICKER_RED_BAR 13542
+#define IDC_PICKER_GREEN 13373
+#define IDC_PICKER_GREEN_BAR 13541
+#define IDC_PICKER_BLUE 13372
+#define IDC_PICKER_BLUE_BAR 13539
+
+// Colour edit page, selected-colour page, palette page. 1011 is a place on some templates and a
+// button on another.
+#define IDD_COLOUR_EDIT_PAGE 30104
+#define IDD_COLOUR_SELECT_PAGE 30109
+#define IDD_COLOUR_LIST_PAGE 30105
+#define IDC_COLOUR_SWATCH 2000
+#define IDC_COLOUR_PLACE 1011
+#define IDC_COLOUR_FIELD 2009
+#define IDC_COLOUR_BRIGHTNESS 2010
+#define IDC_COLOUR_MODEL 100
+#define IDC_COLOUR_VALUE_FIRST 110
+#define IDC_COLOUR_SLIDER_FIRST 120
+#define IDC_PALETTE 2001
+#define IDC_PALETTE_EDIT 1011
+#define IDC_PALETTE_ADD 1010
+#define IDC_PALETTE_DELETE 1012
+
+// Colour edit dialog, tabbed colour dialog
+#define IDD_COLOUR_EDIT 30108
+#define IDD_COLOUR_TABS 30103
+#define IDC_COLOUR_TABS 1000

@@ -80,7 +80,7 @@ LRESULT CallMouse(CCmdTarget& target, WPARAM wParam, LPARAM lParam) {
 
 template <auto Handler>
 LRESULT CallScroll(CCmdTarget& target, WPARAM wParam, LPARAM lParam) {
-  (TargetOf(target, Handler).*Handler)(LOWORD(wParam), HIWORD(wParam),
+  (TargetOf(target, Handler).*Handler)(LOWORD(wParam), static_cast<short>(HIWORD(wParam)),
                                        reinterpret_cast<HWND>(lParam));
   return 0;
 }
@@ -143,7 +143,7 @@ protected:                                         \
   {WM_LBUTTONUP, 0, 0, 0, &quorvel::message_map::CallMouse<handler>},
 #define ON_WM_MOUSEMOVE(handler) \
   {WM_MOUSEMOVE, 0, 0, 0, &quorvel::message_map::CallMouse<handler>},
-/// The handlers take UINT code, UINT position and the HWND of the scroll bar.
+/// The handlers take UINT code, int position and the HWND of the scroll bar.
 #define ON_WM_HSCROLL(handler) \
   {WM_HSCROLL, 0, 0, 0, &quorvel::message_map::CallScroll<handler>},
 #define ON_WM_VSCROLL(handler) \

@@ -38,6 +38,16 @@ enum : INT_PTR {
 
 extern "C" {
 
+/// Asks for a colour, 0x00BBGGRR, out of 48 basic ones and 16 of the user's own making; the user may
+/// make new ones with the picker of __SelRGBDlg. The made colours are loaded from `env` and stored
+/// there as soon as the user has made one; with a null `env` they are white and not stored. TRUE
+/// when confirmed.
+BOOL __SelColorDlg(CKivSysEnv* env, COLORREF* color, CPoint* position);
+
+/// Asks for a colour by hue, saturation and brightness or by red, green and blue. TRUE when
+/// confirmed.
+BOOL __SelRGBDlg(COLORREF* color);
+
 /// Asks for one line of text. TRUE when confirmed; `text` then holds the edited text.
 BOOL __InputTextDlg(const char* title, const char* comment, CString* text, CPoint* position);
 
