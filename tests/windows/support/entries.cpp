@@ -8,6 +8,38 @@ namespace quorvel::test {
 
 namespace {
 
+/// The environment is its own: nothing is stored for it, and a confirmed palette stays in it.
+CKivSysEnv& ColourEnv() {
+  static CKivSysEnv env("Software\\QuorvelTests\\Entries");
+  return env;
+}
+
+constexpr COLORREF kColor = RGB(153, 102, 51);
+
+Outcome RunSelColor(CPoint* position) {
+  COLORREF color = kColor;
+  const bool confirmed = __SelColorDlg(&ColourEnv(), &color, position) != FALSE;
+  return {confirmed, color == kColor};
+}
+
+Outcome RunSelColorEx(CPoint* position) {
+  COLORREF color = kColor;
+  const bool confirmed = __SelColorDlgEx(&ColourEnv(), &color, position) != FALSE;
+  return {confirmed, color == kColor};
+}
+
+Outcome RunEditColor(CPoint* position) {
+  COLORREF color = kColor;
+  const bool confirmed = __EditColorDlg(&ColourEnv(), &color, position) != FALSE;
+  return {confirmed, color == kColor};
+}
+
+Outcome RunSelRgb(CPoint* /*position*/) {
+  COLORREF color = kColor;
+  const bool confirmed = __SelRGBDlg(&color) != FALSE;
+  return {confirmed, color == kColor};
+}
+
 Outcome RunText(CPoint* position) {
   CString text("初期値");
   const bool confirmed = __InputTextDlg("題名", "説明", &text, position) != FALSE;
@@ -80,6 +112,14 @@ const std::vector<Entry>& AllEntries() {
        [] { return __UserPaperSetDlg(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr); }, 0},
       {"CheckList", IDD_CHECK_LIST, RunCheckList, false,
        [] { return __CheckListDlg(nullptr, nullptr, nullptr); }, -1},
+      {"SelColor", IDD_COLOUR_GRID, RunSelColor, true,
+       [] { return INT_PTR{__SelColorDlg(nullptr, nullptr, nullptr)}; }, FALSE},
+      {"SelColorEx", IDD_COLOUR_TABS, RunSelColorEx, true,
+       [] { return INT_PTR{__SelColorDlgEx(nullptr, nullptr, nullptr)}; }, FALSE},
+      {"EditColor", IDD_COLOUR_EDIT, RunEditColor, true,
+       [] { return INT_PTR{__EditColorDlg(nullptr, nullptr, nullptr)}; }, FALSE},
+      {"SelRgb", IDD_COLOUR_PICKER, RunSelRgb, false,
+       [] { return INT_PTR{__SelRGBDlg(nullptr)}; }, FALSE},
   };
   return entries;
 }
