@@ -45,7 +45,7 @@ public:
 
 protected:
   /// Called before the dialog is shown; the controls show the members. FALSE when the dialog has set
-  /// the focus itself, TRUE to let the system give it to the first control.
+  /// the focus itself, TRUE to give it to the first control. A page's result does not count.
   virtual BOOL OnInitDialog();
   /// Reads the controls and, when none refuses, closes with IDOK.
   virtual void OnOK();
@@ -61,8 +61,12 @@ protected:
 private:
   static INT_PTR CALLBACK StaticDialogProc(HWND window, UINT message, WPARAM wParam,
                                            LPARAM lParam);
+  struct Creation;
+
   bool IsPage() const;
-  BOOL HandleInitDialog();
+  /// Null when it cannot be created.
+  HWND CreateFromTemplate(UINT templateId, HWND parent);
+  void HandleInitDialog();
   void AttachEditFields();
   void PlaceByDefault();
   void RunModalLoop(HWND owner);
