@@ -128,7 +128,8 @@ void CEditSelColor::ApplyHueAndSaturation(int hue, int saturation) {
 }
 
 void CEditSelColor::OnSlider(const NMHDR& notification) {
-  m_values.brightness = reinterpret_cast<const NMKIVSLIDER&>(notification).nPos;
+  m_values.brightness =
+      std::clamp(reinterpret_cast<const NMKIVSLIDER&>(notification).nPos, 0, kHighestComponent);
   TakeColor();
   BuildPicture();
   m_field.Invalidate();
