@@ -120,8 +120,6 @@ LRESULT CKivSliderCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_GETTEXTLENGTH:
     case WM_GETTEXT:
       return quorvel::AnswerWithText(message, wParam, lParam, std::to_wstring(m_nPos));
-    case WM_ERASEBKGND:
-      return TRUE;  // painted whole, so nothing flickers
     default:
       return CWnd::WindowProc(message, wParam, lParam);
   }
