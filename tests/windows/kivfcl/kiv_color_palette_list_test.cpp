@@ -528,9 +528,13 @@ TEST_F(PaletteList, TheOwnerMayDestroyTheWindowOrTheObjectWhenItIsTold) {
 
 TEST_F(PaletteList, WhoLosesTheFocusToAClickMayDestroyWindowOrObject) {
   FocusLoser loser(m_owner);
-  loser.m_onLost = [&] { m_palette->DestroyWindow(); };
+  loser.m_onLost = [&] {
+    m_palette->DestroyWindow();
+    m_palette->Create(kStyle, CRect(CPoint(10, 10), kSize), &m_owner, kId);
+  };
   Press(Window(), CentreOf(4));
-  EXPECT_EQ(m_palette->GetCurSel(), -1);
+  EXPECT_EQ(m_palette->GetCurSel(), -1) << "the click was on the window that is gone";
+  m_palette->DestroyWindow();
 
   Create(kStyle, 41);
   ::SetFocus(loser.m_hWnd);

@@ -85,6 +85,15 @@ TEST_F(SliderCtrl, AnObjectHasOneWindowOnly) {
   EXPECT_EQ(m_owner.GetDlgItemRect(kId), CRect(CPoint(10, 10), kSize));
 }
 
+TEST_F(SliderCtrl, AnObjectMayHaveAWindowAfterAnother) {
+  Look();
+  m_slider->DestroyWindow();
+  ASSERT_TRUE(m_slider->Create(WS_VISIBLE, CRect(CPoint(10, 10), CSize(20, 266)), &m_owner, kId,
+                               KIVSLIDER_UPRIGHT));
+  EXPECT_EQ(m_slider->GetPos(), 100);
+  EXPECT_EQ(Look().At(10, 60), test::Pixel(RGB(200, 0, 0))) << "position 200";
+}
+
 TEST_F(SliderCtrl, WantsTheArrowKeysAndNoOthers) {
   EXPECT_EQ(::SendMessageW(Window(), WM_GETDLGCODE, 0, 0), DLGC_WANTARROWS);
 }
@@ -524,9 +533,16 @@ TEST_F(SliderCtrl, AWindowThatDiesDuringADragTellsNothingMore) {
   m_slider->DestroyWindow();
   EXPECT_TRUE(TakeTold().empty());
   EXPECT_EQ(::GetCapture(), nullptr);
-  Create(CRect(CPoint(10, 10), kSize), KIVSLIDER_HORIZONTAL);
+  ASSERT_TRUE(m_slider->Create(WS_VISIBLE, CRect(CPoint(10, 10), kSize), &m_owner, kId,
+                               KIVSLIDER_HORIZONTAL));
   MoveMouse(Window(), At(10));
-  EXPECT_EQ(m_slider->GetPos(), 100) << "no drag is left over";
+  EXPECT_EQ(m_slider->GetPos(), 200) << "no drag is left over";
+  Press(Window(), At(50));
+  TakeTold();
+  // Where the mouse is taken away from a window that is being destroyed.
+  ::SendMessageW(Window(), WM_DESTROY, 0, 0);
+  ::ReleaseCapture();
+  EXPECT_TRUE(TakeTold().empty());
 }
 
 TEST_F(SliderCtrl, RandomMessagesKeepItSoundAndLeaveNothingBehind) {
