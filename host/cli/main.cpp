@@ -180,6 +180,50 @@ Outcome Run(const CheckListRequest& request) {
   return outcome;
 }
 
+using ColorEntry = BOOL (*)(CKivSysEnv* env, COLORREF* color, CPoint* position);
+
+COLORREF HostColor(const Colour& colour) {
+  return RGB(colour.red, colour.green, colour.blue);
+}
+
+Outcome ConfirmedColor(COLORREF color) {
+  Outcome outcome = Confirmed();
+  outcome.answer.AddText("color", ColourText({.red = GetRValue(color),
+                                              .green = GetGValue(color),
+                                              .blue = GetBValue(color)}));
+  return outcome;
+}
+
+Outcome RunColor(const ColorArguments& arguments, ColorEntry entry) {
+  std::optional<CKivSysEnv> env;
+  if (!arguments.key.empty()) {
+    env.emplace(HostText(arguments.key));
+  }
+  COLORREF color = HostColor(arguments.color);
+  PositionArgument position(arguments.position);
+  if (entry(env ? &*env : nullptr, &color, position.Pointer()) == FALSE) {
+    return Cancelled();
+  }
+  return ConfirmedColor(color);
+}
+
+Outcome Run(const SelectColorRequest& request) {
+  return RunColor(request.arguments, __SelColorDlg);
+}
+
+Outcome Run(const SelectColorExRequest& request) {
+  return RunColor(request.arguments, __SelColorDlgEx);
+}
+
+Outcome Run(const EditColorRequest& request) {
+  return RunColor(request.arguments, __EditColorDlg);
+}
+
+Outcome Run(const SelectRgbRequest& request) {
+  COLORREF color = HostColor(request.color);
+  return __SelRGBDlg(&color) == FALSE ? Cancelled() : ConfirmedColor(color);
+}
+
 /// False when the stream does not take the text.
 bool Print(std::FILE* stream, std::string_view text) {
   return std::fwrite(text.data(), 1, text.size(), stream) == text.size() &&
