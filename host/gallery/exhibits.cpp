@@ -1,3 +1,4 @@
+#include "gallery/colour_exhibits.h"
 #include "gallery/exhibit.h"
 #include "gallery/input_exhibits.h"
 
@@ -5,8 +6,10 @@ namespace quorvel::gallery {
 
 std::vector<Exhibit> AllExhibits() {
   return {
-      InputTextExhibit(),     InputScaleExhibit(), InputDpiExhibit(),  InputPointXYExhibit(),
-      InputPointXYZExhibit(), UserPaperExhibit(),  CheckListExhibit(),
+      InputTextExhibit(),     InputScaleExhibit(),    InputDpiExhibit(),
+      InputPointXYExhibit(),  InputPointXYZExhibit(), UserPaperExhibit(),
+      CheckListExhibit(),     SelectColorExhibit(),   SelectColorExExhibit(),
+      EditColorExhibit(),     SelectRgbExhibit(),
   };
 }
 
