@@ -10,6 +10,9 @@ namespace quorvel::bench {
 /// The input dialogs against their bare templates.
 std::vector<Row> InputDialogs(int runs);
 
+/// The colour dialogs against the platform's own one, and their painting against what it needs.
+std::vector<Row> ColourDialogs(int runs);
+
 /// The page model at its largest: files, rectangles, changes, memory.
 std::vector<Row> PageModel(int runs);
 

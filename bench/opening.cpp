@@ -1,9 +1,8 @@
 #include "bench/opening.h"
 
+#include "bench/timing.h"
 #include "driver/dialog_owner.h"
 
-#include <algorithm>
-#include <cstddef>
 #include <stdexcept>
 
 namespace quorvel::bench {
@@ -17,16 +16,8 @@ constexpr int kWarmUps = 20;
 constexpr double kMostTimesBare = 1.3;
 constexpr double kMostMillisecondsOverBare = 5.0;
 
-LONGLONG Now() {
-  LARGE_INTEGER count{};
-  ::QueryPerformanceCounter(&count);
-  return count.QuadPart;
-}
-
 double Milliseconds(LONGLONG from, LONGLONG to) {
-  LARGE_INTEGER perSecond{};
-  ::QueryPerformanceFrequency(&perSecond);
-  return 1000.0 * static_cast<double>(to - from) / static_cast<double>(perSecond.QuadPart);
+  return 1000.0 * Seconds(from, to);
 }
 
 struct Times {
@@ -37,9 +28,9 @@ struct Times {
 /// Runs one modal dialog owned by `owner` and, where `counts`, adds its times.
 void Time(const DialogOwner& owner, const std::function<void()>& call, bool counts, Times& times) {
   const int answered = owner.Answered();
-  const LONGLONG called = Now();
+  const LONGLONG called = Ticks();
   call();
-  const LONGLONG returned = Now();
+  const LONGLONG returned = Ticks();
   if (owner.Answered() != answered + 1) {
     throw std::runtime_error("a dialog closed before it was painted");
   }
@@ -49,30 +40,31 @@ void Time(const DialogOwner& owner, const std::function<void()>& call, bool coun
   }
 }
 
-double Median(std::vector<double> values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  return *middle;
-}
-
 }  // namespace
 
-std::vector<Row> CompareOpening(const std::string& name, UINT templateId, int runs,
-                                const std::function<void()>& call) {
+std::vector<Row> CompareOpening(const std::string& name, double mostTimesBare, int runs,
+                                const std::function<void()>& call,
+                                const std::function<void(HWND owner)>& bare) {
   DialogOwner owner;
   owner.SetCommand(IDOK);
-  const BareDialog bare(::GetModuleHandleW(L"Quorvel.dll"), templateId);
   Times ours;
   Times theirs;
   for (int run = -kWarmUps; run < runs; ++run) {
     Time(owner, call, run >= 0, ours);
-    Time(owner, [&] { bare.Run(owner.Window()); }, run >= 0, theirs);
+    Time(owner, [&] { bare(owner.Window()); }, run >= 0, theirs);
   }
   return {{name + ", open to first full paint", "times bare",
-           Median(ours.openToPaint) / Median(theirs.openToPaint), kMostTimesBare, runs},
+           Median(ours.openToPaint) / Median(theirs.openToPaint), mostTimesBare, runs},
           {name + ", confirm to return", "ms over bare",
            Median(ours.confirmToReturn) - Median(theirs.confirmToReturn),
            kMostMillisecondsOverBare, runs}};
+}
+
+std::vector<Row> CompareOpening(const std::string& name, UINT templateId, int runs,
+                                const std::function<void()>& call) {
+  const BareDialog bare(::GetModuleHandleW(L"Quorvel.dll"), templateId);
+  return CompareOpening(name, kMostTimesBare, runs, call,
+                        [&bare](HWND owner) { bare.Run(owner); });
 }
 
 }  // namespace quorvel::bench
