@@ -29,6 +29,9 @@ constexpr COLORREF kBrown = RGB(153, 102, 51);
 constexpr int kItemWidth = 24;
 constexpr int kItemHeight = 16;
 
+constexpr int kModel = 100;
+constexpr int kHsb = 2;
+
 enum Page { kListPage, kEditPage, kSelectPage };
 
 struct Answer {
@@ -185,8 +188,6 @@ TEST(SelColorDlg, TheColourGoesFromPageToPage) {
 }
 
 TEST(SelColorDlg, AColourThatComesBackToTheEditorIsShownInItsModel) {
-  constexpr int kModel = 100;
-  constexpr int kHsb = 2;
   Ask(kBrown, [](HWND dialog) {
     const HWND editor = ShownPage(dialog);
     ::SendMessageW(Control(editor, kModel), CB_SETCURSEL, kHsb, 0);
