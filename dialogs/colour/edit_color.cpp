@@ -19,12 +19,12 @@ constexpr UINT kNoId = 0xFFFF;
 
 BEGIN_MESSAGE_MAP(CEditColor, CDialog)
   ON_WM_PAINT(&CEditColor::OnPaint)
-  ON_CBN_SELCHANGE(IDC_COLOUR_MODEL, &CEditColor::OnModelSelected)
-  ON_NOTIFY_RANGE(KIVSLIDER_MOVING, IDC_COLOUR_SLIDER_FIRST, IDC_COLOUR_SLIDER_FIRST + kLastRow,
+  ON_CBN_SELCHANGE(kColorModelId, &CEditColor::OnModelSelected)
+  ON_NOTIFY_RANGE(KIVSLIDER_MOVING, kFirstColorSliderId, kFirstColorSliderId + kLastRow,
                   &CEditColor::OnSlider)
-  ON_NOTIFY_RANGE(KIVSLIDER_MOVED, IDC_COLOUR_SLIDER_FIRST, IDC_COLOUR_SLIDER_FIRST + kLastRow,
+  ON_NOTIFY_RANGE(KIVSLIDER_MOVED, kFirstColorSliderId, kFirstColorSliderId + kLastRow,
                   &CEditColor::OnSlider)
-  ON_CONTROL_RANGE(EN_KILLFOCUS, IDC_COLOUR_VALUE_FIRST, IDC_COLOUR_VALUE_FIRST + kLastRow,
+  ON_CONTROL_RANGE(EN_KILLFOCUS, kFirstColorValueId, kFirstColorValueId + kLastRow,
                    &CEditColor::OnEditLeft)
 END_MESSAGE_MAP()
 
@@ -51,7 +51,7 @@ void CEditColor::CreateControls() {
   }
   m_layout = quorvel::LayOutEditColor(GetDlgItemRect(IDC_COLOUR_PLACE), rate);
   m_cmbModel.CreateChild(L"ComboBox", 0, CBS_DROPDOWNLIST | WS_TABSTOP | WS_VISIBLE,
-                         m_layout.model, this, IDC_COLOUR_MODEL);
+                         m_layout.model, this, kColorModelId);
   SetControlFont(m_cmbModel);
   m_cmbModel.ResetContent();
   for (const quorvel::ColorModelTexts& texts : kColorModelTexts) {
@@ -131,12 +131,12 @@ void CEditColor::OnModelSelected() {
 }
 
 void CEditColor::OnSlider(const NMHDR& notification) {
-  ApplyComponent(static_cast<int>(notification.idFrom) - IDC_COLOUR_SLIDER_FIRST,
+  ApplyComponent(static_cast<int>(notification.idFrom) - kFirstColorSliderId,
                  reinterpret_cast<const NMKIVSLIDER&>(notification).nPos);
 }
 
 void CEditColor::OnEditLeft(UINT id) {
-  const int row = static_cast<int>(id) - IDC_COLOUR_VALUE_FIRST;
+  const int row = static_cast<int>(id) - kFirstColorValueId;
   const std::optional<int> typed =
       quorvel::ParseInteger(GetDlgItemText(static_cast<int>(id)).View());
   if (!typed) {

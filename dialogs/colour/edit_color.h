@@ -12,6 +12,11 @@
 
 #include <array>
 
+/// The page makes these itself; no template names them.
+constexpr int kColorModelId = 100;
+constexpr int kFirstColorValueId = 110;
+constexpr int kFirstColorSliderId = 120;
+
 /// A page: made with Create(IDD_COLOUR_EDIT_PAGE, parent).
 class CEditColor : public CDialog {
 public:
@@ -51,8 +56,8 @@ private:
     CEdit edit;
   };
 
-  static int IdOfSlider(int row) { return IDC_COLOUR_SLIDER_FIRST + row; }
-  static int IdOfEdit(int row) { return IDC_COLOUR_VALUE_FIRST + row; }
+  static int IdOfSlider(int row) { return kFirstColorSliderId + row; }
+  static int IdOfEdit(int row) { return kFirstColorValueId + row; }
   Row& RowAt(int row) { return m_rows[static_cast<std::size_t>(row)]; }
 
   void CreateControls();

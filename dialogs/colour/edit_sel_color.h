@@ -60,7 +60,7 @@ private:
 
   CKivSliderCtrl m_slider;
   std::unique_ptr<CKivImageData> m_pPicture;
-  quorvel::HsbValues m_values{0, 0, 255};
+  quorvel::HsbValues m_values{0, 0, quorvel::kHighestComponent};
   bool m_bDragging = false;
   CPoint m_ptLastMarker;
   CRect m_swatchRect;

@@ -371,6 +371,7 @@ BOOL CSelRGB::PreTranslateMessage(MSG* message) {
   return TRUE;
 }
 
+// NOLINTNEXTLINE(readability-convert-member-functions-to-static): called as a member by the map
 LRESULT CSelRGB::OnQueryDragIcon(WPARAM /*wParam*/, LPARAM /*lParam*/) { return 0; }
 
 LRESULT CSelRGB::OnDrawItem(WPARAM wParam, LPARAM lParam) {

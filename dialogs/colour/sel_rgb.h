@@ -42,10 +42,13 @@ protected:
 private:
   class Changing;
 
+  static constexpr quorvel::RgbColour kFirstColour{128, 128, 128};
+  static constexpr quorvel::PickerValues kFirstValues{170, 0, 128};
+
   /// What the fields were set to last.
   struct LastValues {
-    quorvel::RgbColour colour{128, 128, 128};
-    quorvel::PickerValues picker{170, 0, 128};
+    quorvel::RgbColour colour = kFirstColour;
+    quorvel::PickerValues picker = kFirstValues;
   };
 
   /// The last value of a field.
