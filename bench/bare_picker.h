@@ -23,6 +23,7 @@ class BarePicker {
 public:
   /// Shows `colour` at first. Owned by the window `owner`, away from the middle of the screen.
   BarePicker(HWND owner, const RgbColour& colour);
+  ~BarePicker() = default;
   BarePicker(const BarePicker&) = delete;
   BarePicker& operator=(const BarePicker&) = delete;
 

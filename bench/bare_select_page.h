@@ -20,6 +20,7 @@ class BareSelectPage {
 public:
   /// Away from the middle of the screen.
   explicit BareSelectPage(const HsbValues& values);
+  ~BareSelectPage() = default;
   BareSelectPage(const BareSelectPage&) = delete;
   BareSelectPage& operator=(const BareSelectPage&) = delete;
 

@@ -50,12 +50,12 @@ constexpr std::array kDialogMessages{UINT{WM_CAPTURECHANGED}, UINT{WM_CANCELMODE
 class Messages {
 public:
   Messages(unsigned seed, int count) : m_random(seed), m_count(count) {
-    g_running = this;
+    s_running = this;
     m_timer = ::SetTimer(nullptr, 0, USER_TIMER_MINIMUM, OnTimer);
   }
   ~Messages() {
     ::KillTimer(nullptr, m_timer);
-    g_running = nullptr;
+    s_running = nullptr;
   }
   Messages(const Messages&) = delete;
   Messages& operator=(const Messages&) = delete;
@@ -73,8 +73,8 @@ private:
 
   static void CALLBACK OnTimer(HWND /*window*/, UINT /*message*/, UINT_PTR /*timer*/,
                                DWORD /*time*/) {
-    if (g_running != nullptr) {
-      g_running->Burst();
+    if (s_running != nullptr) {
+      s_running->Burst();
     }
   }
 
@@ -217,7 +217,7 @@ private:
                    reinterpret_cast<LPARAM>(&notification));
   }
 
-  static inline Messages* g_running = nullptr;
+  static inline Messages* s_running = nullptr;
 
   std::mt19937 m_random;
   int m_count;
@@ -284,6 +284,7 @@ void FillSystemCaches() {
   }
   constexpr int kMostContexts = 64;
   std::vector<HDC> contexts;
+  contexts.reserve(kMostContexts);
   for (int i = 0; i < kMostContexts; ++i) {
     contexts.push_back(::GetDC(::GetDesktopWindow()));
   }

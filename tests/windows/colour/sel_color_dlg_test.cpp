@@ -9,6 +9,7 @@
 // Needs <windows.h> above.
 #include <commctrl.h>
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -56,6 +57,7 @@ Answer Ask(COLORREF color, ModalScript::Action action, CKivSysEnv* env = nullptr
 /// 45 different colours, so that the last 4 can be deleted.
 std::vector<COLORREF> SamplePalette(int count = 45) {
   std::vector<COLORREF> palette;
+  palette.reserve(static_cast<std::size_t>(count));
   for (int i = 0; i < count; ++i) {
     palette.push_back(RGB(5 * i, 255 - 5 * i, i));
   }
@@ -89,11 +91,11 @@ TEST(SelColorDlg, HasThreeTabs) {
     std::wstring texts;
     ASSERT_EQ(TabCtrl_GetItemCount(tabs), 3);
     for (WPARAM i = 0; i < 3; ++i) {
-      wchar_t text[32] = {};
+      std::array<wchar_t, 32> text{};
       TCITEMW item{};
       item.mask = TCIF_TEXT;
-      item.pszText = text;
-      item.cchTextMax = 32;
+      item.pszText = text.data();
+      item.cchTextMax = static_cast<int>(text.size());
       ::SendMessageW(tabs, TCM_GETITEMW, i, reinterpret_cast<LPARAM>(&item));
       texts += std::wstring(item.pszText) + L"/";
     }

@@ -58,6 +58,7 @@ INSTANTIATE_TEST_SUITE_P(Grid, SelColorButton, ::testing::Range(0, kGridButtonCo
 TEST_P(SelColorButton, AClickAndOkGiveItsColour) {
   ColourEnvironment environment;
   std::vector<COLORREF> palette;
+  palette.reserve(kMadeColorButtonCount);
   for (int i = 0; i < kMadeColorButtonCount; ++i) {
     palette.push_back(RGB(10 + i, 20 + i, 30 + i));
   }

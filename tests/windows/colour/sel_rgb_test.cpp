@@ -369,9 +369,9 @@ TEST(SelRgb, TheBrightnessBarIsUpsideDown) {
 TEST(SelRgb, ColourBarsLeadToAllOtherValues) {
   Ask(kBrown, [](HWND dialog) {
     struct Step {
-      int bar;
-      UINT code;
-      int position;
+      int bar = 0;
+      UINT code = 0;
+      int position = 0;
       RgbColour expected;
     };
     for (const auto& [bar, code, position, expected] :
