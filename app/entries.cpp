@@ -1,5 +1,7 @@
 // The entries of Quorvel.dll: the frame around each dialog.
+#include "dialogs/colour/edit_color_dlg.h"
 #include "dialogs/colour/sel_color.h"
+#include "dialogs/colour/sel_color_dlg.h"
 #include "dialogs/colour/sel_rgb.h"
 #include "dialogs/font/sel_font_dlg.h"
 #include "dialogs/font/sel_font_ex_dlg.h"
@@ -63,6 +65,22 @@ BOOL __SelColorDlg(CKivSysEnv* env, COLORREF* color, CPoint* position) {
   const auto body = [&] {
     CSelColor dialog(env, *color, position, nullptr);
     return ConfirmedColor(dialog, dialog.m_colorSel, color);
+  };
+  return RunEntry(FALSE, body, color);
+}
+
+BOOL __SelColorDlgEx(CKivSysEnv* env, COLORREF* color, CPoint* position) {
+  const auto body = [&] {
+    CSelColorDlg dialog(env, *color, position, nullptr);
+    return ConfirmedColor(dialog, dialog.m_color, color);
+  };
+  return RunEntry(FALSE, body, color);
+}
+
+BOOL __EditColorDlg(CKivSysEnv* env, COLORREF* color, CPoint* position) {
+  const auto body = [&] {
+    CEditColorDlg dialog(env, *color, position, nullptr);
+    return ConfirmedColor(dialog, dialog.m_color, color);
   };
   return RunEntry(FALSE, body, color);
 }

@@ -9,6 +9,7 @@
 #include "framework/cstring.h"
 #include "framework/errors.h"
 
+#include <cstddef>
 #include <vector>
 
 /// A growing array. Every access outside 0..GetSize()-1 throws CInvalidArgException and changes
@@ -28,6 +29,10 @@ public:
     m_items.resize(static_cast<std::size_t>(size));
   }
   void RemoveAll() { m_items.clear(); }
+  /// The elements behind move up.
+  void RemoveAt(INT_PTR index) {
+    m_items.erase(m_items.begin() + static_cast<std::ptrdiff_t>(Checked(index)));
+  }
 
   const TYPE& GetAt(INT_PTR index) const { return m_items[Checked(index)]; }
   TYPE& GetAt(INT_PTR index) { return m_items[Checked(index)]; }

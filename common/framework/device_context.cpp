@@ -56,6 +56,11 @@ void FillSolid(HDC deviceContext, const CRect& rect, COLORREF color) {
   ::FillRect(deviceContext, &rect, static_cast<HBRUSH>(::GetStockObject(DC_BRUSH)));
 }
 
+void FrameSolid(HDC deviceContext, const CRect& rect, COLORREF color) {
+  ::SetDCBrushColor(deviceContext, color);
+  ::FrameRect(deviceContext, &rect, static_cast<HBRUSH>(::GetStockObject(DC_BRUSH)));
+}
+
 void FillFramed(HDC deviceContext, const CRect& rect, COLORREF color) {
   FillSolid(deviceContext, rect, color);
   ::FrameRect(deviceContext, &rect, static_cast<HBRUSH>(::GetStockObject(BLACK_BRUSH)));

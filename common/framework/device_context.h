@@ -110,6 +110,9 @@ private:
 /// Fills with one colour.
 FRAME_API void FillSolid(HDC deviceContext, const CRect& rect, COLORREF color);
 
+/// Draws a line of one colour, 1 pixel wide, along the inside of the edges.
+FRAME_API void FrameSolid(HDC deviceContext, const CRect& rect, COLORREF color);
+
 /// Fills with one colour and draws a black line, 1 pixel wide, along the inside of the edges.
 FRAME_API void FillFramed(HDC deviceContext, const CRect& rect, COLORREF color);
 

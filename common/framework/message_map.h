@@ -139,6 +139,8 @@ protected:                                         \
 /// The handlers take UINT keys, the state of keys and buttons, and a CPoint in client pixels.
 #define ON_WM_LBUTTONDOWN(handler) \
   {WM_LBUTTONDOWN, 0, 0, 0, &quorvel::message_map::CallMouse<handler>},
+#define ON_WM_LBUTTONDBLCLK(handler) \
+  {WM_LBUTTONDBLCLK, 0, 0, 0, &quorvel::message_map::CallMouse<handler>},
 #define ON_WM_LBUTTONUP(handler) \
   {WM_LBUTTONUP, 0, 0, 0, &quorvel::message_map::CallMouse<handler>},
 #define ON_WM_MOUSEMOVE(handler) \

@@ -102,11 +102,20 @@ HWND CWnd::UnsubclassWindow() {
 
 BOOL CWnd::CreateChild(const wchar_t* className, DWORD extendedStyle, DWORD style,
                        const CRect& rect, const CWnd* parent, UINT id) {
+  if (m_hWnd != nullptr) {
+    return FALSE;  // a second window would have no object
+  }
   const HWND window = ::CreateWindowExW(
       extendedStyle, className, L"", style | WS_CHILD, rect.left, rect.top, rect.Width(),
       rect.Height(), parent->m_hWnd, reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)),
       AfxGetInstanceHandle(), nullptr);
   return SubclassWindow(window);
+}
+
+void CWnd::InvalidatePart(const RECT* part) const {
+  if (m_hWnd != nullptr) {  // for the platform, no window means all that there are
+    ::InvalidateRect(m_hWnd, part, FALSE);
+  }
 }
 
 void CWnd::DestroyWindow() {

@@ -33,7 +33,8 @@ public:
   /// Detaches and returns the window, which stays.
   HWND UnsubclassWindow();
   /// Creates a child of `parent`, of a class of the system or of one that was registered before, and
-  /// attaches the object to it. `rect` is in the parent's client pixels. FALSE when it cannot.
+  /// attaches the object to it. `rect` is in the parent's client pixels. FALSE when it cannot, or
+  /// when the object has a window.
   BOOL CreateChild(const wchar_t* className, DWORD extendedStyle, DWORD style, const CRect& rect,
                    const CWnd* parent, UINT id);
   /// Destroys the window; the object is detached. Nothing happens without a window.
@@ -69,9 +70,9 @@ public:
   void MoveWindow(const CRect& rect);
 
   /// Asks for the window, or a part of it in client pixels, to be painted. What is painted covers
-  /// it whole: it is not erased before.
-  void Invalidate() const { ::InvalidateRect(m_hWnd, nullptr, FALSE); }
-  void InvalidateRect(const CRect& rect) const { ::InvalidateRect(m_hWnd, &rect, FALSE); }
+  /// it whole: it is not erased before. Nothing happens without a window.
+  void Invalidate() const { InvalidatePart(nullptr); }
+  void InvalidateRect(const CRect& rect) const { InvalidatePart(&rect); }
 
   /// A look at a message before it is dispatched to this window or one inside it. TRUE when it has
   /// been dealt with.
@@ -103,6 +104,12 @@ private:
   /// none, or where the message is no notification.
   CWnd* SenderOf(UINT message, WPARAM wParam, LPARAM lParam) const;
   bool OfferToSender(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) const;
+<<<<<<< HEAD
+=======
+  bool HandleCommand(WPARAM wParam, LPARAM lParam);
+  /// Null is the whole client area.
+  void InvalidatePart(const RECT* part) const;
+>>>>>>> main
   void Detach();
 
   WNDPROC m_previousProc = nullptr;

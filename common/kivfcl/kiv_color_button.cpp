@@ -1,25 +1,13 @@
 #include "kivfcl/kiv_color_button.h"
 
 #include "framework/device_context.h"
-
-#include <algorithm>
-#include <string>
+#include "kivfcl/control_paint.h"
+#include "kivfcl/spoken_text.h"
 
 namespace {
 
-constexpr COLORREF kBlack = RGB(0, 0, 0);
-constexpr COLORREF kWhite = RGB(255, 255, 255);
 constexpr int kDisabledMargin = 3;
-
-void Frame(HDC deviceContext, const CRect& rect, COLORREF color) {
-  ::SetDCBrushColor(deviceContext, color);
-  ::FrameRect(deviceContext, &rect, static_cast<HBRUSH>(::GetStockObject(DC_BRUSH)));
-}
-
-std::wstring SpokenText(COLORREF color) {
-  return L"赤 " + std::to_wstring(GetRValue(color)) + L" 緑 " + std::to_wstring(GetGValue(color)) +
-         L" 青 " + std::to_wstring(GetBValue(color));
-}
+constexpr int kFocusWidth = 2;
 
 }  // namespace
 
@@ -31,25 +19,13 @@ void CKivColorButton::Recolor(COLORREF color) {
 LRESULT CKivColorButton::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_GETTEXTLENGTH:
-      return static_cast<LRESULT>(SpokenText(m_color).size());
     case WM_GETTEXT:
-      return CopySpokenText(wParam, reinterpret_cast<wchar_t*>(lParam));
+      return quorvel::AnswerWithText(message, wParam, lParam, quorvel::SpokenColor(m_color));
     case WM_ERASEBKGND:
       return TRUE;  // drawn whole, so nothing flickers
     default:
       return CWnd::WindowProc(message, wParam, lParam);
   }
-}
-
-LRESULT CKivColorButton::CopySpokenText(WPARAM capacity, wchar_t* text) const {
-  if (capacity == 0 || text == nullptr) {
-    return 0;
-  }
-  const std::wstring spoken = SpokenText(m_color);
-  const std::size_t length = std::min<std::size_t>(spoken.size(), capacity - 1);
-  std::copy_n(spoken.begin(), length, text);
-  text[length] = L'\0';
-  return static_cast<LRESULT>(length);
 }
 
 BOOL CKivColorButton::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
@@ -63,18 +39,21 @@ BOOL CKivColorButton::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, 
 
 void CKivColorButton::Draw(const DRAWITEMSTRUCT& draw) const {
   const CRect all(draw.rcItem);
+  const quorvel::PaintBuffer buffer(draw.hDC, all);
+  const HDC deviceContext = buffer.Handle();
   if ((draw.itemState & ODS_DISABLED) != 0) {
-    quorvel::FillSolid(draw.hDC, all, ::GetSysColor(COLOR_BTNFACE));
-    quorvel::FillSolid(draw.hDC, all.Grown(-kDisabledMargin, -kDisabledMargin), m_color);
+    quorvel::FillSolid(deviceContext, all, ::GetSysColor(COLOR_BTNFACE));
+    quorvel::FillSolid(deviceContext, all.Grown(-kDisabledMargin, -kDisabledMargin), m_color);
     return;
   }
-  quorvel::FillSolid(draw.hDC, all, m_color);
+  quorvel::FillSolid(deviceContext, all, m_color);
+  const bool focused = (draw.itemState & ODS_FOCUS) != 0;
   if ((draw.itemState & ODS_SELECTED) != 0) {
-    RECT edge = all;
-    ::DrawEdge(draw.hDC, &edge, EDGE_SUNKEN, BF_RECT);
+    // Inside the focus mark: a button that is pressed has the focus.
+    RECT edge = focused ? all.Grown(-kFocusWidth, -kFocusWidth) : all;
+    ::DrawEdge(deviceContext, &edge, EDGE_SUNKEN, BF_RECT);
   }
-  if ((draw.itemState & ODS_FOCUS) != 0) {
-    Frame(draw.hDC, all, kBlack);
-    Frame(draw.hDC, all.Grown(-1, -1), kWhite);
+  if (focused) {
+    quorvel::DrawFrames(deviceContext, all, {quorvel::kBlack, quorvel::kWhite});
   }
 }

@@ -27,6 +27,5 @@ protected:
   BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
 
 private:
-  LRESULT CopySpokenText(WPARAM capacity, wchar_t* text) const;
   void Draw(const DRAWITEMSTRUCT& draw) const;
 };

@@ -12,6 +12,8 @@
 #include "framework/collections.h"
 #include "framework/wnd.h"
 #include "kivfcl/kivfcl_export.h"
+#include "kivfcl/palette_rules.h"
+#include "kivfcl/wheel_steps.h"
 
 /// How the list behaves, in the style word of Create beside the window's styles.
 enum : DWORD {
@@ -27,17 +29,20 @@ enum : UINT {
 
 /// Entry i stands in row i / columns, column i % columns, from the top-left corner of the client
 /// area; rows are scrolled whole. Selected by a click, and with the focus by the arrow keys, page
-/// keys, Home and End; the wheel scrolls. Indices count from 0.
+/// keys, Home and End; the space bar takes the selected entry once more, as a click on it does. The
+/// wheel scrolls by as many rows as the user has set lines. The owner may destroy the list when it is
+/// told. Its text, which a screen reader speaks, tells the selected colour: "赤 255 緑 0 青 0".
+/// Indices count from 0.
 class KIVFCL_API CKivColorPaletteList : public CWnd {
 public:
   CKivColorPaletteList() = default;
   ~CKivColorPaletteList() override = default;
 
-  /// `style` holds window styles and KIVPALETTE_*; WS_CHILD is added. `rect` is in `parent`'s client
-  /// pixels. FALSE when it cannot be created.
+  /// `style` holds window styles and KIVPALETTE_*; WS_CHILD is added, and a scroll bar only by
+  /// KIVPALETTE_SCROLL. `rect` is in `parent`'s client pixels. FALSE when it cannot be created.
   BOOL Create(DWORD style, const CRect& rect, CWnd* parent, UINT id);
 
-  /// In pixels, each at least 1. At first 24 x 16.
+  /// In pixels, each 1 to 32,767; others count as the nearest. At first 24 x 16.
   void SetItemSize(int width, int height);
   /// Entries in a row, at least 1. At first 6.
   void SetItemColumnCount(int columns);
@@ -67,9 +72,39 @@ public:
 protected:
   LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
+  DECLARE_MESSAGE_MAP()
+
 private:
+  void OnPaint();
+  void OnLButtonDown(UINT keys, CPoint point);
+  void OnLButtonDblClk(UINT keys, CPoint point);
+  void OnVScroll(UINT code, UINT position, HWND scrollBar);
+  LRESULT OnKeyDown(WPARAM wParam, LPARAM lParam);
+  LRESULT OnMouseWheel(WPARAM wParam, LPARAM lParam);
+  LRESULT OnGetDlgCode(WPARAM wParam, LPARAM lParam);
+  LRESULT OnSize(WPARAM wParam, LPARAM lParam);
+  LRESULT OnLookChanged(WPARAM wParam, LPARAM lParam);
+
+  bool HasStyle(DWORD style) const;
+  quorvel::PaletteGrid Grid() const;
+  /// After a change of the entries, their arrangement or the window's size.
+  void Rearrange();
+  void UpdateScrollBar() const;
+  void ScrollTo(long long firstRow);
+  void InvalidateEntry(int index) const;
+  /// Without scrolling or telling.
+  void Select(int index);
+  // After these two the object may be gone: the owner has been told.
+  void SelectByUser(int index);
+  void Notify(UINT code) const;
+
+  void Draw(HDC deviceContext, const CRect& area) const;
+  void DrawEntry(HDC deviceContext, const CRect& cell, int index) const;
+
   CArray<COLORREF, COLORREF> m_colors;
   CSize m_itemSize{24, 16};
   int m_nColumns = 6;
   int m_nCurSel = -1;
+  int m_nFirstRow = 0;
+  quorvel::WheelSteps m_wheel;
 };

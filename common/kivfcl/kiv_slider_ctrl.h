@@ -10,11 +10,15 @@
 #pragma once
 
 #include "framework/wnd.h"
+#include "kivfcl/kiv_image_data.h"
 #include "kivfcl/kivfcl_export.h"
+#include "kivfcl/slider_rules.h"
+#include "kivfcl/wheel_steps.h"
 
 #include <commctrl.h>
 
 #include <array>
+#include <optional>
 
 /// Which way a slider lies. Horizontal: its lowest position is at the left; upright: at the bottom.
 enum : int {
@@ -43,16 +47,20 @@ struct NMKIVSLIDER {
 /// The components of a colour; in a model of three the last one is ignored.
 using KIVCOLORCOMPONENTS = std::array<int, 4>;
 
-/// Moved by dragging, by a click on the strip, by the wheel, and with the focus by the keys: arrows 1,
-/// page keys a tenth of the range, Home and End to the ends. Right and Up raise the position. The
-/// owner is told of every change by the user, of none by SetPos.
+/// Moved by dragging, by a click on the strip, by the wheel, and with the focus by the keys: Right
+/// and Up raise the position by 1, Left and Down lower it, PageUp and PageDown take a tenth of the
+/// range, Home goes to the lowest and End to the highest position. A click on the strip takes the
+/// thumb there and drags it on; Escape during a drag takes it back to where it was. The owner is told
+/// of every change by the user, of none by the calls below; it may destroy the slider then. A drag
+/// tells every change and, if there was one, its end, however it ends. Its text, which a screen
+/// reader speaks, is the position.
 class KIVFCL_API CKivSliderCtrl : public CWnd {
 public:
   CKivSliderCtrl() = default;
-  ~CKivSliderCtrl() override = default;
+  ~CKivSliderCtrl() override;
 
   /// `style` is a window style; WS_CHILD is added. `rect` is in `parent`'s client pixels, `kind` one
-  /// of KIVSLIDER_*. FALSE when it cannot be created.
+  /// of KIVSLIDER_*; what is none counts as horizontal. FALSE when it cannot be created.
   BOOL Create(DWORD style, const CRect& rect, CWnd* parent, UINT id, int kind);
 
   /// `lowest` at most `highest`; the position is kept inside. At first 0 to 100.
@@ -62,18 +70,55 @@ public:
   int GetPos() const { return m_nPos; }
 
   /// What the strip shows at the lowest and at the highest position; in between the components lead
-  /// evenly from `start` to `end`. At first grey.
+  /// evenly from `start` to `end`. At first grey. `model` is one of KIVGRADATION_*; what is none
+  /// counts as RGB.
   void SetGradation(int model, const KIVCOLORCOMPONENTS& start, const KIVCOLORCOMPONENTS& end);
 
 protected:
   LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
+  DECLARE_MESSAGE_MAP()
+
 private:
+  struct DragState {
+    int positionBefore = 0;
+    int grip = 0;  ///< where the mouse holds the thumb; see quorvel::GripAt
+    bool moved = false;
+  };
+
+  void OnPaint();
+  void OnLButtonDown(UINT keys, CPoint point);
+  void OnMouseMove(UINT keys, CPoint point);
+  void OnLButtonUp(UINT keys, CPoint point);
+  LRESULT OnDragTakenAway(WPARAM wParam, LPARAM lParam);
+  LRESULT OnDestroy(WPARAM wParam, LPARAM lParam);
+  LRESULT OnKeyDown(WPARAM wParam, LPARAM lParam);
+  LRESULT OnMouseWheel(WPARAM wParam, LPARAM lParam);
+  LRESULT OnGetDlgCode(WPARAM wParam, LPARAM lParam);
+  LRESULT OnLookChanged(WPARAM wParam, LPARAM lParam);
+
+  bool IsUpright() const { return m_nKind == KIVSLIDER_UPRIGHT; }
+  quorvel::SliderTrack Track() const;
+  CRect Thumb() const;
+  /// Without telling; whether the position is another now.
+  bool MoveThumb(int position);
+  // After these three the object may be gone: the owner has been told.
+  void DragTo(int place);
+  void EndDrag();
+  void Notify(UINT code) const;
+
+  void Draw(HDC deviceContext);
+  void DrawBackground(HDC deviceContext) const;
+  void DrawStrip(HDC deviceContext);
+  void RenderStrip(const CRect& inner);
+
   int m_nKind = KIVSLIDER_HORIZONTAL;
-  int m_nLowest = 0;
-  int m_nHighest = 100;
+  quorvel::SliderRange m_range;
   int m_nPos = 0;
-  int m_nModel = KIVGRADATION_RGB;
-  KIVCOLORCOMPONENTS m_start{192, 192, 192, 0};
-  KIVCOLORCOMPONENTS m_end{192, 192, 192, 0};
+  quorvel::Gradient m_gradient{
+      quorvel::GradientModel::kRgb, {192, 192, 192, 0}, {192, 192, 192, 0}};
+  CKivImageData m_strip;  ///< one pixel across, kept until the gradient or the size changes
+  bool m_bStripIsOld = true;
+  std::optional<DragState> m_drag;
+  quorvel::WheelSteps m_wheel;
 };

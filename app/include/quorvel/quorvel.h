@@ -59,6 +59,16 @@ extern "C" {
 /// when confirmed.
 BOOL __SelColorDlg(CKivSysEnv* env, COLORREF* color, CPoint* position);
 
+/// Asks for a colour in one of three ways, each on a page: out of the palette of stored colours, by
+/// its components in RGB, CMYK or HSB, or out of a field of hues and saturations. The palette is
+/// loaded from `env` and stored there when the user confirms; with a null `env` it is empty and not
+/// stored. Its first 41 colours cannot be deleted. TRUE when confirmed.
+BOOL __SelColorDlgEx(CKivSysEnv* env, COLORREF* color, CPoint* position);
+
+/// Asks for a colour by its components in RGB, CMYK or HSB. `env`, which gives the font of the
+/// fields, may be null. TRUE when confirmed.
+BOOL __EditColorDlg(CKivSysEnv* env, COLORREF* color, CPoint* position);
+
 /// Asks for a colour by hue, saturation and brightness or by red, green and blue. TRUE when
 /// confirmed.
 BOOL __SelRGBDlg(COLORREF* color);

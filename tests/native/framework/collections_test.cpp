@@ -20,6 +20,20 @@ TEST(CArray, GrowsByAddingAndBySize) {
   EXPECT_TRUE(names.IsEmpty());
 }
 
+TEST(CArray, WhatStandsBehindARemovedElementMovesUp) {
+  CDWordArray numbers;
+  for (const DWORD number : {4U, 5U, 6U}) {
+    numbers.Add(number);
+  }
+  numbers.RemoveAt(1);
+  ASSERT_EQ(numbers.GetSize(), 2);
+  EXPECT_EQ(numbers[0], 4U);
+  EXPECT_EQ(numbers[1], 6U);
+  EXPECT_THROW(numbers.RemoveAt(2), CInvalidArgException);
+  EXPECT_THROW(numbers.RemoveAt(-1), CInvalidArgException);
+  EXPECT_EQ(numbers.GetSize(), 2);
+}
+
 TEST(CArray, RefusesAnyIndexOutside) {
   CByteArray states;
   states.SetSize(2);

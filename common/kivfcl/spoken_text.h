@@ -1,0 +1,20 @@
+// What a control that shows no text tells a screen reader.
+//
+//   if (message == WM_GETTEXT || message == WM_GETTEXTLENGTH) {
+//     return quorvel::AnswerWithText(message, wParam, lParam, quorvel::SpokenColor(m_color));
+//   }
+#pragma once
+
+#include "framework/base_types.h"
+
+#include <string>
+
+namespace quorvel {
+
+/// "赤 255 緑 0 青 0".
+std::wstring SpokenColor(COLORREF color);
+
+/// The answer to WM_GETTEXTLENGTH or WM_GETTEXT; of the text, what the asker has room for.
+LRESULT AnswerWithText(UINT message, WPARAM wParam, LPARAM lParam, const std::wstring& text);
+
+}  // namespace quorvel

@@ -1,0 +1,223 @@
+#include "dialogs/colour/edit_sel_color.h"
+
+#include "framework/device_context.h"
+#include "kivcomm/color_models.h"
+
+#include <algorithm>
+
+using quorvel::HsbValues;
+using quorvel::kHighestComponent;
+using quorvel::kHighestHue;
+
+namespace {
+
+constexpr int kMarkerRadius = 3;
+constexpr int kMarkerReach = 4;  ///< no pixel of the marker is farther from its point
+constexpr int kPictureBits = 24;
+constexpr int kNoFill = -1;
+constexpr int kLargeStep = 10;
+constexpr int kDarkest = 128;  ///< below this brightness a black marker would be lost
+
+}  // namespace
+
+BEGIN_MESSAGE_MAP(CEditSelColor, CDialog)
+  ON_WM_PAINT(&CEditSelColor::OnPaint)
+  ON_WM_LBUTTONDOWN(&CEditSelColor::OnLButtonDown)
+  ON_WM_LBUTTONUP(&CEditSelColor::OnLButtonUp)
+  ON_WM_MOUSEMOVE(&CEditSelColor::OnMouseMove)
+  ON_MESSAGE(WM_CAPTURECHANGED, &CEditSelColor::OnCaptureChanged)
+  ON_NOTIFY(KIVSLIDER_MOVING, IDC_COLOUR_BRIGHTNESS, &CEditSelColor::OnSlider)
+  ON_NOTIFY(KIVSLIDER_MOVED, IDC_COLOUR_BRIGHTNESS, &CEditSelColor::OnSlider)
+END_MESSAGE_MAP()
+
+CEditSelColor::CEditSelColor(CKivSysEnv* env, COLORREF color, CWnd* parent)
+    : CDialog(IDD_COLOUR_SELECT_PAGE, parent), m_pSysEnv(env), m_color(color) {}
+
+BOOL CEditSelColor::OnInitDialog() {
+  CDialog::OnInitDialog();
+  m_bDragging = false;
+  m_fieldRect = GetDlgItemRect(IDC_COLOUR_FIELD);
+  m_pPicture = std::make_unique<CKivImageData>();
+  m_pPicture->MakeImageData(m_fieldRect.Width() + 1, m_fieldRect.Height() + 1, kPictureBits,
+                            kNoFill);
+  // The places give way to what they mark: one control for each identifier.
+  const CRect sliderRect = GetDlgItemRect(IDC_COLOUR_BRIGHTNESS);
+  for (const int place : {IDC_COLOUR_FIELD, IDC_COLOUR_BRIGHTNESS}) {
+    ::DestroyWindow(GetDlgItem(place));
+  }
+  m_field.CreateChild(L"Static", 0, WS_VISIBLE | WS_TABSTOP,
+                      {m_fieldRect.TopLeft(), {m_fieldRect.Width() + 1, m_fieldRect.Height() + 1}},
+                      this, IDC_COLOUR_FIELD);
+  m_slider.Create(WS_VISIBLE | WS_TABSTOP, sliderRect, this, IDC_COLOUR_BRIGHTNESS,
+                  KIVSLIDER_UPRIGHT);
+  m_slider.SetRange(0, kHighestComponent);
+  m_slider.SetPos(m_values.brightness);
+  ShowGradation();
+  BuildPicture();
+  return TRUE;
+}
+
+void CEditSelColor::SetColor(COLORREF color) {
+  m_color = color;
+  __KivComm_RGBtoHSB(GetRValue(color), GetGValue(color), GetBValue(color), &m_values.hue,
+                     &m_values.saturation, &m_values.brightness);
+  m_slider.SetPos(m_values.brightness);
+  ShowGradation();
+  BuildPicture();
+  m_field.Invalidate();
+  InvalidateRect(GetDlgItemRect(IDC_COLOUR_SWATCH));
+}
+
+void CEditSelColor::BuildPicture() {
+  quorvel::FillHueSaturationPicture({m_pPicture->GetWidth(), m_pPicture->GetHeight()},
+                                    m_values.brightness,
+                                    [this](int y) { return m_pPicture->GetLineImage(y); });
+}
+
+void CEditSelColor::ShowGradation() {
+  m_slider.SetGradation(KIVGRADATION_HSB, {m_values.hue, m_values.saturation, 0, 0},
+                        {m_values.hue, m_values.saturation, kHighestComponent, 0});
+}
+
+void CEditSelColor::OnLButtonDown(UINT /*keys*/, CPoint point) {
+  if (m_fieldRect.Contains(point)) {
+    ::SetFocus(m_field.m_hWnd);
+    m_bDragging = true;
+    ::SetCapture(m_hWnd);
+    m_ptLastMarker = quorvel::MarkerOfHsb(m_fieldRect, m_values);
+  }
+}
+
+void CEditSelColor::OnLButtonUp(UINT /*keys*/, CPoint point) {
+  if (m_bDragging) {
+    ApplyPoint(point);
+    m_bDragging = false;
+    ::ReleaseCapture();
+  }
+}
+
+void CEditSelColor::OnMouseMove(UINT /*keys*/, CPoint point) {
+  if (m_bDragging) {
+    ApplyPoint(point);
+  }
+}
+
+LRESULT CEditSelColor::OnCaptureChanged(WPARAM wParam, LPARAM lParam) {
+  m_bDragging = false;
+  return Default(WM_CAPTURECHANGED, wParam, lParam);
+}
+
+void CEditSelColor::ApplyPoint(const CPoint& point) {
+  const HsbValues picked = quorvel::ValuesAtPoint(m_fieldRect, point, m_values);
+  ApplyHueAndSaturation(picked.hue, picked.saturation);
+}
+
+void CEditSelColor::ApplyHueAndSaturation(int hue, int saturation) {
+  m_ptLastMarker = quorvel::MarkerOfHsb(m_fieldRect, m_values);
+  m_values.hue = std::clamp(hue, 0, kHighestHue);
+  m_values.saturation = std::clamp(saturation, 0, kHighestComponent);
+  TakeColor();
+  ShowGradation();
+  const CPoint marker = quorvel::MarkerOfHsb(m_fieldRect, m_values);
+  CRect changed(std::min(m_ptLastMarker.x, marker.x), std::min(m_ptLastMarker.y, marker.y),
+                std::max(m_ptLastMarker.x, marker.x), std::max(m_ptLastMarker.y, marker.y));
+  changed = changed.Grown(kMarkerReach, kMarkerReach);
+  changed.OffsetRect(-m_fieldRect.left, -m_fieldRect.top);
+  m_field.InvalidateRect(changed);
+  m_ptLastMarker = marker;
+}
+
+void CEditSelColor::OnSlider(const NMHDR& notification) {
+  m_values.brightness = reinterpret_cast<const NMKIVSLIDER&>(notification).nPos;
+  TakeColor();
+  BuildPicture();
+  m_field.Invalidate();
+}
+
+void CEditSelColor::TakeColor() {
+  int red = 0;
+  int green = 0;
+  int blue = 0;
+  __KivComm_HSBtoRGB(m_values.hue, m_values.saturation, m_values.brightness, &red, &green, &blue);
+  m_color = RGB(red, green, blue);
+  InvalidateRect(GetDlgItemRect(IDC_COLOUR_SWATCH));
+}
+
+void CEditSelColor::OnPaint() {
+  const CPaintDC paint(this);
+  quorvel::FillFramed(paint.Handle(), GetDlgItemRect(IDC_COLOUR_SWATCH), m_color);
+}
+
+void CEditSelColor::PaintField(const CWnd& field) const {
+  const CPaintDC paint(&field);
+  const CRect all = field.GetClientRect();
+  const quorvel::PaintBuffer buffer(paint.Handle(), all);
+  const HDC deviceContext = buffer.Handle();
+  m_pPicture->StretchDIBit(deviceContext, 0, 0, all.Width(), all.Height(), 0, 0, all.Width(),
+                           all.Height(), SRCCOPY);
+
+  const CPoint marker = quorvel::MarkerOfHsb({CPoint(0, 0), m_fieldRect.Size()}, m_values);
+  const int line = m_values.brightness < kDarkest ? WHITE_PEN : BLACK_PEN;
+  const quorvel::SelectedObject pen(deviceContext, ::GetStockObject(line));
+  const quorvel::SelectedObject hollow(deviceContext, ::GetStockObject(NULL_BRUSH));
+  ::Ellipse(deviceContext, marker.x - kMarkerRadius, marker.y - kMarkerRadius,
+            marker.x + kMarkerRadius, marker.y + kMarkerRadius);
+  if (::GetFocus() == field.m_hWnd) {
+    ::DrawFocusRect(deviceContext, &all);
+  }
+}
+
+LRESULT CEditSelColor::Field::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_GETDLGCODE:
+      return DLGC_WANTARROWS;
+    case WM_KEYDOWN:
+      return OnKey(wParam) ? 0 : CWnd::WindowProc(message, wParam, lParam);
+    case WM_SETFOCUS:
+    case WM_KILLFOCUS:
+      Invalidate();
+      return 0;
+    case WM_ERASEBKGND:
+      return TRUE;
+    case WM_PAINT:
+      m_page.PaintField(*this);
+      return 0;
+    default:
+      return CWnd::WindowProc(message, wParam, lParam);
+  }
+}
+
+bool CEditSelColor::Field::OnKey(WPARAM key) {
+  const int step = ::GetKeyState(VK_CONTROL) < 0 ? kLargeStep : 1;
+  HsbValues values = m_page.m_values;
+  switch (key) {
+    case VK_LEFT:
+      values.hue -= step;
+      break;
+    case VK_RIGHT:
+      values.hue += step;
+      break;
+    case VK_UP:
+      values.saturation -= step;
+      break;
+    case VK_DOWN:
+      values.saturation += step;
+      break;
+    case VK_HOME:
+      values.hue = 0;
+      break;
+    case VK_END:
+      values.hue = kHighestHue;
+      break;
+    case VK_PRIOR:
+      values.saturation = 0;
+      break;
+    case VK_NEXT:
+      values.saturation = kHighestComponent;
+      break;
+    default:
+      return false;
+  }
+  m_page.ApplyHueAndSaturation(values.hue, values.saturation);
+  return true;
+}
