@@ -104,12 +104,8 @@ private:
   /// none, or where the message is no notification.
   CWnd* SenderOf(UINT message, WPARAM wParam, LPARAM lParam) const;
   bool OfferToSender(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) const;
-<<<<<<< HEAD
-=======
-  bool HandleCommand(WPARAM wParam, LPARAM lParam);
   /// Null is the whole client area.
   void InvalidatePart(const RECT* part) const;
->>>>>>> main
   void Detach();
 
   WNDPROC m_previousProc = nullptr;

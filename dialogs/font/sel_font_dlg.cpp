@@ -197,7 +197,7 @@ void CSelFontDlg::PutSize(int points) {
   ::SendMessageW(sizes, CB_INSERTSTRING, kOwnSize, reinterpret_cast<LPARAM>(text.c_str()));
   // Wine takes the size of a selected entry from its data, Windows from its text. Wine would also be
   // busy for minutes with letters of the size of a house, of which the sample shows a corner.
-  ::SendMessageW(sizes, CB_SETITEMDATA, kOwnSize, std::min(points, kMostDrawnPoints));
+  ::SendMessageW(sizes, CB_SETITEMDATA, kOwnSize, std::clamp(points, 0, kMostDrawnPoints));
   ::SendMessageW(sizes, CB_SETCURSEL, kOwnSize, 0);
   // Windows takes the size into its sample when its list loses the focus, Wine when it is told of a
   // selection; each does no harm on the other.

@@ -1,60 +1,13 @@
 // The templates as tables: every control with its identifier, text and place in dialog units.
+#include "support/templates.h"
 #include "support/work.h"
 
 #include <quorvel/quorvel.h>
 
-#include <algorithm>
 #include <array>
-#include <string>
-#include <vector>
 
 namespace quorvel::test {
 namespace {
-
-struct ExpectedControl {
-  int id;
-  std::wstring kind;
-  std::wstring text;
-  CRect units;  ///< left, top, width, height
-};
-
-constexpr int kNoId = 0xFFFF;
-
-std::wstring FontFace(HWND dialog) {
-  LOGFONTW font{};
-  ::GetObjectW(reinterpret_cast<HFONT>(::SendMessageW(dialog, WM_GETFONT, 0, 0)), sizeof font,
-               &font);
-  return font.lfFaceName;
-}
-
-/// The system turns place and size into pixels separately.
-CRect PixelsOf(HWND dialog, const CRect& units) {
-  RECT pixels = units;
-  ::MapDialogRect(dialog, &pixels);
-  return {CPoint(pixels.left, pixels.top), CSize(pixels.right, pixels.bottom)};
-}
-
-void ExpectTemplate(HWND dialog, const std::wstring& caption, const CSize& clientUnits,
-                    const std::wstring& fontFace, const std::vector<ExpectedControl>& controls) {
-  EXPECT_EQ(Text(dialog), caption);
-  EXPECT_EQ(FontFace(dialog), fontFace);
-  CRect client;
-  ::GetClientRect(dialog, &client);
-  EXPECT_EQ(client.Size(),
-            PixelsOf(dialog, CRect(0, 0, clientUnits.cx, clientUnits.cy)).Size());
-
-  HWND child = ::GetWindow(dialog, GW_CHILD);
-  for (const ExpectedControl& control : controls) {
-    SCOPED_TRACE(control.id);
-    ASSERT_NE(child, nullptr);
-    EXPECT_EQ(::GetDlgCtrlID(child) & 0xFFFF, control.id);
-    EXPECT_EQ(ClassName(child), control.kind);
-    EXPECT_EQ(Text(child), control.text);
-    EXPECT_EQ(CRect(ClientRectOf(child)), PixelsOf(dialog, control.units));
-    child = ::GetWindow(child, GW_HWNDNEXT);
-  }
-  EXPECT_EQ(child, nullptr) << "more controls than the table has";
-}
 
 TEST(Templates, Text) {
   CString text("値");
