@@ -187,7 +187,7 @@ INT_PTR CFontDialog::RunModal() {
     TakeResult();
     return IDOK;
   }
-  return m_bOpened && ::CommDlgExtendedError() == 0 ? IDCANCEL : -1;
+  return m_bOpened ? IDCANCEL : -1;
 }
 
 UINT_PTR CALLBACK CFontDialog::Hook(HWND window, UINT message, WPARAM /*wParam*/, LPARAM lParam) {

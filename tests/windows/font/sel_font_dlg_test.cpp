@@ -1,5 +1,6 @@
 // The font dialog, worked as a user would.
 #include "font/font_work.h"
+#include "framework/code_page.h"
 
 #include <cmath>
 #include <limits>
@@ -708,7 +709,7 @@ TEST(SelFontDlg, AMissingFaceGoesWhenTheUserPicksEvenTheOneShown) {
     Pick(dialog, kFace, shown);
     Confirm(dialog);
   }));
-  EXPECT_STREQ(font.GetLogFont(0).lfFaceName, CString(shown == L"IPAゴシック" ? "IPAゴシック" : ""));
+  EXPECT_EQ(WideFromCodePage(std::begin(font.GetLogFont(0).lfFaceName)), shown);
 }
 
 TEST(SelFontDlg, AMissingFaceStaysWhenOnlyTheStyleIsPicked) {
