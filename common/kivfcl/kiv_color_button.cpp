@@ -14,6 +14,7 @@ constexpr int kFocusWidth = 2;
 void CKivColorButton::Recolor(COLORREF color) {
   m_color = color;
   ::SendMessageW(m_hWnd, BM_SETSTYLE, LOWORD(::GetWindowLongPtrW(m_hWnd, GWL_STYLE)), TRUE);
+  ::UpdateWindow(m_hWnd);
 }
 
 LRESULT CKivColorButton::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -29,6 +29,9 @@ public:
   /// Takes what is typed in the field that has the focus, as if the focus had left it.
   void TakeTyped();
 
+  /// The control that the page's keys begin at.
+  HWND GetModelWindow() const { return m_cmbModel.m_hWnd; }
+
   /// So tall must the page be to show all rows.
   int GetNeededHeight() const;
 

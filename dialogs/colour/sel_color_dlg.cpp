@@ -45,7 +45,7 @@ BOOL CSelColorDlg::OnInitDialog() {
   m_tab.SetCurSel(inPalette ? kListPage : kEditPage);
   ShowPage(inPalette ? kListPage : kEditPage);
   MoveToCallersPosition(m_pPosition);
-  ::SetFocus(::GetNextDlgTabItem(PageAt(m_nPage).m_hWnd, nullptr, FALSE));
+  ::SetFocus(inPalette ? m_pListPage->GetPaletteWindow() : m_pEditPage->GetModelWindow());
   return FALSE;
 }
 

@@ -131,16 +131,14 @@ int FocusedControlId(HWND dialog) {
   return GetDlgCtrlID(focused);
 }
 
-std::vector<int> TabOrder(HWND dialog) {
+std::vector<HWND> TabOrder(HWND dialog) {
   std::vector<HWND> visited;
   HWND control = GetNextDlgTabItem(dialog, nullptr, FALSE);
   while (control != nullptr && std::ranges::find(visited, control) == visited.end()) {
     visited.push_back(control);
     control = GetNextDlgTabItem(dialog, control, FALSE);
   }
-  std::vector<int> ids;
-  std::ranges::transform(visited, std::back_inserter(ids), GetDlgCtrlID);
-  return ids;
+  return visited;
 }
 
 RECT WindowRect(HWND window) {

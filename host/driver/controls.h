@@ -43,8 +43,9 @@ bool IsShown(HWND dialog, int id);
 /// control, such as the field of a combo box, this is the control itself.
 int FocusedControlId(HWND dialog);
 
-/// The controls that the tabulator key visits, in its order, from the dialog's first.
-std::vector<int> TabOrder(HWND dialog);
+/// The controls that the tabulator key visits, in its order, from the dialog's first; those of its
+/// pages, too.
+std::vector<HWND> TabOrder(HWND dialog);
 
 /// The window with its frame, on the screen.
 RECT WindowRect(HWND window);

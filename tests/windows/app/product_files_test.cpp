@@ -71,8 +71,10 @@ private:
 
 TEST(ProductFiles, QuorvelExportsTheEntriesAndNothingElse) {
   const std::set<std::string> expected{
-      "__InputTextDlg",     "__InputScaleDlg",   "__InputDpiDlg", "__InputPointXYDlg",
-      "__InputPointXYZDlg", "__UserPaperSetDlg", "__CheckListDlg"};
+      "__SelColorDlg",   "__SelColorDlgEx",    "__EditColorDlg",    "__SelRGBDlg",
+      "__InputTextDlg",  "__InputScaleDlg",    "__InputDpiDlg",     "__InputPointXYDlg",
+      "__CheckListDlg",  "__InputPointXYZDlg", "__UserPaperSetDlg", "__SelFontDlg",
+      "__SelFontExDlg"};
   EXPECT_EQ(LoadedDll("Quorvel.dll").Exports(), expected);
 }
 

@@ -9,6 +9,38 @@ namespace quorvel::test {
 
 namespace {
 
+/// The environment is its own: nothing is stored for it, and a confirmed palette stays in it.
+CKivSysEnv& ColourEnv() {
+  static CKivSysEnv env("Software\\QuorvelTests\\Entries");
+  return env;
+}
+
+constexpr COLORREF kColor = RGB(153, 102, 51);
+
+Outcome RunSelColor(CPoint* position) {
+  COLORREF color = kColor;
+  const bool confirmed = __SelColorDlg(&ColourEnv(), &color, position) != FALSE;
+  return {confirmed, color == kColor};
+}
+
+Outcome RunSelColorEx(CPoint* position) {
+  COLORREF color = kColor;
+  const bool confirmed = __SelColorDlgEx(&ColourEnv(), &color, position) != FALSE;
+  return {confirmed, color == kColor};
+}
+
+Outcome RunEditColor(CPoint* position) {
+  COLORREF color = kColor;
+  const bool confirmed = __EditColorDlg(&ColourEnv(), &color, position) != FALSE;
+  return {confirmed, color == kColor};
+}
+
+Outcome RunSelRgb(CPoint* /*position*/) {
+  COLORREF color = kColor;
+  const bool confirmed = __SelRGBDlg(&color) != FALSE;
+  return {confirmed, color == kColor};
+}
+
 Outcome RunText(CPoint* position) {
   CString text("初期値");
   const bool confirmed = __InputTextDlg("題名", "説明", &text, position) != FALSE;
@@ -122,6 +154,14 @@ const std::vector<Entry>& AllEntries() {
        [] { return INT_PTR{__SelFontDlg(nullptr, nullptr, 0.0, "", TRUE, FALSE, 0)}; }, FALSE},
       {"SelFontEx", IDD_SEL_FONT_EX, RunFontEx, false,
        [] { return INT_PTR{__SelFontExDlg(nullptr, nullptr, 0.0, "", FALSE, 0)}; }, FALSE},
+      {"SelColor", IDD_COLOUR_GRID, RunSelColor, true,
+       [] { return INT_PTR{__SelColorDlg(nullptr, nullptr, nullptr)}; }, FALSE},
+      {"SelColorEx", IDD_COLOUR_TABS, RunSelColorEx, true,
+       [] { return INT_PTR{__SelColorDlgEx(nullptr, nullptr, nullptr)}; }, FALSE},
+      {"EditColor", IDD_COLOUR_EDIT, RunEditColor, true,
+       [] { return INT_PTR{__EditColorDlg(nullptr, nullptr, nullptr)}; }, FALSE},
+      {"SelRgb", IDD_COLOUR_PICKER, RunSelRgb, false,
+       [] { return INT_PTR{__SelRGBDlg(nullptr)}; }, FALSE},
   };
   return entries;
 }

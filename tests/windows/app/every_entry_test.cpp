@@ -2,6 +2,9 @@
 #include "support/entries.h"
 #include "support/work.h"
 
+// Needs <windows.h> above.
+#include <commctrl.h>
+
 #include <array>
 
 namespace quorvel::test {
@@ -31,39 +34,51 @@ TEST_P(EveryEntry, ClosingTheWindowCancels) {
 TEST_P(EveryEntry, EscapeWorksFromEveryControl) {
   ModalScript script;
   script.When(Painted(AnyDialog()), [](HWND dialog) {
-    for (const int id : TabOrder(dialog)) {
-      Focus(Control(dialog, id));
-      EXPECT_EQ(FocusedControlId(dialog), id);
+    for (const HWND control : TabOrder(dialog)) {
+      Focus(control);
+      EXPECT_EQ(::GetFocus(), control);
     }
-    PressKey(Control(dialog, TabOrder(dialog).back()), VK_ESCAPE);
+    PressKey(TabOrder(dialog).back(), VK_ESCAPE);
   });
   EXPECT_FALSE(Work(script, [this] { return Run(); }).confirmed);
 }
 
 TEST_P(EveryEntry, EnterConfirmsFromEveryFieldAndTheOkButton) {
-  const Outcome outcome = WorkDialog([this] { return Run(); }, [](HWND dialog) {
-    const int last = TabOrder(dialog).front();
-    PressKey(Control(dialog, last), VK_RETURN);
-  });
+  const Outcome outcome = WorkDialog(
+      [this] { return Run(); }, [](HWND dialog) { PressKey(TabOrder(dialog).front(), VK_RETURN); });
   EXPECT_TRUE(outcome.confirmed);
+}
+
+/// Where a control is read: of a tab control, its row of tabs, since its pages follow it.
+CRect ReadingRect(HWND control) {
+  CRect rect(WindowRect(control));
+  if (ClassName(control) == L"SysTabControl32") {
+    RECT tab{};
+    TabCtrl_GetItemRect(control, 0, &tab);
+    rect.bottom = rect.top + tab.bottom;
+  }
+  return rect;
 }
 
 TEST_P(EveryEntry, TabVisitsTheControlsInReadingOrder) {
   const Outcome outcome = WorkDialog([this] { return Run(); }, [](HWND dialog) {
-    std::vector<int> order = TabOrder(dialog);
-    // The order goes round: it reads from the control nearest to the top.
-    const auto isHigher = [dialog](int one, int other) {
-      return ClientRectOf(Control(dialog, one)).top < ClientRectOf(Control(dialog, other)).top;
+    std::vector<HWND> order = TabOrder(dialog);
+    // The order goes round: it reads from the control nearest to the top-left corner, where being
+    // higher counts for more than being farther to the left.
+    const auto isBefore = [](HWND one, HWND other) {
+      constexpr int kHigher = 4;
+      const CRect first = ReadingRect(one);
+      const CRect second = ReadingRect(other);
+      return first.left + kHigher * first.top < second.left + kHigher * second.top;
     };
-    std::rotate(order.begin(), std::min_element(order.begin(), order.end(), isHigher),
-                order.end());
+    std::rotate(order.begin(), std::min_element(order.begin(), order.end(), isBefore), order.end());
     for (std::size_t i = 1; i < order.size(); ++i) {
-      const RECT before = ClientRectOf(Control(dialog, order[i - 1]));
-      const RECT after = ClientRectOf(Control(dialog, order[i]));
+      const CRect before = ReadingRect(order[i - 1]);
+      const CRect after = ReadingRect(order[i]);
       // The lines of a dialog may stand closer together than a list is high.
       const LONG middle = (after.top + after.bottom) / 2;
       EXPECT_TRUE(middle >= before.bottom || after.left >= before.right)
-          << order[i - 1] << " stands after " << order[i];
+          << ::GetDlgCtrlID(order[i - 1]) << " stands after " << ::GetDlgCtrlID(order[i]);
     }
     Cancel(dialog);
   });
