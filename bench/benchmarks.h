@@ -10,6 +10,9 @@ namespace quorvel::bench {
 /// The input dialogs against their bare templates.
 std::vector<Row> InputDialogs(int runs);
 
+/// The font dialogs against the platform's plain one.
+std::vector<Row> FontDialogs(int runs);
+
 /// The page model at its largest: files, rectangles, changes, memory.
 std::vector<Row> PageModel(int runs);
 

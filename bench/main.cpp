@@ -15,7 +15,8 @@ int main(int argc, char** argv) {
   try {
     const int runs = argc > 2 ? std::atoi(argv[2]) : kRuns;
     std::vector<Row> rows = InputDialogs(runs);
-    for (const std::vector<Row>& family : {PageModel(runs / kRunsOfPages), ProductSize()}) {
+    for (const std::vector<Row>& family :
+         {FontDialogs(runs), PageModel(runs / kRunsOfPages), ProductSize()}) {
       rows.insert(rows.end(), family.begin(), family.end());
     }
     PrintTable(rows);

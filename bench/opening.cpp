@@ -57,22 +57,29 @@ double Median(std::vector<double> values) {
 
 }  // namespace
 
-std::vector<Row> CompareOpening(const std::string& name, UINT templateId, int runs,
-                                const std::function<void()>& call) {
+std::vector<Row> CompareOpening(const std::string& name, double mostTimesBare, int runs,
+                                const std::function<void()>& call,
+                                const std::function<void(HWND owner)>& bare) {
   DialogOwner owner;
   owner.SetCommand(IDOK);
-  const BareDialog bare(::GetModuleHandleW(L"Quorvel.dll"), templateId);
   Times ours;
   Times theirs;
   for (int run = -kWarmUps; run < runs; ++run) {
     Time(owner, call, run >= 0, ours);
-    Time(owner, [&] { bare.Run(owner.Window()); }, run >= 0, theirs);
+    Time(owner, [&] { bare(owner.Window()); }, run >= 0, theirs);
   }
   return {{name + ", open to first full paint", "times bare",
-           Median(ours.openToPaint) / Median(theirs.openToPaint), kMostTimesBare, runs},
+           Median(ours.openToPaint) / Median(theirs.openToPaint), mostTimesBare, runs},
           {name + ", confirm to return", "ms over bare",
            Median(ours.confirmToReturn) - Median(theirs.confirmToReturn),
            kMostMillisecondsOverBare, runs}};
+}
+
+std::vector<Row> CompareOpening(const std::string& name, UINT templateId, int runs,
+                                const std::function<void()>& call) {
+  const BareDialog bare(::GetModuleHandleW(L"Quorvel.dll"), templateId);
+  return CompareOpening(name, kMostTimesBare, runs, call,
+                        [&bare](HWND owner) { bare.Run(owner); });
 }
 
 }  // namespace quorvel::bench

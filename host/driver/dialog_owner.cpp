@@ -87,8 +87,7 @@ void DialogOwner::OnIdle(HWND dialog) {
   PostMessageW(dialog, WM_COMMAND, m_command, 0);
 }
 
-BareDialog::BareDialog(HMODULE module, UINT templateId)
-    : m_module(module), m_templateId(templateId) {
+ModuleContext::ModuleContext(HMODULE module) {
   ACTCTXW description{};
   description.cbSize = sizeof description;
   description.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID | ACTCTX_FLAG_HMODULE_VALID;
@@ -97,13 +96,12 @@ BareDialog::BareDialog(HMODULE module, UINT templateId)
   m_context = CreateActCtxW(&description);
 }
 
-BareDialog::~BareDialog() { ReleaseActCtx(m_context); }
+ModuleContext::~ModuleContext() { ReleaseActCtx(m_context); }
 
 void BareDialog::Run(HWND owner) const {
-  ULONG_PTR cookie = 0;
-  ActivateActCtx(m_context, &cookie);
-  DialogBoxParamW(m_module, MAKEINTRESOURCEW(m_templateId), owner, BareProc, 0);
-  DeactivateActCtx(0, cookie);
+  m_context.Run([&] {
+    DialogBoxParamW(m_module, MAKEINTRESOURCEW(m_templateId), owner, BareProc, 0);
+  });
 }
 
 }  // namespace quorvel::driver

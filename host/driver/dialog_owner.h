@@ -42,21 +42,49 @@ private:
   LONGLONG m_paintedAt = 0;
 };
 
+/// The activation context of a module's manifest (resource 2), so that windows look as those of the
+/// module itself do.
+class ModuleContext {
+public:
+  explicit ModuleContext(HMODULE module);
+  ~ModuleContext();
+  ModuleContext(const ModuleContext&) = delete;
+  ModuleContext& operator=(const ModuleContext&) = delete;
+
+  /// Runs a function in the context.
+  template <class Function>
+  void Run(Function function) const {
+    const Active active(m_context);
+    function();
+  }
+
+private:
+  class Active {
+  public:
+    explicit Active(HANDLE context) { ActivateActCtx(context, &m_cookie); }
+    ~Active() { DeactivateActCtx(0, m_cookie); }
+    Active(const Active&) = delete;
+    Active& operator=(const Active&) = delete;
+
+  private:
+    ULONG_PTR m_cookie = 0;
+  };
+
+  HANDLE m_context;
+};
+
 /// Runs a dialog template of a module by the platform alone: DialogBoxParamW with a procedure that
-/// does nothing but close on OK and Cancel, in the activation context of the module's manifest
-/// (resource 2), so that it looks as the module's own dialog does. Owned by `owner`.
+/// does nothing but close on OK and Cancel, in the module's activation context. Owned by `owner`.
 class BareDialog {
 public:
-  BareDialog(HMODULE module, UINT templateId);
-  ~BareDialog();
-  BareDialog(const BareDialog&) = delete;
-  BareDialog& operator=(const BareDialog&) = delete;
+  BareDialog(HMODULE module, UINT templateId)
+      : m_module(module), m_templateId(templateId), m_context(module) {}
   void Run(HWND owner) const;
 
 private:
   HMODULE m_module;
   UINT m_templateId;
-  HANDLE m_context;
+  ModuleContext m_context;
 };
 
 }  // namespace quorvel::driver

@@ -36,7 +36,8 @@ TEST_P(EveryEntry, EscapeWorksFromEveryControl) {
   script.When(Painted(AnyDialog()), [](HWND dialog) {
     for (const HWND control : TabOrder(dialog)) {
       Focus(control);
-      EXPECT_EQ(::GetFocus(), control);
+      const HWND focused = ::GetFocus();  // in a combo box its field
+      EXPECT_TRUE(focused == control || ::IsChild(control, focused)) << ::GetDlgCtrlID(control);
     }
     PressKey(TabOrder(dialog).back(), VK_ESCAPE);
   });

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -76,6 +77,13 @@ inline void Pick(HWND dialog, int id, const std::wstring& entry) {
 
 inline bool IsChecked(HWND dialog, int id) {
   return ::SendMessageW(Control(dialog, id), BM_GETCHECK, 0, 0) == BST_CHECKED;
+}
+
+/// The identifiers of the controls that the tabulator key visits.
+inline std::vector<int> TabOrderIds(HWND dialog) {
+  std::vector<int> ids;
+  std::ranges::transform(TabOrder(dialog), std::back_inserter(ids), ::GetDlgCtrlID);
+  return ids;
 }
 
 /// The pixels inside the sample's rectangle.

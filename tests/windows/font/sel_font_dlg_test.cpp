@@ -709,7 +709,8 @@ TEST(SelFontDlg, AMissingFaceGoesWhenTheUserPicksEvenTheOneShown) {
     Pick(dialog, kFace, shown);
     Confirm(dialog);
   }));
-  EXPECT_EQ(WideFromCodePage(std::begin(font.GetLogFont(0).lfFaceName)), shown);
+  const LOGFONTA record = font.GetLogFont(0);
+  EXPECT_EQ(WideFromCodePage(std::begin(record.lfFaceName)), shown);
 }
 
 TEST(SelFontDlg, AMissingFaceStaysWhenOnlyTheStyleIsPicked) {
@@ -770,7 +771,7 @@ TEST(SelFontDlg, BeginsAtTheFaceWithOkAsTheDefault) {
 TEST(SelFontDlg, TabReachesEveryControlInReadingOrder) {
   CKivFont font = OddFont();
   Ask(font, [](HWND dialog) {
-    EXPECT_EQ(TabOrder(dialog),
+    EXPECT_EQ(TabOrderIds(dialog),
               (std::vector<int>{kFace, kStyle, kStrikeOut, kStrikeType, kUnderline, kColour,
                                 kHeight, kWidth, IDOK, IDCANCEL}));
     Cancel(dialog);

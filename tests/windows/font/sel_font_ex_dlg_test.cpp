@@ -224,7 +224,7 @@ TEST(SelFontExDlg, ATitleReplacesTheTemplates) {
 TEST(SelFontExDlg, TabReachesEveryControlInReadingOrder) {
   CKivFontEx font = OddFontEx();
   Ask(font, [](HWND dialog) {
-    EXPECT_EQ(TabOrder(dialog),
+    EXPECT_EQ(TabOrderIds(dialog),
               (std::vector<int>{kFace, kStyle, kStrikeOut, kUnderline, kColour, kBackColour,
                                 kHeight, kWidth, kVertical, kHorizontal, IDOK, IDCANCEL}));
     Cancel(dialog);

@@ -171,18 +171,21 @@ TEST(FontDialog, ItsOwnerIsDisabledHearsOfIdleTimeAndIsActiveAfterwards) {
   Owner owner;
   const LOGFONTA initial = Gothic();
   PlainFontDialog dialog(&initial, &owner);
-  WorkDialog([&] { return dialog.DoModal(); }, [&](HWND window) {
+  ModalScript script;
+  script.When(Shown(), [&](HWND window) {
     EXPECT_FALSE(::IsWindowEnabled(owner.m_hWnd));
     EXPECT_EQ(::GetWindow(window, GW_OWNER), owner.m_hWnd);
     const CRect outer = owner.GetWindowRect();
     const RECT inner = WindowRect(window);
     EXPECT_NEAR((inner.left + inner.right) / 2.0, (outer.left + outer.right) / 2.0, 1);
     EXPECT_NEAR((inner.top + inner.bottom) / 2.0, (outer.top + outer.bottom) / 2.0, 1);
-    Cancel(window);
   });
+  script.When({.what = "the dialog told as idle",
+               .find = [&] { return owner.m_idles > 0 ? dialog.m_hWnd : nullptr; }},
+              Cancel);
+  Work(script, [&] { return dialog.DoModal(); });
   EXPECT_TRUE(::IsWindowEnabled(owner.m_hWnd));
   EXPECT_EQ(::GetActiveWindow(), owner.m_hWnd);
-  EXPECT_GT(owner.m_idles, 0);
 }
 
 }  // namespace
