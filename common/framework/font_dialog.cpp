@@ -38,6 +38,8 @@ public:
     return text;
   }
 
+  void SetRedraw(BOOL redraw) const { ::SendMessageW(m_hWnd, WM_SETREDRAW, redraw ? 1 : 0, 0); }
+
   int Find(const std::wstring& face) const {
     return static_cast<int>(Send(CB_FINDSTRINGEXACT, -1, reinterpret_cast<LPARAM>(face.c_str())));
   }
@@ -61,7 +63,9 @@ private:
   HWND m_hWnd;
 };
 
-bool IsVertical(const std::wstring& face) { return face.starts_with(L'@'); }
+bool IsVertical(const std::wstring& face) {
+  return face.starts_with(L'@');
+}
 
 std::wstring FaceOf(const LOGFONTA& font) {
   const std::string_view bytes(std::begin(font.lfFaceName), std::size(font.lfFaceName));
@@ -149,7 +153,9 @@ BYTE CharSetOf(std::wstring_view face, BYTE wanted) {
 }
 
 /// What a check box decides: any other value of the same meaning stays.
-BYTE Effect(BYTE before, BYTE now) { return (before != 0) == (now != 0) ? before : now; }
+BYTE Effect(BYTE before, BYTE now) {
+  return (before != 0) == (now != 0) ? before : now;
+}
 
 }  // namespace
 
@@ -214,17 +220,16 @@ void CFontDialog::ListVerticalFacesLast() {
   const std::wstring selected = faces.Text(faces.Selected());
   std::vector<std::pair<std::wstring, LPARAM>> vertical;
   m_bMovingFaces = true;
-  for (int index = 0; index < faces.Count();) {
-    std::wstring face = faces.Text(index);
-    if (IsVertical(face)) {
-      vertical.emplace_back(std::move(face), faces.Remove(index));
-    } else {
-      ++index;
-    }
+  faces.SetRedraw(FALSE);
+  // The platform has sorted them: what begins with this sign stands together, in front.
+  for (std::wstring face = faces.Text(0); IsVertical(face); face = faces.Text(0)) {
+    const LPARAM data = faces.Remove(0);
+    vertical.emplace_back(std::move(face), data);
   }
   for (const auto& [face, data] : vertical) {
     faces.Append(face, data);
   }
+  faces.SetRedraw(TRUE);
   m_bMovingFaces = false;
   if (!vertical.empty() && !selected.empty()) {
     faces.Select(faces.Find(selected));
@@ -289,7 +294,9 @@ void CFontDialog::TakeResult() {
   }
 }
 
-void CFontDialog::OnCancel() { EndDialog(IDCANCEL); }
+void CFontDialog::OnCancel() {
+  EndDialog(IDCANCEL);
+}
 
 void CFontDialog::EndDialog(INT_PTR nResult) {
   // The platform's own way out: it has no other that works with its loop.

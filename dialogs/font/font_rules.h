@@ -9,8 +9,8 @@
 
 namespace quorvel {
 
-/// The resolution to calculate with: what the host gave, but for one within 0.000001 of zero 300 dots
-/// per inch. Nothing else is replaced, NaN neither.
+/// The resolution to calculate with: what the host gave, but for one within 0.000001 of zero 300
+/// dots per inch. Nothing else is replaced, NaN neither.
 double EffectiveDotsPerMm(double dotsPerMm);
 
 /// A size as a field shows it: at most three decimals, no zeros at their end.
@@ -20,8 +20,8 @@ CString MillimetreText(double millimetres);
 /// as the text is the one that `shown` was shown with.
 double MillimetresOfText(const CString& text, double shown);
 
-/// The size of the sample in whole points: 3.25 for each millimetre of character height, whatever the
-/// display's real size.
+/// The size of the sample in whole points: 3.25 for each millimetre of character height, whatever
+/// the display's real size.
 int SamplePoints(double millimetres);
 
 /// A control that the user may change only if its bit is set in the host's mask.

@@ -20,11 +20,14 @@ constexpr WPARAM kOwnSize = 1;
 /// The least that Windows takes for a size.
 constexpr int kLeastPoints = 1;
 constexpr int kMostDrawnPoints = 1000;
+/// No size, so that one is seen to come.
+constexpr INT kNotTaken = -1;
 
 constexpr double kLeastMillimetres = 0.0;
 constexpr double kMostMillimetres = 9999.0;
 
-/// `shown` is the value that the field showed first: while it shows that, the value is exactly that.
+/// `shown` is the value that the field showed first: while it shows that, the value is exactly
+/// that.
 void DDX_Millimetres(CDataExchange* pDX, int id, double& value, double shown) {
   pDX->PrepareEditCtrl(id);
   if (pDX->m_bSaveAndValidate == FALSE) {
@@ -40,9 +43,9 @@ void DDX_Millimetres(CDataExchange* pDX, int id, double& value, double shown) {
 }  // namespace
 
 BEGIN_MESSAGE_MAP(CSelFontDlg, CFontDialog)
-  ON_BN_CLICKED(IDC_FONT_STRIKEOUT, &CSelFontDlg::OnStrikeOut)
-  ON_BN_CLICKED(IDC_FONT_COLOUR, &CSelFontDlg::OnColor)
-  ON_EN_CHANGE(IDC_FONT_HEIGHT, &CSelFontDlg::OnHeightChanged)
+ON_BN_CLICKED(IDC_FONT_STRIKEOUT, &CSelFontDlg::OnStrikeOut)
+ON_BN_CLICKED(IDC_FONT_COLOUR, &CSelFontDlg::OnColor)
+ON_EN_CHANGE(IDC_FONT_HEIGHT, &CSelFontDlg::OnHeightChanged)
 END_MESSAGE_MAP()
 
 CSelFontDlg::CSelFontDlg(CKivSysEnv* env, const char* title, BOOL showStrikeType, BOOL fixedColor,
@@ -90,8 +93,8 @@ void CSelFontDlg::Show(const CKivFont& font, double dotsPerMm, UINT templateId) 
 
 LOGFONTA CSelFontDlg::ChosenLogFont() const {
   LOGFONTA logFont = GetCurrentFont();
-  // The platform's height is that of the sample; only the millimetres count. The sign of the one that
-  // went in tells character from cell height.
+  // The platform's height is that of the sample; only the millimetres count. The sign of the one
+  // that went in tells character from cell height.
   logFont.lfHeight = m_nHeight;
   return logFont;
 }
@@ -168,8 +171,8 @@ bool CSelFontDlg::AskColor(COLORREF& color) {
 
 std::unique_ptr<CKivColorButton> CSelFontDlg::MakeColorButton(UINT id, COLORREF color) {
   auto button = std::make_unique<CKivColorButton>();
+  button->m_color = color;  // nothing of it has been painted yet
   button->SubclassDlgItem(id, this);
-  button->Recolor(color);
   return button;
 }
 
@@ -186,31 +189,44 @@ void CSelFontDlg::OnHeightChanged() {
   m_dV = quorvel::MillimetresOfText(GetDlgItemText(IDC_FONT_HEIGHT), m_dShownV);
   FeedSample();
   ::SendMessageW(GetDlgItem(IDC_FONT_SIZE), CB_SETTOPINDEX, kOwnSize, 0);
+  FocusHeight();
 }
 
-void CSelFontDlg::FeedSample() { PutSize(quorvel::SamplePoints(m_dV)); }
+void CSelFontDlg::FeedSample() {
+  PutSize(quorvel::SamplePoints(m_dV));
+}
 
 void CSelFontDlg::PutSize(int points) {
   const HWND sizes = GetDlgItem(IDC_FONT_SIZE);
   const std::wstring text = std::to_wstring(points);
   ::SendMessageW(sizes, CB_DELETESTRING, kOwnSize, 0);
   ::SendMessageW(sizes, CB_INSERTSTRING, kOwnSize, reinterpret_cast<LPARAM>(text.c_str()));
-  // Wine takes the size of a selected entry from its data, Windows from its text. Wine would also be
-  // busy for minutes with letters of the size of a house, of which the sample shows a corner.
+  // Wine takes the size of a selected entry from its data, Windows from its text. Wine would also
+  // be busy for minutes with letters of the size of a house, of which the sample shows a corner.
   ::SendMessageW(sizes, CB_SETITEMDATA, kOwnSize, std::clamp(points, 0, kMostDrawnPoints));
   ::SendMessageW(sizes, CB_SETCURSEL, kOwnSize, 0);
-  // Windows takes the size into its sample when its list loses the focus, Wine when it is told of a
-  // selection; each does no harm on the other.
-  MoveFocusThroughSizes();
+  // Wine takes the size into its sample when it is told of a selection, Windows when the list loses
+  // the focus. Which it is shows in the record: the one writes into it at once, the other at the
+  // end.
+  m_cf.iPointSize = kNotTaken;
   TellPlatform(IDC_FONT_SIZE, CBN_SELCHANGE);
+  if (m_cf.iPointSize == kNotTaken) {
+    MoveFocusThroughSizes();
+  }
 }
 
 void CSelFontDlg::MoveFocusThroughSizes() {
-  const HWND height = GetDlgItem(IDC_FONT_HEIGHT);
   const HWND focused = ::GetFocus();
   ::SetFocus(GetDlgItem(IDC_FONT_SIZE));
+  ::SetFocus(focused);
+}
+
+void CSelFontDlg::FocusHeight() {
+  const HWND height = GetDlgItem(IDC_FONT_HEIGHT);
   // A field that the host has disabled cannot have it.
-  ::SetFocus(::IsWindowEnabled(height) != FALSE ? height : focused);
+  if (::IsWindowEnabled(height) != FALSE) {
+    ::SetFocus(height);
+  }
 }
 
 void CSelFontDlg::OnAccepted() {

@@ -19,15 +19,15 @@
 /// are in it, hidden: through them the sample gets its size and colour.
 class CSelFontDlg : public CFontDialog {
 public:
-  /// `env`, which goes to the colour dialog, and `title`, which replaces the template's, may be null
-  /// and stay the caller's. `enableMask` tells what the user may change: see kFontControls.
+  /// `env`, which goes to the colour dialog, and `title`, which replaces the template's, may be
+  /// null and stay the caller's. `enableMask` tells what the user may change: see kFontControls.
   CSelFontDlg(CKivSysEnv* env, const char* title, BOOL showStrikeType, BOOL fixedColor,
               UINT enableMask, const LOGFONTA* initial = nullptr,
               DWORD flags = CF_EFFECTS | CF_SCREENFONTS, HDC printer = nullptr,
               CWnd* parent = nullptr);
 
-  /// Runs the dialog with the caller's font and returns DoModal's result. `*font` is written on IDOK
-  /// only. `dotsPerMm` relates its record to its millimetres; see EffectiveDotsPerMm.
+  /// Runs the dialog with the caller's font and returns DoModal's result. `*font` is written on
+  /// IDOK only. `dotsPerMm` relates its record to its millimetres; see EffectiveDotsPerMm.
   INT_PTR Run(CKivFont* font, double dotsPerMm);
 
   CComboBox m_cmbStrikeType;
@@ -69,6 +69,7 @@ private:
   void FeedSample();
   void PutSize(int points);
   void MoveFocusThroughSizes();
+  void FocusHeight();
 
   LONG m_nHeight = 0;  ///< of the record that went in
   double m_dShownV = 0.0;

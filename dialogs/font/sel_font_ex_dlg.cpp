@@ -17,7 +17,7 @@ void Fill(CComboBox& combo, std::initializer_list<const char*> entries, int sele
 }  // namespace
 
 BEGIN_MESSAGE_MAP(CSelFontExDlg, CSelFontDlg)
-  ON_BN_CLICKED(IDC_FONT_BACK_COLOUR, &CSelFontExDlg::OnBackColor)
+ON_BN_CLICKED(IDC_FONT_BACK_COLOUR, &CSelFontExDlg::OnBackColor)
 END_MESSAGE_MAP()
 
 CSelFontExDlg::CSelFontExDlg(CKivSysEnv* env, const char* title, BOOL fixedColor, UINT enableMask,

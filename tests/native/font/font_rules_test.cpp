@@ -19,8 +19,8 @@ TEST(EffectiveDotsPerMm, AMissingResolutionIs300DotsPerInch) {
 
 TEST(EffectiveDotsPerMm, AnyOtherIsTakenAsItIs) {
   const double infinity = std::numeric_limits<double>::infinity();
-  for (const double given : {0.000002, -0.000002, 0.000001, 11.811023622047244, 23.6, -23.6,
-                             infinity, -infinity}) {
+  for (const double given :
+       {0.000002, -0.000002, 0.000001, 11.811023622047244, 23.6, -23.6, infinity, -infinity}) {
     EXPECT_EQ(EffectiveDotsPerMm(given), given);
   }
   EXPECT_TRUE(std::isnan(EffectiveDotsPerMm(std::numeric_limits<double>::quiet_NaN())));

@@ -40,8 +40,12 @@ inline constexpr COLORREF kOddColour = RGB(0xC0, 0x81, 0x42);  // none of the pl
 inline constexpr int kGridOrange = 13395;
 inline constexpr COLORREF kOrange = RGB(255, 128, 0);
 
-inline Condition FontDialogShown() { return Painted(DialogWithTitle(kFontTitle)); }
-inline Condition GridShown() { return Painted(DialogWithTitle(kGridTitle)); }
+inline Condition FontDialogShown() {
+  return Painted(DialogWithTitle(kFontTitle));
+}
+inline Condition GridShown() {
+  return Painted(DialogWithTitle(kGridTitle));
+}
 
 /// The entries of a combo box.
 inline std::vector<std::wstring> Entries(HWND combo) {
@@ -68,9 +72,9 @@ inline void Pick(HWND dialog, int id, int index) {
 }
 
 inline void Pick(HWND dialog, int id, const std::wstring& entry) {
-  const LRESULT index = ::SendMessageW(Control(dialog, id), CB_FINDSTRINGEXACT,
-                                       static_cast<WPARAM>(-1),
-                                       reinterpret_cast<LPARAM>(entry.c_str()));
+  const LRESULT index =
+      ::SendMessageW(Control(dialog, id), CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                     reinterpret_cast<LPARAM>(entry.c_str()));
   ASSERT_NE(index, CB_ERR);
   Pick(dialog, id, static_cast<int>(index));
 }
@@ -102,8 +106,7 @@ inline Picture SampleOf(HWND dialog) {
 /// How many pixels of the picture have exactly this colour.
 inline std::size_t CountOf(const Picture& picture, COLORREF color) {
   const std::uint32_t pixel = static_cast<std::uint32_t>(GetRValue(color) << 16) |
-                              static_cast<std::uint32_t>(GetGValue(color) << 8) |
-                              GetBValue(color);
+                              static_cast<std::uint32_t>(GetGValue(color) << 8) | GetBValue(color);
   return static_cast<std::size_t>(std::ranges::count(picture.bgrx, pixel));
 }
 

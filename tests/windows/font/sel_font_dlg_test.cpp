@@ -45,9 +45,9 @@ CKivFont WithHeight(const std::wstring& text) {
 class SelFontFace : public ::testing::TestWithParam<const char*> {};
 
 INSTANTIATE_TEST_SUITE_P(Quorvel, SelFontFace,
-                         ::testing::Values("ＭＳ ゴシック", "IPA P明朝", "@ＭＳ Ｐ明朝", "DejaVu Sans",
-                                           "DejaVu Sans Light", "無い書体", "@無い縦の書体", "",
-                                           "IPAGothic", "System",
+                         ::testing::Values("ＭＳ ゴシック", "IPA P明朝", "@ＭＳ Ｐ明朝",
+                                           "DejaVu Sans", "DejaVu Sans Light", "無い書体",
+                                           "@無い縦の書体", "", "IPAGothic", "System",
                                            "長い長い長い長い長い長い長い長"));
 
 TEST_P(SelFontFace, AConfirmWithoutAChangeChangesNothing) {
@@ -115,8 +115,8 @@ TEST(SelFontDlg, CancelLeavesTheFontThoughTheDialogShowsItsRecord) {
 
 struct Resolution {
   double dotsPerMm;
-  const wchar_t* shown;   ///< height of a record of 118 dots
-  double height;          ///< that the font has after a confirm without a change
+  const wchar_t* shown;  ///< height of a record of 118 dots
+  double height;         ///< that the font has after a confirm without a change
 };
 
 class SelFontResolution : public ::testing::TestWithParam<Resolution> {};
@@ -140,27 +140,25 @@ TEST_P(SelFontResolution, RelatesTheRecordToTheMillimetres) {
   CKivFont font = OddFont();
   font.SetV(77.25);
   const LOGFONTA record = font.GetLogFont(0);
-  EXPECT_TRUE(Ask(
-      font,
-      [](HWND dialog) {
-        EXPECT_EQ(Text(dialog, kHeight), GetParam().shown);
-        Confirm(dialog);
-      },
-      {.dotsPerMm = GetParam().dotsPerMm}));
+  EXPECT_TRUE(Ask(font,
+                  [](HWND dialog) {
+                    EXPECT_EQ(Text(dialog, kHeight), GetParam().shown);
+                    Confirm(dialog);
+                  },
+                  {.dotsPerMm = GetParam().dotsPerMm}));
   EXPECT_EQ(font.GetV(), GetParam().height);
   EXPECT_TRUE(SameRecord(font.GetLogFont(0), record));
 }
 
 TEST(SelFontDlg, TheMillimetresOverrideTheRecordAtTheSameResolution) {
   CKivFont font = OddFont();
-  EXPECT_TRUE(Ask(
-      font,
-      [](HWND dialog) {
-        ReplaceText(Control(dialog, kHeight), L"10");
-        ReplaceText(Control(dialog, kWidth), L"2.5");
-        Confirm(dialog);
-      },
-      {.dotsPerMm = 23.6}));
+  EXPECT_TRUE(Ask(font,
+                  [](HWND dialog) {
+                    ReplaceText(Control(dialog, kHeight), L"10");
+                    ReplaceText(Control(dialog, kWidth), L"2.5");
+                    Confirm(dialog);
+                  },
+                  {.dotsPerMm = 23.6}));
   EXPECT_EQ(font.GetV(), 10.0);
   EXPECT_EQ(font.GetH(), 2.5);
   EXPECT_EQ(font.GetLogFont(0).lfHeight, -236);
@@ -204,8 +202,7 @@ TEST(SelFontDlg, ShowsNoNoiseDigits) {
   CKivFont font;
   for (const double size : {3.5, 0.1, 7.0}) {
     font.SetV(size);
-    Ask(
-        font,
+    Ask(font,
         [size](HWND dialog) {
           EXPECT_EQ(Text(dialog, kHeight), size == 3.5 ? L"3.5" : size == 0.1 ? L"0.1" : L"7");
           EXPECT_EQ(Text(dialog, kWidth), L"0");
@@ -439,11 +436,12 @@ TEST(SelFontDlg, AFixedColourCannotBeChanged) {
     Click(dialog, kUnderline);  // comes after the click on the colour
   });
   script.When({.what = "the underline off",
-               .find = [] {
-                 const std::vector<HWND> dialogs = VisibleDialogs();
-                 return dialogs.size() == 1 && !IsChecked(dialogs[0], kUnderline) ? dialogs[0]
-                                                                                   : nullptr;
-               }},
+               .find =
+                   [] {
+                     const std::vector<HWND> dialogs = VisibleDialogs();
+                     return dialogs.size() == 1 && !IsChecked(dialogs[0], kUnderline) ? dialogs[0]
+                                                                                      : nullptr;
+                   }},
               Confirm);
   EXPECT_TRUE(Ask(font, script, {.fixedColour = TRUE}));
   EXPECT_EQ(font.GetColor(), kOddColour);
@@ -503,8 +501,7 @@ TEST(SelFontDlg, WithAFixedColourTheStrikeOutTypeStaysDisabled) {
 TEST(SelFontDlg, TheStrikeOutTypeIsShownOnlyIfWanted) {
   CKivFont font = OddFont();
   for (const BOOL shown : {FALSE, TRUE}) {
-    Ask(
-        font,
+    Ask(font,
         [shown](HWND dialog) {
           EXPECT_EQ(IsShown(dialog, kStrikeType), shown != FALSE);
           Cancel(dialog);
@@ -531,8 +528,7 @@ TEST(SelFontDlg, WhereTheStrikeOutIsMaskedItsTypeStillFollowsIt) {
     LOGFONTA record = font.GetLogFont(0);
     record.lfStrikeOut = strikeOut;
     font.SetLogFont(&record);
-    Ask(
-        font,
+    Ask(font,
         [strikeOut](HWND dialog) {
           EXPECT_FALSE(IsEnabled(dialog, kStrikeOut));
           EXPECT_EQ(IsEnabled(dialog, kStrikeType), strikeOut != 0);
@@ -569,8 +565,7 @@ TEST(SelFontDlg, EachBitOfTheMaskAllowsItsControlAlone) {
   CKivFont font = OddFont();
   for (std::size_t bit = 0; bit <= 10; ++bit) {  // the last: none at all
     const UINT mask = bit < 10 ? 1U << bit : 0U;
-    Ask(
-        font,
+    Ask(font,
         [&](HWND dialog) {
           for (std::size_t other = 0; other < kMasked.size(); ++other) {
             if (kMasked[other] != 0) {
@@ -588,8 +583,7 @@ TEST(SelFontDlg, EachBitOfTheMaskAllowsItsControlAlone) {
 TEST(SelFontDlg, WithNothingAllowedItStillConfirms) {
   CKivFont font = OddFont();
   const LOGFONTA record = font.GetLogFont(0);
-  EXPECT_TRUE(Ask(
-      font, [](HWND dialog) { PressKey(dialog, VK_RETURN); }, {.enableMask = 0}));
+  EXPECT_TRUE(Ask(font, [](HWND dialog) { PressKey(dialog, VK_RETURN); }, {.enableMask = 0}));
   EXPECT_TRUE(SameRecord(font.GetLogFont(0), record));
 }
 

@@ -150,11 +150,12 @@ TEST(SelFontExDlg, FixedColoursCannotBeChanged) {
     Click(dialog, kUnderline);  // comes after the clicks on the colours
   });
   script.When({.what = "the underline off",
-               .find = [] {
-                 const std::vector<HWND> dialogs = VisibleDialogs();
-                 return dialogs.size() == 1 && !IsChecked(dialogs[0], kUnderline) ? dialogs[0]
-                                                                                   : nullptr;
-               }},
+               .find =
+                   [] {
+                     const std::vector<HWND> dialogs = VisibleDialogs();
+                     return dialogs.size() == 1 && !IsChecked(dialogs[0], kUnderline) ? dialogs[0]
+                                                                                      : nullptr;
+                   }},
               Confirm);
   EXPECT_TRUE(Ask(font, script, {.fixedColour = TRUE}));
   EXPECT_EQ(font.GetColor(), kOddColour);
@@ -168,8 +169,7 @@ TEST(SelFontExDlg, EachBitOfTheMaskAllowsItsControlAlone) {
   CKivFontEx font = OddFontEx();
   for (std::size_t bit = 0; bit <= kMasked.size(); ++bit) {  // the last: none at all
     const UINT mask = bit < kMasked.size() ? 1U << bit : 0U;
-    Ask(
-        font,
+    Ask(font,
         [&](HWND dialog) {
           for (std::size_t other = 0; other < kMasked.size(); ++other) {
             EXPECT_EQ(IsEnabled(dialog, kMasked[other]), other == bit)

@@ -48,18 +48,21 @@ protected:
 };
 
 BEGIN_MESSAGE_MAP(PlainFontDialog, CFontDialog)
-  ON_BN_CLICKED(chx2, &PlainFontDialog::OnEffect)
+ON_BN_CLICKED(chx2, &PlainFontDialog::OnEffect)
 END_MESSAGE_MAP()
 
-Condition Shown() { return Painted(DialogWithControl(cmb1)); }
+Condition Shown() {
+  return Painted(DialogWithControl(cmb1));
+}
 
 TEST(FontDialog, ReturnsTheFontChosen) {
   const LOGFONTA initial = Gothic();
   PlainFontDialog dialog(&initial);
-  const INT_PTR result = WorkDialog([&] { return dialog.DoModal(); }, [](HWND window) {
-    Click(window, chx2);
-    Confirm(window);
-  });
+  const INT_PTR result = WorkDialog([&] { return dialog.DoModal(); },
+                                    [](HWND window) {
+                                      Click(window, chx2);
+                                      Confirm(window);
+                                    });
   EXPECT_EQ(result, IDOK);
   EXPECT_EQ(dialog.GetCurrentFont().lfUnderline, 1);
   EXPECT_STREQ(dialog.GetCurrentFont().lfFaceName, "ＭＳ ゴシック");
@@ -119,8 +122,7 @@ TEST(FontDialog, EndDialogCancelsIt) {
   const LOGFONTA initial = Gothic();
   PlainFontDialog dialog(&initial);
   dialog.m_onEffect = [&] { dialog.EndDialog(IDCANCEL); };
-  EXPECT_EQ(WorkDialog([&] { return dialog.DoModal(); },
-                       [](HWND window) { Click(window, chx2); }),
+  EXPECT_EQ(WorkDialog([&] { return dialog.DoModal(); }, [](HWND window) { Click(window, chx2); }),
             IDCANCEL);
 }
 
@@ -137,9 +139,9 @@ TEST(FontDialog, WithoutItsTemplateItCannotBeCreated) {
 TEST(FontDialog, DestroyedFromOutsideItIsCancelled) {
   const LOGFONTA initial = Gothic();
   PlainFontDialog dialog(&initial);
-  EXPECT_EQ(WorkDialog([&] { return dialog.DoModal(); },
-                       [](HWND window) { ::DestroyWindow(window); }),
-            IDCANCEL);
+  EXPECT_EQ(
+      WorkDialog([&] { return dialog.DoModal(); }, [](HWND window) { ::DestroyWindow(window); }),
+      IDCANCEL);
 }
 
 /// A visible window that counts what modal dialogs tell their owner.
@@ -164,7 +166,7 @@ protected:
 };
 
 BEGIN_MESSAGE_MAP(Owner, CWnd)
-  ON_MESSAGE(WM_ENTERIDLE, &Owner::OnEnterIdle)
+ON_MESSAGE(WM_ENTERIDLE, &Owner::OnEnterIdle)
 END_MESSAGE_MAP()
 
 TEST(FontDialog, ItsOwnerIsDisabledHearsOfIdleTimeAndIsActiveAfterwards) {
