@@ -1,5 +1,6 @@
 #include "framework/dialog.h"
 
+#include "framework/dialog_template.h"
 #include "framework/module_state.h"
 #include "framework/placing.h"
 
@@ -86,14 +87,22 @@ CRect WorkAreaAt(HWND window) {
   return monitor.rcWork;
 }
 
-const DLGTEMPLATE* FindTemplate(HINSTANCE module, UINT id) {
+/// Null where the module has none.
+const void* FindTemplate(HINSTANCE module, UINT id) {
   const auto* type = reinterpret_cast<LPCWSTR>(RT_DIALOG);
   const HRSRC resource = ::FindResourceW(module, MAKEINTRESOURCEW(id), type);
   const HGLOBAL loaded = resource != nullptr ? ::LoadResource(module, resource) : nullptr;
-  return loaded != nullptr ? static_cast<const DLGTEMPLATE*>(::LockResource(loaded)) : nullptr;
+  return loaded != nullptr ? ::LockResource(loaded) : nullptr;
 }
 
 }  // namespace
+
+/// What the dialog procedure needs of the call that creates the dialog.
+struct CDialog::Creation {
+  CDialog& dialog;
+  const quorvel::DialogTemplate& dialogTemplate;
+  bool succeeded = false;
+};
 
 BEGIN_MESSAGE_MAP(CDialog, CWnd)
   ON_COMMAND(IDOK, &CDialog::OnOK)
@@ -117,19 +126,12 @@ INT_PTR CDialog::DoModal() {
 }
 
 INT_PTR CDialog::RunModal() {
-  const HINSTANCE module = AfxGetResourceHandle();
-  const DLGTEMPLATE* dialogTemplate = FindTemplate(module, m_nIDTemplate);
-  if (dialogTemplate == nullptr) {
-    return -1;
-  }
   m_nModalResult = -1;
   m_bRunning = true;
   {
     ModalOwner owner(ModalOwnerWindow());
     const DestroyedAtEnd destroyed(*this, owner);
-    const HWND window =
-        ::CreateDialogIndirectParamW(module, dialogTemplate, owner.Window(),
-                                     &CDialog::StaticDialogProc, reinterpret_cast<LPARAM>(this));
+    const HWND window = CreateFromTemplate(m_nIDTemplate, owner.Window());
     if (window != nullptr && m_bRunning) {
       ::ShowWindow(window, SW_SHOWNORMAL);
       RunModalLoop(owner.Window());
@@ -146,16 +148,26 @@ HWND CDialog::ModalOwnerWindow() const {
 }
 
 BOOL CDialog::Create(UINT templateId, CWnd* parent) {
-  const HINSTANCE module = AfxGetResourceHandle();
-  const DLGTEMPLATE* dialogTemplate = FindTemplate(module, templateId);
-  if (dialogTemplate == nullptr) {
-    return FALSE;
-  }
   m_editFields.clear();
+  return CreateFromTemplate(templateId, parent->m_hWnd) != nullptr ? TRUE : FALSE;
+}
+
+HWND CDialog::CreateFromTemplate(UINT templateId, HWND parent) {
+  const HINSTANCE module = AfxGetResourceHandle();
+  const void* resource = FindTemplate(module, templateId);
+  if (resource == nullptr) {
+    return nullptr;
+  }
+  const quorvel::DialogTemplate dialogTemplate(resource);
+  Creation creation{*this, dialogTemplate};
   const HWND window =
-      ::CreateDialogIndirectParamW(module, dialogTemplate, parent->m_hWnd,
-                                   &CDialog::StaticDialogProc, reinterpret_cast<LPARAM>(this));
-  return window != nullptr ? TRUE : FALSE;
+      ::CreateDialogIndirectParamW(module, dialogTemplate.WithoutControls(), parent,
+                                   &CDialog::StaticDialogProc, reinterpret_cast<LPARAM>(&creation));
+  if (window != nullptr && !creation.succeeded) {
+    ::DestroyWindow(window);
+    return nullptr;
+  }
+  return window;
 }
 
 bool CDialog::IsPage() const { return (::GetWindowLongPtrW(m_hWnd, GWL_STYLE) & WS_CHILD) != 0; }
@@ -234,27 +246,44 @@ BOOL CDialog::PreTranslateMessage(MSG* message) {
 
 INT_PTR CALLBACK CDialog::StaticDialogProc(HWND window, UINT message, WPARAM /*wParam*/,
                                            LPARAM lParam) {
-  return message == WM_INITDIALOG ? reinterpret_cast<CDialog*>(lParam)->InitWindow(window) : FALSE;
-}
-
-BOOL CDialog::InitWindow(HWND window) noexcept {
+  if (message != WM_INITDIALOG) {
+    return FALSE;
+  }
+  auto& creation = *reinterpret_cast<Creation*>(lParam);
   try {
-    SubclassWindow(window);
-    return HandleInitDialog();
+    creation.dialog.SubclassWindow(window);
+    creation.succeeded = creation.dialogTemplate.CreateControls(window);
+    if (creation.succeeded) {
+      creation.dialog.HandleInitDialog();
+    }
   } catch (...) {
     EndInnermostWithException(std::current_exception());
-    return FALSE;
+  }
+  return FALSE;  // who has the focus is settled
+}
+
+void CDialog::InitWindow(HWND window) noexcept {
+  try {
+    SubclassWindow(window);
+    HandleInitDialog();
+  } catch (...) {
+    EndInnermostWithException(std::current_exception());
   }
 }
 
-BOOL CDialog::HandleInitDialog() {
+void CDialog::HandleInitDialog() {
   m_bPlaced = false;
   const BOOL letSystemSetFocus = OnInitDialog();
   AttachEditFields();
-  if (!m_bPlaced && !IsPage()) {
+  if (IsPage()) {
+    return;
+  }
+  if (!m_bPlaced) {
     PlaceByDefault();
   }
-  return letSystemSetFocus;
+  if (letSystemSetFocus != FALSE) {
+    GotoDlgCtrl(::GetNextDlgTabItem(m_hWnd, nullptr, FALSE));
+  }
 }
 
 void CDialog::AttachEditFields() {

@@ -45,7 +45,7 @@ public:
 
 protected:
   /// Called before the dialog is shown; the controls show the members. FALSE when the dialog has set
-  /// the focus itself, TRUE to let the system give it to the first control.
+  /// the focus itself, TRUE to give it to the first control. A page's result does not count.
   virtual BOOL OnInitDialog();
   /// Reads the controls and, when none refuses, closes with IDOK.
   virtual void OnOK();
@@ -61,17 +61,21 @@ protected:
   virtual INT_PTR RunModal();
   /// The window that a modal dialog is to belong to and that is disabled meanwhile; null for none.
   HWND ModalOwnerWindow() const;
-  /// Attaches the object to the dialog's new window and calls OnInitDialog: the answer to
-  /// WM_INITDIALOG. An exception ends the dialog.
-  BOOL InitWindow(HWND window) noexcept;
+  /// At WM_INITDIALOG of a dialog that the system runs: attaches the object to the window, calls
+  /// OnInitDialog and gives the focus. An exception ends the dialog.
+  void InitWindow(HWND window) noexcept;
 
   DECLARE_MESSAGE_MAP()
 
 private:
   static INT_PTR CALLBACK StaticDialogProc(HWND window, UINT message, WPARAM wParam,
                                            LPARAM lParam);
+  struct Creation;
+
   bool IsPage() const;
-  BOOL HandleInitDialog();
+  /// Null when it cannot be created.
+  HWND CreateFromTemplate(UINT templateId, HWND parent);
+  void HandleInitDialog();
   void AttachEditFields();
   void PlaceByDefault();
   void RunModalLoop(HWND owner);

@@ -197,13 +197,13 @@ INT_PTR CFontDialog::RunModal() {
 }
 
 UINT_PTR CALLBACK CFontDialog::Hook(HWND window, UINT message, WPARAM /*wParam*/, LPARAM lParam) {
-  if (message != WM_INITDIALOG) {
-    return 0;
+  if (message == WM_INITDIALOG) {
+    const auto& record = *reinterpret_cast<const CHOOSEFONTW*>(lParam);
+    auto* dialog = reinterpret_cast<CFontDialog*>(record.lCustData);
+    dialog->m_bOpened = true;
+    dialog->InitWindow(window);
   }
-  const auto& record = *reinterpret_cast<const CHOOSEFONTW*>(lParam);
-  auto* dialog = reinterpret_cast<CFontDialog*>(record.lCustData);
-  dialog->m_bOpened = true;
-  return static_cast<UINT_PTR>(dialog->InitWindow(window));
+  return 0;  // who has the focus is settled
 }
 
 BOOL CFontDialog::OnInitDialog() {

@@ -1,9 +1,9 @@
 #include "framework/wnd.h"
 
 #include "framework/code_page.h"
+#include "framework/control_window.h"
 #include "framework/data_exchange.h"
 #include "framework/dialog.h"
-#include "framework/module_state.h"
 #include "framework/window_text.h"
 
 #include <array>
@@ -105,11 +105,12 @@ BOOL CWnd::CreateChild(const wchar_t* className, DWORD extendedStyle, DWORD styl
   if (m_hWnd != nullptr) {
     return FALSE;  // a second window would have no object
   }
-  const HWND window = ::CreateWindowExW(
-      extendedStyle, className, L"", style | WS_CHILD, rect.left, rect.top, rect.Width(),
-      rect.Height(), parent->m_hWnd, reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)),
-      AfxGetInstanceHandle(), nullptr);
-  return SubclassWindow(window);
+  return SubclassWindow(quorvel::CreateControlWindow({.className = className,
+                                                      .style = style,
+                                                      .extendedStyle = extendedStyle,
+                                                      .rect = rect,
+                                                      .id = id},
+                                                     parent->m_hWnd));
 }
 
 void CWnd::InvalidatePart(const RECT* part) const {
@@ -197,8 +198,12 @@ CWnd* CWnd::SenderOf(UINT message, WPARAM wParam, LPARAM lParam) const {
       return FromHandlePermanent(reinterpret_cast<HWND>(lParam));
     case WM_NOTIFY:
       return FromHandlePermanent(reinterpret_cast<const NMHDR*>(lParam)->hwndFrom);
-    case WM_MEASUREITEM:
     case WM_DRAWITEM:
+      // A menu that its owner draws has no identifier and no window here.
+      return wParam != 0
+                 ? FromHandlePermanent(reinterpret_cast<const DRAWITEMSTRUCT*>(lParam)->hwndItem)
+                 : nullptr;
+    case WM_MEASUREITEM:
       return FromHandlePermanent(GetDlgItem(static_cast<int>(wParam)));
     default:
       return nullptr;
