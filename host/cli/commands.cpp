@@ -165,6 +165,17 @@ constexpr std::array kCommands = {
             .answer = R"json({"result":"confirmed","items":[{"name":"...","ticked":true}]})json",
             .options = kCheckListOptions,
             .build = BuildCheckList},
+    Command{.name = "select-font",
+            .summary = "ask for a font with its size in millimetres",
+            .answer = kSelectFontAnswer,
+            .options = kSelectFontOptions,
+            .build = [](const ParsedOptions& options) -> Request { return ReadSelectFont(options); }},
+    Command{.name = "select-font-ex",
+            .summary = "ask for the font of a cell and the place of its text",
+            .answer = kSelectFontExAnswer,
+            .options = kSelectFontExOptions,
+            .build =
+                [](const ParsedOptions& options) -> Request { return ReadSelectFontEx(options); }},
 };
 
 constexpr std::string_view kUsage = "usage: quorvel SUBCOMMAND [OPTION]...";

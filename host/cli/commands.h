@@ -9,6 +9,7 @@
 #pragma once
 
 #include "cli/arguments.h"
+#include "cli/font_commands.h"
 #include "cli/outcome.h"
 
 #include <optional>
@@ -72,7 +73,8 @@ struct CheckListRequest {
 
 /// The dialog that is asked for, with everything that its entry takes.
 using Request = std::variant<InputTextRequest, InputScaleRequest, InputDpiRequest,
-                             InputPointRequest, UserPaperRequest, CheckListRequest>;
+                             InputPointRequest, UserPaperRequest, CheckListRequest,
+                             SelectFontRequest, SelectFontExRequest>;
 
 /// One row of the table of subcommands.
 struct Command {

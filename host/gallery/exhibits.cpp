@@ -1,4 +1,5 @@
 #include "gallery/exhibit.h"
+#include "gallery/font_exhibits.h"
 #include "gallery/input_exhibits.h"
 
 namespace quorvel::gallery {
@@ -7,6 +8,7 @@ std::vector<Exhibit> AllExhibits() {
   return {
       InputTextExhibit(),     InputScaleExhibit(), InputDpiExhibit(),  InputPointXYExhibit(),
       InputPointXYZExhibit(), UserPaperExhibit(),  CheckListExhibit(),
+      SelFontExhibit(),       SelFontExExhibit(),
   };
 }
 

@@ -43,8 +43,8 @@ INSTANTIATE_TEST_SUITE_P(Quorvel, Soak, ::testing::ValuesIn(AllEntries()),
 TEST_P(Soak, LeavesNothingBehind) {
   DialogOwner owner;
   const auto open = [&](WORD command, int times) {
-    owner.SetCommand(command);
     for (int i = 0; i < times; ++i) {
+      owner.SetCommand(command);
       const Outcome outcome = GetParam().run(nullptr);
       ASSERT_EQ(outcome.confirmed, command == IDOK);
       ASSERT_TRUE(outcome.confirmed || outcome.unchanged);
@@ -52,8 +52,8 @@ TEST_P(Soak, LeavesNothingBehind) {
   };
   const BareDialog bare(::GetModuleHandleW(L"Quorvel.dll"), GetParam().templateId);
   const auto openBare = [&](int times) {
-    owner.SetCommand(IDOK);
     for (int i = 0; i < times; ++i) {
+      owner.SetCommand(IDOK);
       bare.Run(owner.Window());
     }
   };

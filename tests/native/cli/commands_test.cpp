@@ -228,6 +228,8 @@ TEST(Commands, HelpListsEverySubcommand) {
       "  input-point        ask for a point with two or three coordinates\n"
       "  user-paper         ask for the name and the size of a user paper\n"
       "  check-list         let the user tick items\n"
+      "  select-font        ask for a font with its size in millimetres\n"
+      "  select-font-ex     ask for the font of a cell and the place of its text\n"
       "  help [SUBCOMMAND]  print this help or that of a subcommand\n"
       "\n"
       "Options:\n"
