@@ -38,7 +38,7 @@ public:
     return text;
   }
 
-  void SetRedraw(BOOL redraw) const { ::SendMessageW(m_hWnd, WM_SETREDRAW, redraw ? 1 : 0, 0); }
+  void SetRedraw(BOOL redraw) const { ::SendMessageW(m_hWnd, WM_SETREDRAW, redraw != FALSE ? 1 : 0, 0); }
 
   int Find(const std::wstring& face) const {
     return static_cast<int>(Send(CB_FINDSTRINGEXACT, -1, reinterpret_cast<LPARAM>(face.c_str())));

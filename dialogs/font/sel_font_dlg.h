@@ -30,9 +30,11 @@ public:
   /// IDOK only. `dotsPerMm` relates its record to its millimetres; see EffectiveDotsPerMm.
   INT_PTR Run(CKivFont* font, double dotsPerMm);
 
+  static constexpr double kUsualHeight = 10.0;
+
   CComboBox m_cmbStrikeType;
   int m_nStrikeType = 0;  ///< 0 one line, 1 two lines
-  double m_dV = 10.0;     ///< character height in millimetres
+  double m_dV = kUsualHeight;  ///< character height in millimetres
   double m_dH = 0.0;      ///< character width in millimetres, 0 for the natural one
   CKivSysEnv* m_pSysEnv;
   const char* m_pszTitle;

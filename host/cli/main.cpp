@@ -185,7 +185,8 @@ Outcome Run(const CheckListRequest& request) {
 COLORREF ColorOf(const Rgb& colour) { return RGB(colour.red, colour.green, colour.blue); }
 
 std::array<double, 3> ColourParts(COLORREF color) {
-  return {double{GetRValue(color)}, double{GetGValue(color)}, double{GetBValue(color)}};
+  return {static_cast<double>(GetRValue(color)), static_cast<double>(GetGValue(color)),
+          static_cast<double>(GetBValue(color))};
 }
 
 /// Throws UsageError for a face name that the record cannot hold.

@@ -181,7 +181,7 @@ Exhibit SelFontExExhibit() {
   return {
       .name = "sel-font-ex",
       .entry = L"__SelFontExDlg",
-      .label = L"セルの書体(&L)",
+      .label = L"セルの書体(&E)",
       .value = [font] { return InWords(*font); },
       .run =
           [font](const RunOptions&) {

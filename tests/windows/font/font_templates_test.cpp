@@ -6,7 +6,7 @@ namespace quorvel::test {
 namespace {
 
 CKivFontEx TableFont() {
-  CKivFontEx font = OddFont<CKivFontEx>("IPAゴシック");
+  auto font = OddFont<CKivFontEx>("IPAゴシック");
   font.SetV(4.0);
   font.SetH(2.0);
   return font;

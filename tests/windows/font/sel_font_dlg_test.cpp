@@ -631,17 +631,22 @@ TEST(SelFontDlg, VerticalFacesStandAfterTheOthers) {
   });
 }
 
+struct Face {
+  const wchar_t* wide;
+  const char* narrow;
+};
+
 TEST(SelFontDlg, APickedFaceComesOutWhole) {
-  for (const auto& [wide, narrow] :
-       {std::pair{L"@ＭＳ Ｐ明朝", "@ＭＳ Ｐ明朝"}, std::pair{L"IPA Pゴシック", "IPA Pゴシック"},
-        std::pair{L"DejaVu Sans Condensed", "DejaVu Sans Condensed"}}) {
+  for (const Face& face : {Face{L"@ＭＳ Ｐ明朝", "@ＭＳ Ｐ明朝"},
+                           Face{L"IPA Pゴシック", "IPA Pゴシック"},
+                           Face{L"DejaVu Sans Condensed", "DejaVu Sans Condensed"}}) {
     CKivFont font = OddFont("ＭＳ ゴシック");
     EXPECT_TRUE(Ask(font, [&](HWND dialog) {
-      Pick(dialog, kFace, wide);
+      Pick(dialog, kFace, face.wide);
       Confirm(dialog);
     }));
     const LOGFONTA record = font.GetLogFont(0);
-    EXPECT_STREQ(record.lfFaceName, narrow);
+    EXPECT_STREQ(record.lfFaceName, face.narrow);
     EXPECT_EQ(record.lfEscapement, 300);
     EXPECT_EQ(record.lfOutPrecision, OUT_TT_PRECIS);
     EXPECT_EQ(record.lfQuality, PROOF_QUALITY);

@@ -13,7 +13,7 @@ struct Arguments {
 };
 
 CKivFontEx OddFontEx(const char* face = "IPA P明朝") {
-  CKivFontEx font = OddFont<CKivFontEx>(face);
+  auto font = OddFont<CKivFontEx>(face);
   font.SetBackColor(&kOddBack);
   font.SetVPos(1);
   font.SetHPos(2);

@@ -16,7 +16,7 @@ LOGFONTA Gothic() {
   font.lfHeight = -24;
   font.lfWeight = FW_NORMAL;
   font.lfCharSet = SHIFTJIS_CHARSET;
-  std::strcpy(std::begin(font.lfFaceName), "ＭＳ ゴシック");
+  std::strncpy(std::begin(font.lfFaceName), "ＭＳ ゴシック", LF_FACESIZE - 1);
   return font;
 }
 

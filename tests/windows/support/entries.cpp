@@ -1,6 +1,9 @@
 #include "support/entries.h"
 
+#include "driver/dialog_owner.h"
 #include "res/ids.h"
+
+#include <commdlg.h>
 
 #include <array>
 #include <cstring>
@@ -115,7 +118,7 @@ bool IsSameFont(const CKivFont& one, const CKivFont& other) {
 }
 
 Outcome RunFont(CPoint* /*position*/) {
-  CKivFont font = StruckOutFont<CKivFont>();
+  auto font = StruckOutFont<CKivFont>();
   const CKivFont before = font;
   const bool confirmed =
       __SelFontDlg(nullptr, &font, 0.0, "文字", TRUE, FALSE, QUORVEL_FONT_ALL) != FALSE;
@@ -123,13 +126,31 @@ Outcome RunFont(CPoint* /*position*/) {
 }
 
 Outcome RunFontEx(CPoint* /*position*/) {
-  CKivFontEx font = StruckOutFont<CKivFontEx>();
+  auto font = StruckOutFont<CKivFontEx>();
   const CKivFontEx before = font;
   const bool confirmed =
       __SelFontExDlg(nullptr, &font, 0.0, "文字", FALSE, QUORVEL_FONT_ALL) != FALSE;
   return {confirmed, IsSameFont(font, before) && font.GetBackColor() == before.GetBackColor() &&
                          font.GetVPos() == before.GetVPos() &&
                          font.GetHPos() == before.GetHPos()};
+}
+
+/// The system's own font dialog with our template and nothing of ours.
+template <WORD TemplateId>
+void RunBareFont(HWND owner) {
+  const HMODULE module = ::GetModuleHandleW(L"Quorvel.dll");
+  const driver::ModuleContext context(module);
+  context.Run([owner, module] {
+    LOGFONTW font{};
+    CHOOSEFONTW record{};
+    record.lStructSize = sizeof record;
+    record.hwndOwner = owner;
+    record.lpLogFont = &font;
+    record.Flags = CF_SCREENFONTS | CF_EFFECTS | CF_TTONLY | CF_ENABLETEMPLATE;
+    record.hInstance = module;
+    record.lpTemplateName = MAKEINTRESOURCEW(TemplateId);
+    ::ChooseFontW(&record);
+  });
 }
 
 }  // namespace
@@ -151,9 +172,11 @@ const std::vector<Entry>& AllEntries() {
       {"CheckList", IDD_CHECK_LIST, RunCheckList, false,
        [] { return __CheckListDlg(nullptr, nullptr, nullptr); }, -1},
       {"SelFont", IDD_SEL_FONT, RunFont, false,
-       [] { return INT_PTR{__SelFontDlg(nullptr, nullptr, 0.0, "", TRUE, FALSE, 0)}; }, FALSE},
+       [] { return INT_PTR{__SelFontDlg(nullptr, nullptr, 0.0, "", TRUE, FALSE, 0)}; }, FALSE,
+       RunBareFont<IDD_SEL_FONT>},
       {"SelFontEx", IDD_SEL_FONT_EX, RunFontEx, false,
-       [] { return INT_PTR{__SelFontExDlg(nullptr, nullptr, 0.0, "", FALSE, 0)}; }, FALSE},
+       [] { return INT_PTR{__SelFontExDlg(nullptr, nullptr, 0.0, "", FALSE, 0)}; }, FALSE,
+       RunBareFont<IDD_SEL_FONT_EX>},
       {"SelColor", IDD_COLOUR_GRID, RunSelColor, true,
        [] { return INT_PTR{__SelColorDlg(nullptr, nullptr, nullptr)}; }, FALSE},
       {"SelColorEx", IDD_COLOUR_TABS, RunSelColorEx, true,
