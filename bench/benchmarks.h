@@ -10,7 +10,10 @@ namespace quorvel::bench {
 /// The input dialogs against their bare templates.
 std::vector<Row> InputDialogs(int runs);
 
-/// The font dialogs against the platform's plain one.
+/// The colour dialogs against the platform's own one, and their painting against what it needs.
+std::vector<Row> ColourDialogs(int runs);
+
+/// The font dialogs against the platform's own.
 std::vector<Row> FontDialogs(int runs);
 
 /// The page model at its largest: files, rectangles, changes, memory.

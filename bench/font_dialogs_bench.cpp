@@ -2,6 +2,7 @@
 // there, and how soon the sample follows a key.
 #include "bench/benchmarks.h"
 #include "bench/opening.h"
+#include "bench/timing.h"
 #include "driver/controls.h"
 #include "driver/dialog_owner.h"
 #include "driver/modal_script.h"
@@ -68,19 +69,6 @@ void OpenPlatforms(HWND owner, WORD templateId = 0) {
   });
 }
 
-double Now() {
-  LARGE_INTEGER count{};
-  LARGE_INTEGER perSecond{};
-  ::QueryPerformanceCounter(&count);
-  ::QueryPerformanceFrequency(&perSecond);
-  return static_cast<double>(count.QuadPart) / static_cast<double>(perSecond.QuadPart);
-}
-
-double Median(std::vector<double> values) {
-  std::ranges::sort(values);
-  return values[values.size() / 2];
-}
-
 /// What a user's key comes to in a dialog, once for each value of `turn`.
 using Key = std::function<void(HWND dialog, int turn)>;
 
@@ -90,11 +78,11 @@ std::vector<double> TimeKeys(int times, const std::function<void()>& open, const
   driver::ModalScript script;
   script.When(driver::Painted(driver::AnyDialog()), [&](HWND dialog) {
     for (int turn = 0; turn < times; ++turn) {
-      const double start = Now();
+      const LONGLONG start = Ticks();
       key(dialog, turn);
       ::RedrawWindow(dialog, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
       ::GdiFlush();
-      seconds.push_back(Now() - start);
+      seconds.push_back(Seconds(start, Ticks()));
     }
     driver::PressKey(dialog, VK_ESCAPE);
   });

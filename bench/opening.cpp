@@ -1,9 +1,8 @@
 #include "bench/opening.h"
 
+#include "bench/timing.h"
 #include "driver/dialog_owner.h"
 
-#include <algorithm>
-#include <cstddef>
 #include <stdexcept>
 
 namespace quorvel::bench {
@@ -17,16 +16,8 @@ constexpr int kWarmUps = 20;
 constexpr double kMostTimesBare = 1.3;
 constexpr double kMostMillisecondsOverBare = 5.0;
 
-LONGLONG Now() {
-  LARGE_INTEGER count{};
-  ::QueryPerformanceCounter(&count);
-  return count.QuadPart;
-}
-
 double Milliseconds(LONGLONG from, LONGLONG to) {
-  LARGE_INTEGER perSecond{};
-  ::QueryPerformanceFrequency(&perSecond);
-  return 1000.0 * static_cast<double>(to - from) / static_cast<double>(perSecond.QuadPart);
+  return 1000.0 * Seconds(from, to);
 }
 
 struct Times {
@@ -38,9 +29,9 @@ struct Times {
 void Time(DialogOwner& owner, const std::function<void()>& call, bool counts, Times& times) {
   owner.SetCommand(IDOK);
   const int answered = owner.Answered();
-  const LONGLONG called = Now();
+  const LONGLONG called = Ticks();
   call();
-  const LONGLONG returned = Now();
+  const LONGLONG returned = Ticks();
   if (owner.Answered() != answered + 1) {
     throw std::runtime_error("a dialog closed before it was painted");
   }
@@ -48,12 +39,6 @@ void Time(DialogOwner& owner, const std::function<void()>& call, bool counts, Ti
     times.openToPaint.push_back(Milliseconds(called, owner.PaintedAt()));
     times.confirmToReturn.push_back(Milliseconds(owner.PaintedAt(), returned));
   }
-}
-
-double Median(std::vector<double> values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  return *middle;
 }
 
 }  // namespace

@@ -16,7 +16,8 @@ namespace quorvel::bench {
 std::vector<Row> CompareOpening(const std::string& name, UINT templateId, int runs,
                                 const std::function<void()>& call);
 
-/// The same against another dialog of the platform, which `bare` runs for the owner that it gets. Opening may take `mostTimesBare` times as long.
+/// The same against another dialog of the platform, which `bare` runs for the owner that it gets.
+/// Opening may take `mostTimesBare` times as long.
 std::vector<Row> CompareOpening(const std::string& name, double mostTimesBare, int runs,
                                 const std::function<void()>& call,
                                 const std::function<void(HWND owner)>& bare);

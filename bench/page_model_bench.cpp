@@ -2,9 +2,9 @@
 // the same bytes read and written plainly, its rectangles against a bare loop, its changes against
 // each other at two sizes.
 #include "bench/benchmarks.h"
+#include "bench/timing.h"
 #include "quorvel/quorvel.h"
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
@@ -21,40 +21,13 @@ namespace {
 constexpr int kLines = 255;
 constexpr int kCells = kLines * kLines;
 
-double Now() {
-  LARGE_INTEGER count{};
-  LARGE_INTEGER perSecond{};
-  ::QueryPerformanceCounter(&count);
-  ::QueryPerformanceFrequency(&perSecond);
-  return static_cast<double>(count.QuadPart) / static_cast<double>(perSecond.QuadPart);
-}
-
 /// Makes what a timed action works on, does the action, and gives the seconds it took.
 template <class Prepare, class Action>
-double Seconds(const Prepare& prepare, const Action& action) {
+double TimeOf(const Prepare& prepare, const Action& action) {
   auto subject = prepare();
-  const double start = Now();
+  const LONGLONG start = Ticks();
   action(subject);
-  return Now() - start;
-}
-
-double Median(std::vector<double> values) {
-  std::sort(values.begin(), values.end());
-  return values[values.size() / 2];
-}
-
-/// The ratio of the medians of two timed works, done in turn.
-Row Compare(const std::string& name, const std::string& unit, double limit, int runs,
-            const std::function<double()>& ours, const std::function<double()>& bare) {
-  std::vector<double> oursTook;
-  std::vector<double> bareTook;
-  ours();  // warm-up
-  bare();
-  for (int run = 0; run < runs; ++run) {
-    oursTook.push_back(ours());
-    bareTook.push_back(bare());
-  }
-  return {name, unit, Median(oursTook) / Median(bareTook), limit, runs};
+  return Seconds(start, Ticks());
 }
 
 CLayoutPageData FullPage() {
@@ -133,14 +106,14 @@ std::vector<Row> Files(int runs) {
   rows.push_back(Compare(
       "load 255 x 255 cells", "times reading", 4.0, runs,
       [&] {
-        return Seconds([] { return CLayoutPageData(); },
+        return TimeOf([] { return CLayoutPageData(); },
                        [&](CLayoutPageData& fresh) { Require(fresh.OpenFileW(saved.c_str())); });
       },
-      [&] { return Seconds(nothing, [&](int) { ReadPlainly(saved); }); }));
+      [&] { return TimeOf(nothing, [&](int) { ReadPlainly(saved); }); }));
   rows.push_back(Compare(
       "save 255 x 255 cells", "times writing", 4.0, runs,
-      [&] { return Seconds(nothing, [&](int) { Require(page.SaveFileW(saved.c_str())); }); },
-      [&] { return Seconds(nothing, [&](int) { WritePlainly(plain, bytes.get(), size); }); }));
+      [&] { return TimeOf(nothing, [&](int) { Require(page.SaveFileW(saved.c_str())); }); },
+      [&] { return TimeOf(nothing, [&](int) { WritePlainly(plain, bytes.get(), size); }); }));
   std::filesystem::remove(saved);
   std::filesystem::remove(plain);
   return rows;
@@ -179,7 +152,7 @@ std::vector<Row> Rectangles(int runs) {
   return {Compare(
       "InitCelRect and GetCelRect of 255 x 255 cells", "times bare", 4.0, runs,
       [&] {
-        return Seconds(nothing, [&](int) {
+        return TimeOf(nothing, [&](int) {
           page.InitCelRect(&area, table.data());
           for (int index = 0; index < kCells; ++index) {
             page.GetCelRect(&other[static_cast<std::size_t>(index)], table.data(), index, nullptr,
@@ -188,7 +161,7 @@ std::vector<Row> Rectangles(int runs) {
         });
       },
       [&] {
-        return Seconds(nothing, [&](int) {
+        return TimeOf(nothing, [&](int) {
           FillBare(table.data(), kWidth, kHeight);
           FillBare(other.data(), kWidth, kHeight);
         });
@@ -236,8 +209,8 @@ std::vector<Row> Changes(int runs) {
   for (const Change& change : changes) {
     rows.push_back(Compare(
         std::string(change.name) + ", 4 times the cells", "times as long", kLimit, runs,
-        [&] { return Seconds([&] { return change.prepare(kLarge); }, change.apply); },
-        [&] { return Seconds([&] { return change.prepare(kSmall); }, change.apply); }));
+        [&] { return TimeOf([&] { return change.prepare(kLarge); }, change.apply); },
+        [&] { return TimeOf([&] { return change.prepare(kSmall); }, change.apply); }));
   }
   return rows;
 }

@@ -25,10 +25,10 @@ std::string MachineKind() {
 }
 
 void PrintTable(const std::vector<Row>& rows) {
-  std::printf("%s\n\n%-44s %8s %8s  %-14s %5s  %s\n", MachineKind().c_str(), "", "figure", "limit",
+  std::printf("%s\n\n%-48s %8s %8s  %-14s %5s  %s\n", MachineKind().c_str(), "", "figure", "limit",
               "", "runs", "holds");
   for (const Row& row : rows) {
-    std::printf("%-44s %8.2f %8.2f  %-14s %5d  %s\n", row.name.c_str(), row.figure, row.limit,
+    std::printf("%-48s %8.2f %8.2f  %-14s %5d  %s\n", row.name.c_str(), row.figure, row.limit,
                 row.unit.c_str(), row.runs, row.Holds() ? "yes" : "NO");
   }
 }

@@ -9,7 +9,7 @@
 namespace quorvel {
 
 struct ControlWindow {
-  const wchar_t* className;
+  const wchar_t* className = nullptr;
   const wchar_t* text = nullptr;
   DWORD style = 0;  ///< WS_CHILD is added
   DWORD extendedStyle = 0;

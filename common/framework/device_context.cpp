@@ -31,14 +31,34 @@ MemoryDC::MemoryDC(HDC deviceContext) : m_hDC(::CreateCompatibleDC(deviceContext
 
 MemoryDC::~MemoryDC() { ::DeleteDC(m_hDC); }
 
+namespace {
+
+/// Not a bitmap like the target's: for its depth the display would be asked anew each time, which
+/// takes longer than a small control's painting.
+OwnedBitmap BufferBitmap(const CSize& size) {
+  constexpr WORD kBitsOfPixel = 32;
+  BITMAPINFO info{};
+  info.bmiHeader.biSize = sizeof info.bmiHeader;
+  info.bmiHeader.biWidth = size.cx;
+  info.bmiHeader.biHeight = size.cy;
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = kBitsOfPixel;
+  info.bmiHeader.biCompression = BI_RGB;
+  void* pixels = nullptr;
+  return OwnedBitmap(::CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &pixels, nullptr, 0));
+}
+
+}  // namespace
+
 PaintBuffer::PaintBuffer(HDC target, const CRect& area)
     : m_target(target),
       m_area(area),
       m_memory(target),
-      m_bitmap(::CreateCompatibleBitmap(target, area.Width(), area.Height())) {
+      m_bitmap(BufferBitmap(area.Size())) {
   if (m_bitmap != nullptr) {
     m_previous = ::SelectObject(m_memory.Handle(), m_bitmap.get());
     ::SetViewportOrgEx(m_memory.Handle(), -area.left, -area.top, nullptr);
+    ::SetBrushOrgEx(m_memory.Handle(), -area.left, -area.top, nullptr);
   }
 }
 

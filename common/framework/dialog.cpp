@@ -230,6 +230,12 @@ void CDialog::EndWithException(std::exception_ptr exception) noexcept {
 }
 
 BOOL CDialog::PreTranslateMessage(MSG* message) {
+  const bool isKey = WM_KEYFIRST <= message->message && message->message <= WM_KEYLAST;
+  if (isKey && ::IsWindowVisible(message->hwnd) == FALSE) {
+    // For a control that has been hidden since: some platforms' dialog managers would look for the
+    // next control behind it for ever.
+    return FALSE;
+  }
   if (!IsPage()) {
     return ::IsDialogMessageW(m_hWnd, message);
   }

@@ -24,7 +24,6 @@ class ListOfCombo {
 public:
   explicit ListOfCombo(HWND combo) : m_hWnd(combo) {}
 
-  int Count() const { return static_cast<int>(Send(CB_GETCOUNT)); }
   int Selected() const { return static_cast<int>(Send(CB_GETCURSEL)); }
   void Select(int index) const { Send(CB_SETCURSEL, index); }
 
@@ -38,7 +37,7 @@ public:
     return text;
   }
 
-  void SetRedraw(BOOL redraw) const { ::SendMessageW(m_hWnd, WM_SETREDRAW, redraw != FALSE ? 1 : 0, 0); }
+  void SetRedraw(bool redraw) const { Send(WM_SETREDRAW, redraw ? 1 : 0); }
 
   int Find(const std::wstring& face) const {
     return static_cast<int>(Send(CB_FINDSTRINGEXACT, -1, reinterpret_cast<LPARAM>(face.c_str())));
@@ -220,7 +219,7 @@ void CFontDialog::ListVerticalFacesLast() {
   const std::wstring selected = faces.Text(faces.Selected());
   std::vector<std::pair<std::wstring, LPARAM>> vertical;
   m_bMovingFaces = true;
-  faces.SetRedraw(FALSE);
+  faces.SetRedraw(false);
   // The platform has sorted them: what begins with this sign stands together, in front.
   for (std::wstring face = faces.Text(0); IsVertical(face); face = faces.Text(0)) {
     const LPARAM data = faces.Remove(0);
@@ -229,7 +228,7 @@ void CFontDialog::ListVerticalFacesLast() {
   for (const auto& [face, data] : vertical) {
     faces.Append(face, data);
   }
-  faces.SetRedraw(TRUE);
+  faces.SetRedraw(true);
   m_bMovingFaces = false;
   if (!vertical.empty() && !selected.empty()) {
     faces.Select(faces.Find(selected));

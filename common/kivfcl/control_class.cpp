@@ -20,6 +20,7 @@ ControlClass::ControlClass(const wchar_t* name) : m_name(name) {
   description.lpfnWndProc = &::DefWindowProcW;
   description.hInstance = OwnModule();
   description.hCursor = ::LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
+  description.hbrBackground = nullptr;  // painted whole, so nothing flickers
   description.lpszClassName = name;
   ::RegisterClassExW(&description);
 }

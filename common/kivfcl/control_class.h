@@ -11,7 +11,8 @@ namespace quorvel {
 
 /// Registered for this DLL as long as the object lives, and found from every module of the process:
 /// a dialog asks for it on behalf of its own module. The window's own procedure is the platform's
-/// default; all behaviour comes from the CWnd attached to it. Double clicks are told.
+/// default; all behaviour comes from the CWnd attached to it. Double clicks are told; nothing is
+/// erased before it is painted.
 class KIVFCL_API ControlClass {
 public:
   /// `name` must outlive the object.

@@ -64,7 +64,6 @@ BEGIN_MESSAGE_MAP(CKivColorPaletteList, CWnd)
   ON_WM_VSCROLL(&CKivColorPaletteList::OnVScroll)
   ON_MESSAGE(WM_KEYDOWN, &CKivColorPaletteList::OnKeyDown)
   ON_MESSAGE(WM_MOUSEWHEEL, &CKivColorPaletteList::OnMouseWheel)
-  ON_MESSAGE(WM_GETDLGCODE, &CKivColorPaletteList::OnGetDlgCode)
   ON_MESSAGE(WM_SIZE, &CKivColorPaletteList::OnSize)
   ON_MESSAGE(WM_SETFOCUS, &CKivColorPaletteList::OnLookChanged)
   ON_MESSAGE(WM_KILLFOCUS, &CKivColorPaletteList::OnLookChanged)
@@ -140,8 +139,8 @@ LRESULT CKivColorPaletteList::WindowProc(UINT message, WPARAM wParam, LPARAM lPa
       return quorvel::AnswerWithText(
           message, wParam, lParam,
           m_nCurSel >= 0 ? quorvel::SpokenColor(GetSelectColor()) : std::wstring());
-    case WM_ERASEBKGND:
-      return TRUE;  // painted whole, so nothing flickers
+    case WM_GETDLGCODE:
+      return DLGC_WANTARROWS;
     default:
       return CWnd::WindowProc(message, wParam, lParam);
   }
@@ -173,7 +172,13 @@ void CKivColorPaletteList::UpdateScrollBar() const {
   scroll.nMax = std::max(grid.Rows() - 1, 0);
   scroll.nPage = static_cast<UINT>(grid.WholeRows());
   scroll.nPos = grid.firstRow;
-  ::SetScrollInfo(m_hWnd, SB_VERT, &scroll, TRUE);
+  SCROLLINFO shown{};
+  shown.cbSize = sizeof shown;
+  shown.fMask = scroll.fMask;
+  ::GetScrollInfo(m_hWnd, SB_VERT, &shown);
+  if (shown.nMax != scroll.nMax || shown.nPage != scroll.nPage || shown.nPos != scroll.nPos) {
+    ::SetScrollInfo(m_hWnd, SB_VERT, &scroll, TRUE);  // slow: it paints the bar at once
+  }
 }
 
 void CKivColorPaletteList::ScrollTo(long long firstRow) {
@@ -289,10 +294,6 @@ LRESULT CKivColorPaletteList::OnMouseWheel(WPARAM wParam, LPARAM lParam) {
   return 0;
 }
 
-LRESULT CKivColorPaletteList::OnGetDlgCode(WPARAM /*wParam*/, LPARAM /*lParam*/) {
-  return DLGC_WANTARROWS;
-}
-
 LRESULT CKivColorPaletteList::OnSize(WPARAM wParam, LPARAM lParam) {
   Rearrange();
   return Default(WM_SIZE, wParam, lParam);
@@ -346,6 +347,6 @@ void CKivColorPaletteList::DrawEntry(HDC deviceContext, const CRect& cell, int i
   if (::GetFocus() == m_hWnd) {
     quorvel::DrawFrames(deviceContext, cell, {kBlack, kWhite, kWhite, kBlack});
   } else {
-    quorvel::DrawFrames(deviceContext, cell, {kBlack, kWhite, kBlack});
+    quorvel::DrawFrames(deviceContext, cell, {kBlack, kWhite});
   }
 }

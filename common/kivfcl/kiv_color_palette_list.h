@@ -30,8 +30,8 @@ enum : UINT {
 /// Entry i stands in row i / columns, column i % columns, from the top-left corner of the client
 /// area; rows are scrolled whole. Selected by a click, and with the focus by the arrow keys, page
 /// keys, Home and End; the space bar takes the selected entry once more, as a click on it does. The
-/// wheel scrolls by as many rows as the user has set lines. The owner may destroy the list when it is
-/// told. Its text, which a screen reader speaks, tells the selected colour: "赤 255 緑 0 青 0".
+/// wheel scrolls by as many rows as the user has set lines. The owner may destroy the list when it
+/// is told. Its text, which a screen reader speaks, tells the selected colour: "赤 255 緑 0 青 0".
 /// Indices count from 0.
 class KIVFCL_API CKivColorPaletteList : public CWnd {
 public:
@@ -75,13 +75,15 @@ protected:
   DECLARE_MESSAGE_MAP()
 
 private:
+  static constexpr CSize kItemSizeAtFirst{24, 16};
+  static constexpr int kColumnsAtFirst = 6;
+
   void OnPaint();
   void OnLButtonDown(UINT keys, CPoint point);
   void OnLButtonDblClk(UINT keys, CPoint point);
   void OnVScroll(UINT code, UINT position, HWND scrollBar);
   LRESULT OnKeyDown(WPARAM wParam, LPARAM lParam);
   LRESULT OnMouseWheel(WPARAM wParam, LPARAM lParam);
-  LRESULT OnGetDlgCode(WPARAM wParam, LPARAM lParam);
   LRESULT OnSize(WPARAM wParam, LPARAM lParam);
   LRESULT OnLookChanged(WPARAM wParam, LPARAM lParam);
 
@@ -102,8 +104,8 @@ private:
   void DrawEntry(HDC deviceContext, const CRect& cell, int index) const;
 
   CArray<COLORREF, COLORREF> m_colors;
-  CSize m_itemSize{24, 16};
-  int m_nColumns = 6;
+  CSize m_itemSize = kItemSizeAtFirst;
+  int m_nColumns = kColumnsAtFirst;
   int m_nCurSel = -1;
   int m_nFirstRow = 0;
   quorvel::WheelSteps m_wheel;

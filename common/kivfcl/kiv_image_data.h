@@ -2,7 +2,7 @@
 //
 //   CKivImageData picture;
 //   picture.MakeImageData(160, 100, 24, -1);
-//   BYTE* line = picture.GetLineImage(0);              // blue, green, red of the leftmost pixel ...
+//   BYTE* line = picture.GetLineImage(0);             // blue, green, red of the leftmost pixel ...
 //   picture.StretchDIBit(hDC, 10, 10, 160, 100, 0, 0, 160, 100, SRCCOPY);
 #pragma once
 
@@ -25,8 +25,10 @@ public:
   /// fourth, unused byte at 32 bits. Null where there is no such line.
   BYTE* GetLineImage(int y);
 
-  /// Draws the part of the picture from (`sourceX`, `sourceY`) into a rectangle of `deviceContext`,
-  /// with a raster operation such as SRCCOPY. Sizes are in pixels. FALSE when it cannot.
+  /// Draws the part of the picture from (`sourceX`, `sourceY`), counted from its top-left corner,
+  /// into a rectangle of `deviceContext`, with a raster operation such as SRCCOPY. Sizes are in
+  /// pixels. Made smaller, it loses pixels, unless a stretching mode such as HALFTONE is set. FALSE
+  /// when it cannot, or when the part does not lie inside the picture.
   BOOL StretchDIBit(HDC deviceContext, int x, int y, int width, int height, int sourceX,
                     int sourceY, int sourceWidth, int sourceHeight, DWORD operation) const;
 

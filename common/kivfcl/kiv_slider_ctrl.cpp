@@ -68,7 +68,6 @@ BEGIN_MESSAGE_MAP(CKivSliderCtrl, CWnd)
   ON_WM_MOUSEMOVE(&CKivSliderCtrl::OnMouseMove)
   ON_WM_LBUTTONUP(&CKivSliderCtrl::OnLButtonUp)
   ON_MESSAGE(WM_CAPTURECHANGED, &CKivSliderCtrl::OnDragTakenAway)
-  ON_MESSAGE(WM_CANCELMODE, &CKivSliderCtrl::OnDragTakenAway)
   ON_MESSAGE(WM_DESTROY, &CKivSliderCtrl::OnDestroy)
   ON_MESSAGE(WM_KEYDOWN, &CKivSliderCtrl::OnKeyDown)
   ON_MESSAGE(WM_MOUSEWHEEL, &CKivSliderCtrl::OnMouseWheel)
@@ -87,13 +86,13 @@ CKivSliderCtrl::~CKivSliderCtrl() {
 }
 
 BOOL CKivSliderCtrl::Create(DWORD style, const CRect& rect, CWnd* parent, UINT id, int kind) {
-  if (m_hWnd != nullptr) {
+  if (CreateChild(ClassName(), 0, style, rect, parent, id) == FALSE) {
     return FALSE;
   }
   m_nKind = kind;
   m_bStripIsOld = true;
   m_drag.reset();
-  return CreateChild(ClassName(), 0, style, rect, parent, id);
+  return TRUE;
 }
 
 void CKivSliderCtrl::SetRange(int lowest, int highest) {
@@ -120,8 +119,6 @@ LRESULT CKivSliderCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_GETTEXTLENGTH:
     case WM_GETTEXT:
       return quorvel::AnswerWithText(message, wParam, lParam, std::to_wstring(m_nPos));
-    case WM_ERASEBKGND:
-      return TRUE;  // painted whole, so nothing flickers
     default:
       return CWnd::WindowProc(message, wParam, lParam);
   }
@@ -177,6 +174,7 @@ void CKivSliderCtrl::OnMouseMove(UINT /*keys*/, CPoint point) {
 void CKivSliderCtrl::OnLButtonUp(UINT /*keys*/, CPoint /*point*/) { EndDrag(); }
 
 LRESULT CKivSliderCtrl::OnDragTakenAway(WPARAM /*wParam*/, LPARAM /*lParam*/) {
+  // By WM_CANCELMODE, too: its default handling releases the mouse.
   EndDrag();
   return 0;
 }

@@ -50,17 +50,19 @@ using KIVCOLORCOMPONENTS = std::array<int, 4>;
 /// Moved by dragging, by a click on the strip, by the wheel, and with the focus by the keys: Right
 /// and Up raise the position by 1, Left and Down lower it, PageUp and PageDown take a tenth of the
 /// range, Home goes to the lowest and End to the highest position. A click on the strip takes the
-/// thumb there and drags it on; Escape during a drag takes it back to where it was. The owner is told
-/// of every change by the user, of none by the calls below; it may destroy the slider then. A drag
-/// tells every change and, if there was one, its end, however it ends. Its text, which a screen
-/// reader speaks, is the position.
+/// thumb there and drags it on; Escape during a drag takes it back to where it was. The owner is
+/// told of every change by the user, of none by the calls below; it may destroy the slider then. A
+/// drag tells every change and, if there was one, its end, however it ends. Its text, which a
+/// screen reader speaks, is the position.
 class KIVFCL_API CKivSliderCtrl : public CWnd {
 public:
   CKivSliderCtrl() = default;
   ~CKivSliderCtrl() override;
+  CKivSliderCtrl(const CKivSliderCtrl&) = delete;
+  CKivSliderCtrl& operator=(const CKivSliderCtrl&) = delete;
 
-  /// `style` is a window style; WS_CHILD is added. `rect` is in `parent`'s client pixels, `kind` one
-  /// of KIVSLIDER_*; what is none counts as horizontal. FALSE when it cannot be created.
+  /// `style` is a window style; WS_CHILD is added. `rect` is in `parent`'s client pixels, `kind`
+  /// one of KIVSLIDER_*; what is none counts as horizontal. FALSE when it cannot be created.
   BOOL Create(DWORD style, const CRect& rect, CWnd* parent, UINT id, int kind);
 
   /// `lowest` at most `highest`; the position is kept inside. At first 0 to 100.
@@ -80,6 +82,9 @@ protected:
   DECLARE_MESSAGE_MAP()
 
 private:
+  static constexpr int kHighestAtFirst = 100;
+  static constexpr KIVCOLORCOMPONENTS kGrey{192, 192, 192, 0};
+
   struct DragState {
     int positionBefore = 0;
     int grip = 0;  ///< where the mouse holds the thumb; see quorvel::GripAt
@@ -113,10 +118,9 @@ private:
   void RenderStrip(const CRect& inner);
 
   int m_nKind = KIVSLIDER_HORIZONTAL;
-  quorvel::SliderRange m_range;
+  quorvel::SliderRange m_range{0, kHighestAtFirst};
   int m_nPos = 0;
-  quorvel::Gradient m_gradient{
-      quorvel::GradientModel::kRgb, {192, 192, 192, 0}, {192, 192, 192, 0}};
+  quorvel::Gradient m_gradient{quorvel::GradientModel::kRgb, kGrey, kGrey};
   CKivImageData m_strip;  ///< one pixel across, kept until the gradient or the size changes
   bool m_bStripIsOld = true;
   std::optional<DragState> m_drag;

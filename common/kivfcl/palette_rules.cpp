@@ -4,15 +4,21 @@
 
 namespace quorvel {
 
-int PaletteGrid::Rows() const { return count == 0 ? 0 : (count - 1) / columns + 1; }
+int PaletteGrid::Rows() const {
+  return count == 0 ? 0 : (count - 1) / columns + 1;
+}
 
-int PaletteGrid::WholeRows() const { return std::max<int>(client.cy / item.cy, 1); }
+int PaletteGrid::WholeRows() const {
+  return std::max<int>(client.cy / item.cy, 1);
+}
 
 int PaletteGrid::RowsInSight() const {
   return client.cy <= 0 ? 0 : static_cast<int>((client.cy - 1) / item.cy + 1);
 }
 
-int PaletteGrid::HighestFirstRow() const { return std::max(Rows() - WholeRows(), 0); }
+int PaletteGrid::HighestFirstRow() const {
+  return std::max(Rows() - WholeRows(), 0);
+}
 
 CRect PaletteGrid::Cell(int rowInSight, int column) const {
   return {CPoint(column * item.cx, rowInSight * item.cy), item};

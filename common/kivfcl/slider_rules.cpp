@@ -11,7 +11,8 @@ namespace {
 constexpr int kHalfThumb = 4;
 /// The focus frame at the slider's edge; the thumb stays inside it.
 constexpr int kFocusFrame = 1;
-/// Between the focus frame and the strip, where the thumb stands out.
+/// Between the focus frame and the thumb's sides, and the strip, which the thumb overhangs.
+constexpr int kThumbGap = 1;
 constexpr int kStripGap = 2;
 constexpr int kPagesOfRange = 10;
 
@@ -126,11 +127,12 @@ CRect StripRect(const CSize& client) {
 CRect ThumbRect(int place, const CSize& client, bool upright) {
   const int length = upright ? client.cy : client.cx;
   const int half = TrackOf(length).halfThumb;
+  constexpr int kSide = kFocusFrame + kThumbGap;
   if (upright) {
     const int y = client.cy - 1 - place;
-    return {kFocusFrame, y - half, client.cx - kFocusFrame, y + half + 1};
+    return {kSide, y - half, client.cx - kSide, y + half + 1};
   }
-  return {place - half, kFocusFrame, place + half + 1, client.cy - kFocusFrame};
+  return {place - half, kSide, place + half + 1, client.cy - kSide};
 }
 
 RgbColour GradientColour(const Gradient& gradient, int offset, int span) {

@@ -1,11 +1,11 @@
 // The arithmetic of a slider on a strip of colours: where its parts stand, which position a point
 // means, which colour a pixel has, what a key does. Nothing here needs a window.
 //
-//   const SliderTrack track = TrackOf(160);                       // a slider 160 pixels long
-//   const int place = PlaceOfPosition(128, {0, 255}, track);      // where its thumb's centre stands
+//   const SliderTrack track = TrackOf(160);                    // a slider 160 pixels long
+//   const int place = PlaceOfPosition(128, {0, 255}, track);   // where its thumb's centre stands
 //
-// A place is in pixels from the slider's end of low positions: from the left edge, or from the lower
-// edge of an upright one.
+// A place is in pixels from the slider's end of low positions: from the left edge, or from the
+// lower edge of an upright one.
 #pragma once
 
 #include "framework/geometry.h"
@@ -19,7 +19,7 @@ namespace quorvel {
 /// `lowest` is not above `highest`.
 struct SliderRange {
   int lowest = 0;
-  int highest = 100;
+  int highest = 0;
 
   friend constexpr bool operator==(const SliderRange&, const SliderRange&) = default;
 };
@@ -82,8 +82,8 @@ struct Gradient {
 /// number, the higher of two equally near ones. `offset` is 0 to `span`; a span of 0 is all start.
 RgbColour GradientColour(const Gradient& gradient, int offset, int span);
 
-/// The colours of `count` places from `firstPlace` on: along the track those of the gradient, beyond
-/// it those of its ends.
+/// The colours of `count` places from `firstPlace` on: along the track those of the gradient,
+/// beyond it those of its ends.
 std::vector<RgbColour> StripColours(const Gradient& gradient, const SliderTrack& track,
                                     int firstPlace, int count);
 

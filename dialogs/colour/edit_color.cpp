@@ -124,7 +124,10 @@ void CEditColor::ApplyComponent(int row, int value) {
 }
 
 void CEditColor::OnModelSelected() {
-  EnterModel(static_cast<ColorModel>(m_cmbModel.GetCurSel()));
+  const int selected = m_cmbModel.GetCurSel();
+  if (selected >= 0) {
+    EnterModel(static_cast<ColorModel>(selected));
+  }
 }
 
 void CEditColor::OnSlider(const NMHDR& notification) {

@@ -36,6 +36,7 @@ CEditSelColor::CEditSelColor(CKivSysEnv* env, COLORREF color, CWnd* parent)
 BOOL CEditSelColor::OnInitDialog() {
   CDialog::OnInitDialog();
   m_bDragging = false;
+  m_swatchRect = GetDlgItemRect(IDC_COLOUR_SWATCH);
   m_fieldRect = GetDlgItemRect(IDC_COLOUR_FIELD);
   m_pPicture = std::make_unique<CKivImageData>();
   m_pPicture->MakeImageData(m_fieldRect.Width() + 1, m_fieldRect.Height() + 1, kPictureBits,
@@ -65,7 +66,7 @@ void CEditSelColor::SetColor(COLORREF color) {
   ShowGradation();
   BuildPicture();
   m_field.Invalidate();
-  InvalidateRect(GetDlgItemRect(IDC_COLOUR_SWATCH));
+  InvalidateRect(m_swatchRect);
 }
 
 void CEditSelColor::BuildPicture() {
@@ -128,7 +129,8 @@ void CEditSelColor::ApplyHueAndSaturation(int hue, int saturation) {
 }
 
 void CEditSelColor::OnSlider(const NMHDR& notification) {
-  m_values.brightness = reinterpret_cast<const NMKIVSLIDER&>(notification).nPos;
+  m_values.brightness =
+      std::clamp(reinterpret_cast<const NMKIVSLIDER&>(notification).nPos, 0, kHighestComponent);
   TakeColor();
   BuildPicture();
   m_field.Invalidate();
@@ -140,18 +142,19 @@ void CEditSelColor::TakeColor() {
   int blue = 0;
   __KivComm_HSBtoRGB(m_values.hue, m_values.saturation, m_values.brightness, &red, &green, &blue);
   m_color = RGB(red, green, blue);
-  InvalidateRect(GetDlgItemRect(IDC_COLOUR_SWATCH));
+  InvalidateRect(m_swatchRect);
 }
 
 void CEditSelColor::OnPaint() {
   const CPaintDC paint(this);
-  quorvel::FillFramed(paint.Handle(), GetDlgItemRect(IDC_COLOUR_SWATCH), m_color);
+  quorvel::FillFramed(paint.Handle(), m_swatchRect, m_color);
 }
 
 void CEditSelColor::PaintField(const CWnd& field) const {
   const CPaintDC paint(&field);
   const CRect all = field.GetClientRect();
-  const quorvel::PaintBuffer buffer(paint.Handle(), all);
+  // During a drag only the marker's places are painted again.
+  const quorvel::PaintBuffer buffer(paint.Handle(), paint.Area());
   const HDC deviceContext = buffer.Handle();
   m_pPicture->StretchDIBit(deviceContext, 0, 0, all.Width(), all.Height(), 0, 0, all.Width(),
                            all.Height(), SRCCOPY);

@@ -63,6 +63,7 @@ private:
   quorvel::HsbValues m_values{0, 0, 255};
   bool m_bDragging = false;
   CPoint m_ptLastMarker;
+  CRect m_swatchRect;
   CRect m_fieldRect;
   Field m_field{*this};
 };

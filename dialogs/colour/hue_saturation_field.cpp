@@ -53,7 +53,8 @@ void FillHueSaturationPicture(const CSize& size, int brightness,
       channel = static_cast<BYTE>((tone.full - tone.drop * lack) / kToneUnit);
       ++lack;
     }
-    std::ranges::transform(lacks, lineAt(y), [&channels](BYTE index) { return channels[index]; });
+    const BYTE* const channelOf = channels.data();
+    std::ranges::transform(lacks, lineAt(y), [channelOf](BYTE lack) { return channelOf[lack]; });
   }
 }
 

@@ -104,6 +104,9 @@ void CSelColorDlg::ShowPage(int page) {
   for (int each = 0; each < kPageCount; ++each) {
     ::ShowWindow(PageAt(each).m_hWnd, each == page ? SW_SHOWNA : SW_HIDE);
   }
+  if (::GetFocus() == m_hWnd) {
+    ::SetFocus(m_tab.m_hWnd);  // it was on the page that has gone
+  }
 }
 
 void CSelColorDlg::OnTabChanged(const NMHDR& /*notification*/) {

@@ -77,6 +77,14 @@ std::vector<NUMBER> ReadNumbers(const Option& option, std::string_view text) {
   return *std::move(numbers);
 }
 
+Colour ReadColourOf(const Option& option, std::string_view text) {
+  const std::optional<Colour> colour = ReadColour(text);
+  if (!colour) {
+    throw UsageError(Dashed(option.name) + " needs a colour as #RRGGBB, not " + JsonQuoted(text));
+  }
+  return *colour;
+}
+
 OptionValue ReadValue(const Option& option, std::string_view text) {
   switch (option.kind) {
     case OptionKind::kText:
@@ -85,6 +93,8 @@ OptionValue ReadValue(const Option& option, std::string_view text) {
       return ReadNumbers<int>(option, text);
     case OptionKind::kNumbers:
       return ReadNumbers<double>(option, text);
+    case OptionKind::kColour:
+      return ReadColourOf(option, text);
     case OptionKind::kFlag:
       break;
   }
@@ -179,6 +189,10 @@ const std::vector<int>& ParsedOptions::WholeNumbers(std::string_view name) const
 
 const std::vector<double>& ParsedOptions::Numbers(std::string_view name) const {
   return Value<std::vector<double>>(name);
+}
+
+const Colour& ParsedOptions::ColourValue(std::string_view name) const {
+  return Value<Colour>(name);
 }
 
 ParsedOptions ParseOptions(std::span<const Option> table, std::span<const std::string> arguments) {

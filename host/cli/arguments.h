@@ -5,6 +5,8 @@
 //   parsed.Text("title");                                           // "題名"
 #pragma once
 
+#include "cli/colour.h"
+
 #include <cstddef>
 #include <span>
 #include <stdexcept>
@@ -26,6 +28,7 @@ enum class OptionKind {
   kText,          // any text
   kWholeNumbers,  // ints, separated by commas
   kNumbers,       // finite doubles, separated by commas
+  kColour,        // one colour, as #RRGGBB
 };
 
 /// One row of an option table.
@@ -44,7 +47,7 @@ struct Option {
 
 /// The value of one given option; which alternative is held follows from the option's kind.
 using OptionValue =
-    std::variant<std::monostate, std::string, std::vector<int>, std::vector<double>>;
+    std::variant<std::monostate, std::string, std::vector<int>, std::vector<double>, Colour>;
 
 struct GivenOption {
   std::string name;
@@ -64,6 +67,7 @@ public:
   const std::vector<int>& WholeNumbers(std::string_view name) const;
   double Number(std::string_view name) const { return Numbers(name).front(); }
   const std::vector<double>& Numbers(std::string_view name) const;
+  const Colour& ColourValue(std::string_view name) const;
 
   /// Everything in the order given; values that come from defaults follow at the end.
   std::span<const GivenOption> InOrder() const { return m_given; }
@@ -82,8 +86,8 @@ private:
 /// Parses "--name VALUE", "--name=VALUE" and flags in any order. The argument after a name is its
 /// value whatever it looks like, so any text can be given. "--help" is known in every table and
 /// ends the parsing. Throws UsageError on anything else: an unknown option, an argument that is no
-/// option, a missing or unexpected value, a bad number, a second value for an option that is not
-/// repeatable.
+/// option, a missing or unexpected value, a bad number or colour, a second value for an option that
+/// is not repeatable.
 ParsedOptions ParseOptions(std::span<const Option> table, std::span<const std::string> arguments);
 
 /// One indented line for each option of the table and one for --help, each with its line end.

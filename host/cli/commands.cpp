@@ -82,6 +82,31 @@ constexpr std::array kCheckListOptions = {kTitle,
                                                  .help = "the next item, ticked",
                                                  .isRepeatable = true}};
 
+constexpr Option kColor = {.name = "color",
+                           .kind = kColour,
+                           .valueName = "#RRGGBB",
+                           .help = "colour to begin with",
+                           .defaultValue = "#000000"};
+constexpr Option kKey = {
+    .name = "key",
+    .kind = kText,
+    .valueName = "TEXT",
+    .help = "registry key below HKEY_CURRENT_USER that keeps made colours; none are kept without"};
+
+constexpr std::array kSelectColorOptions = {kColor, kKey, kPosition};
+
+constexpr std::array kEditColorOptions = {
+    kColor,
+    Option{.name = kKey.name,
+           .kind = kText,
+           .valueName = kKey.valueName,
+           .help = "registry key below HKEY_CURRENT_USER, whose environment gives the fields' font"},
+    kPosition};
+
+constexpr std::array kSelectRgbOptions = {kColor};
+
+constexpr std::string_view kColorAnswer = R"json({"result":"confirmed","color":"#3366FF"})json";
+
 std::optional<ScreenPosition> Position(const ParsedOptions& options) {
   if (!options.Has(kPosition.name)) {
     return std::nullopt;
@@ -131,6 +156,36 @@ Request BuildCheckList(const ParsedOptions& options) {
   return request;
 }
 
+ColorArguments BuildColorArguments(const ParsedOptions& options) {
+  return {.color = options.ColourValue(kColor.name),
+          .key = options.Text(kKey.name),
+          .position = Position(options)};
+}
+
+Request BuildSelectColor(const ParsedOptions& options) {
+  return SelectColorRequest{.arguments = BuildColorArguments(options)};
+}
+
+Request BuildSelectColorEx(const ParsedOptions& options) {
+  return SelectColorExRequest{.arguments = BuildColorArguments(options)};
+}
+
+Request BuildEditColor(const ParsedOptions& options) {
+  return EditColorRequest{.arguments = BuildColorArguments(options)};
+}
+
+Request BuildSelectRgb(const ParsedOptions& options) {
+  return SelectRgbRequest{.color = options.ColourValue(kColor.name)};
+}
+
+Request BuildSelectFont(const ParsedOptions& options) {
+  return ReadSelectFont(options);
+}
+
+Request BuildSelectFontEx(const ParsedOptions& options) {
+  return ReadSelectFontEx(options);
+}
+
 constexpr std::array kCommands = {
     Command{.name = "input-text",
             .summary = "ask for one line of text",
@@ -165,17 +220,36 @@ constexpr std::array kCommands = {
             .answer = R"json({"result":"confirmed","items":[{"name":"...","ticked":true}]})json",
             .options = kCheckListOptions,
             .build = BuildCheckList},
+    Command{.name = "select-color",
+            .summary = "ask for a colour out of basic and made ones",
+            .answer = kColorAnswer,
+            .options = kSelectColorOptions,
+            .build = BuildSelectColor},
+    Command{.name = "select-color-ex",
+            .summary = "ask for a colour by a palette, by its components or in a field",
+            .answer = kColorAnswer,
+            .options = kSelectColorOptions,
+            .build = BuildSelectColorEx},
+    Command{.name = "edit-color",
+            .summary = "ask for a colour by its components in RGB, CMYK or HSB",
+            .answer = kColorAnswer,
+            .options = kEditColorOptions,
+            .build = BuildEditColor},
+    Command{.name = "select-rgb",
+            .summary = "ask for a colour by hue, saturation and brightness or by RGB",
+            .answer = kColorAnswer,
+            .options = kSelectRgbOptions,
+            .build = BuildSelectRgb},
     Command{.name = "select-font",
             .summary = "ask for a font with its size in millimetres",
             .answer = kSelectFontAnswer,
             .options = kSelectFontOptions,
-            .build = [](const ParsedOptions& options) -> Request { return ReadSelectFont(options); }},
+            .build = BuildSelectFont},
     Command{.name = "select-font-ex",
             .summary = "ask for the font of a cell and the place of its text",
             .answer = kSelectFontExAnswer,
             .options = kSelectFontExOptions,
-            .build =
-                [](const ParsedOptions& options) -> Request { return ReadSelectFontEx(options); }},
+            .build = BuildSelectFontEx},
 };
 
 constexpr std::string_view kUsage = "usage: quorvel SUBCOMMAND [OPTION]...";

@@ -71,10 +71,34 @@ struct CheckListRequest {
   std::vector<CheckListItem> items;
 };
 
+/// What the colour dialogs take in common.
+struct ColorArguments {
+  Colour color;
+  std::string key;  // below HKEY_CURRENT_USER, where made colours are kept; empty for none
+  std::optional<ScreenPosition> position;
+};
+
+struct SelectColorRequest {
+  ColorArguments arguments;
+};
+
+struct SelectColorExRequest {
+  ColorArguments arguments;
+};
+
+struct EditColorRequest {
+  ColorArguments arguments;
+};
+
+struct SelectRgbRequest {
+  Colour color;
+};
+
 /// The dialog that is asked for, with everything that its entry takes.
 using Request = std::variant<InputTextRequest, InputScaleRequest, InputDpiRequest,
                              InputPointRequest, UserPaperRequest, CheckListRequest,
-                             SelectFontRequest, SelectFontExRequest>;
+                             SelectColorRequest, SelectColorExRequest, EditColorRequest,
+                             SelectRgbRequest, SelectFontRequest, SelectFontExRequest>;
 
 /// One row of the table of subcommands.
 struct Command {

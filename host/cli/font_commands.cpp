@@ -2,7 +2,6 @@
 
 #include <limits>
 #include <string_view>
-#include <vector>
 
 namespace quorvel::cli {
 
@@ -16,23 +15,13 @@ constexpr int kMostPlace = 2;
   throw UsageError("--" + std::string(name) + " " + std::string(why));
 }
 
-std::uint8_t SmallNumber(std::string_view name, int value, int most = kMostOfByte) {
+std::uint8_t SmallNumber(const ParsedOptions& options, std::string_view name,
+                         int most = kMostOfByte) {
+  const int value = options.WholeNumber(name);
   if (value < 0 || value > most) {
     Refuse(name, "goes from 0 to " + std::to_string(most));
   }
   return static_cast<std::uint8_t>(value);
-}
-
-std::uint8_t SmallNumber(const ParsedOptions& options, std::string_view name,
-                         int most = kMostOfByte) {
-  return SmallNumber(name, options.WholeNumber(name), most);
-}
-
-Rgb Colour(const ParsedOptions& options, std::string_view name) {
-  const std::vector<int>& parts = options.WholeNumbers(name);
-  return {.red = SmallNumber(name, parts[0]),
-          .green = SmallNumber(name, parts[1]),
-          .blue = SmallNumber(name, parts[2])};
 }
 
 double Size(const ParsedOptions& options, std::string_view name) {
@@ -59,9 +48,9 @@ FontDialogArguments Dialog(const ParsedOptions& options) {
     Refuse("enable-mask", "must not be negative");
   }
   return {.title = GivenText(options, "title"),
-          .environment = GivenText(options, "env"),
+          .key = options.Text("key"),
           .dotsPerMm = options.Number("dots-per-mm"),
-          .hasFixedColour = options.Has("fixed-colour"),
+          .hasFixedColor = options.Has("fixed-color"),
           .enableMask = static_cast<unsigned>(mask)};
 }
 
@@ -82,7 +71,7 @@ FontFields Font(const ParsedOptions& options) {
           .clipPrecision = SmallNumber(options, "clip-precision"),
           .quality = SmallNumber(options, "quality"),
           .pitchAndFamily = SmallNumber(options, "pitch-and-family"),
-          .colour = Colour(options, "colour"),
+          .color = options.ColourValue("color"),
           .strikeOutType = SmallNumber(options, "strike-out-type", kMostStrikeOutType)};
 }
 
@@ -97,7 +86,7 @@ SelectFontRequest ReadSelectFont(const ParsedOptions& options) {
 SelectFontExRequest ReadSelectFontEx(const ParsedOptions& options) {
   return {.dialog = Dialog(options),
           .font = Font(options),
-          .backColour = Colour(options, "back-colour"),
+          .backColor = options.ColourValue("back-color"),
           .verticalPlace = SmallNumber(options, "vertical-place", kMostPlace),
           .horizontalPlace = SmallNumber(options, "horizontal-place", kMostPlace)};
 }

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "cli/arguments.h"
+#include "cli/colour.h"
 
 #include <array>
 #include <cstddef>
@@ -14,12 +15,6 @@
 #include <string>
 
 namespace quorvel::cli {
-
-struct Rgb {
-  std::uint8_t red = 0;
-  std::uint8_t green = 0;
-  std::uint8_t blue = 0;
-};
 
 /// Every field of a font, as the host has it before the dialog opens.
 struct FontFields {
@@ -40,16 +35,16 @@ struct FontFields {
   std::uint8_t clipPrecision = 0;
   std::uint8_t quality = 0;
   std::uint8_t pitchAndFamily = 0;
-  Rgb colour;
+  Colour color;
   std::uint8_t strikeOutType = 0;
 };
 
 /// What both dialogs take besides the font.
 struct FontDialogArguments {
   std::optional<std::string> title;
-  std::optional<std::string> environment;  // below HKEY_CURRENT_USER
+  std::string key;  // below HKEY_CURRENT_USER, where made colours are kept; empty for none
   double dotsPerMm = 0;
-  bool hasFixedColour = false;
+  bool hasFixedColor = false;
   unsigned enableMask = 0;
 };
 
@@ -62,7 +57,7 @@ struct SelectFontRequest {
 struct SelectFontExRequest {
   FontDialogArguments dialog;
   FontFields font;
-  Rgb backColour;
+  Colour backColor;
   std::uint8_t verticalPlace = 0;
   std::uint8_t horizontalPlace = 0;
 };
@@ -103,13 +98,11 @@ constexpr Option Millimetres(std::string_view name, std::string_view help,
           .defaultValue = value};
 }
 
-constexpr Option Colour(std::string_view name, std::string_view help, std::string_view value) {
+constexpr Option Color(std::string_view name, std::string_view help, std::string_view value) {
   return {.name = name,
-          .kind = OptionKind::kWholeNumbers,
-          .valueName = "R,G,B",
+          .kind = OptionKind::kColour,
+          .valueName = "#RRGGBB",
           .help = help,
-          .fewestValues = 3,
-          .mostValues = 3,
           .defaultValue = value};
 }
 
@@ -118,16 +111,17 @@ inline constexpr std::array kDialog{
            .kind = OptionKind::kText,
            .valueName = "TEXT",
            .help = "title of the dialog instead of its own"},
-    Option{.name = "env",
+    Option{.name = "key",
            .kind = OptionKind::kText,
-           .valueName = "KEY",
-           .help = "registry key that keeps the made colours"},
+           .valueName = "TEXT",
+           .help = "registry key below HKEY_CURRENT_USER that keeps made colours; none are kept "
+                   "without"},
     Option{.name = "dots-per-mm",
            .kind = OptionKind::kNumbers,
            .valueName = "N",
            .help = "resolution of the sizes in dots, 0 for 300 dots per inch",
            .defaultValue = "0"},
-    Option{.name = "fixed-colour", .help = "do not let the user change a colour"},
+    Option{.name = "fixed-color", .help = "do not let the user change a colour"},
     Number("enable-mask", "sum of the bits of what the user may change", "1023")};
 
 /// "MS Gothic" by its Japanese name, in UTF-8 whatever the compiler makes of a literal.
@@ -162,13 +156,13 @@ inline constexpr std::array kFont{
     Number("clip-precision", "clipping precision", "0"),
     Number("quality", "quality", "0"),
     Number("pitch-and-family", "pitch and family", "0"),
-    Colour("colour", "colour of the text", "0,0,0")};
+    Color("color", "colour of the text", "#000000")};
 
 inline constexpr std::array kStrikeOutType{
     Option{.name = "show-strike-out-type", .help = "let the user choose the strike-out type"}};
 
 inline constexpr std::array kPlace{
-    Colour("back-colour", "colour of the background", "255,255,255"),
+    Color("back-color", "colour of the background", "#FFFFFF"),
     Number("vertical-place", "0 top, 1 centre, 2 bottom", "0"),
     Number("horizontal-place", "0 left, 1 centre, 2 right", "0")};
 
@@ -184,9 +178,9 @@ inline constexpr std::string_view kSelectFontAnswer =
     R"json("dotsWidth":0,"escapement":0,"orientation":0,"weight":400,"italic":false,)json"
     R"json("underline":false,"strikeOut":false,"strikeOutType":0,"charSet":128,)json"
     R"json("outPrecision":0,"clipPrecision":0,"quality":0,"pitchAndFamily":0,)json"
-    R"json("colour":[0,0,0]})json";
+    R"json("color":"#000000"})json";
 inline constexpr std::string_view kSelectFontExAnswer =
-    R"json(as select-font, and "backColour":[255,255,255],"verticalPlace":0,)json"
+    R"json(as select-font, and "backColor":"#FFFFFF","verticalPlace":0,)json"
     R"json("horizontalPlace":0)json";
 
 }  // namespace quorvel::cli

@@ -11,7 +11,6 @@
 #include <fcntl.h>
 #include <io.h>
 
-#include <array>
 #include <cstddef>
 #include <cstdio>
 #include <exception>
@@ -182,11 +181,51 @@ Outcome Run(const CheckListRequest& request) {
   return outcome;
 }
 
-COLORREF ColorOf(const Rgb& colour) { return RGB(colour.red, colour.green, colour.blue); }
+using ColorEntry = BOOL (*)(CKivSysEnv* env, COLORREF* color, CPoint* position);
 
-std::array<double, 3> ColourParts(COLORREF color) {
-  return {static_cast<double>(GetRValue(color)), static_cast<double>(GetGValue(color)),
-          static_cast<double>(GetBValue(color))};
+COLORREF HostColor(const Colour& colour) {
+  return RGB(colour.red, colour.green, colour.blue);
+}
+
+std::string TextOfColor(COLORREF color) {
+  return ColourText(
+      {.red = GetRValue(color), .green = GetGValue(color), .blue = GetBValue(color)});
+}
+
+Outcome ConfirmedColor(COLORREF color) {
+  Outcome outcome = Confirmed();
+  outcome.answer.AddText("color", TextOfColor(color));
+  return outcome;
+}
+
+Outcome RunColor(const ColorArguments& arguments, ColorEntry entry) {
+  std::optional<CKivSysEnv> env;
+  if (!arguments.key.empty()) {
+    env.emplace(HostText(arguments.key));
+  }
+  COLORREF color = HostColor(arguments.color);
+  PositionArgument position(arguments.position);
+  if (entry(env ? &*env : nullptr, &color, position.Pointer()) == FALSE) {
+    return Cancelled();
+  }
+  return ConfirmedColor(color);
+}
+
+Outcome Run(const SelectColorRequest& request) {
+  return RunColor(request.arguments, __SelColorDlg);
+}
+
+Outcome Run(const SelectColorExRequest& request) {
+  return RunColor(request.arguments, __SelColorDlgEx);
+}
+
+Outcome Run(const EditColorRequest& request) {
+  return RunColor(request.arguments, __EditColorDlg);
+}
+
+Outcome Run(const SelectRgbRequest& request) {
+  COLORREF color = HostColor(request.color);
+  return __SelRGBDlg(&color) == FALSE ? Cancelled() : ConfirmedColor(color);
 }
 
 /// Throws UsageError for a face name that the record cannot hold.
@@ -216,7 +255,7 @@ void FillFont(CKivFont& font, const FontFields& fields, double dotsPerMm) {
   record.lfHeight = fields.dotsHeight.value_or(record.lfHeight);
   record.lfWidth = fields.dotsWidth.value_or(record.lfWidth);
   font.SetLogFont(&record);
-  const COLORREF color = ColorOf(fields.colour);
+  const COLORREF color = HostColor(fields.color);
   font.SetColor(&color);
   font.SetStrikeOutType(fields.strikeOutType);
 }
@@ -241,7 +280,7 @@ Outcome ConfirmedFont(const CKivFont& font) {
       .AddInteger("clipPrecision", record.lfClipPrecision)
       .AddInteger("quality", record.lfQuality)
       .AddInteger("pitchAndFamily", record.lfPitchAndFamily)
-      .AddNumbers("colour", ColourParts(font.GetColor()));
+      .AddText("color", TextOfColor(font.GetColor()));
   return outcome;
 }
 
@@ -250,8 +289,8 @@ class FontArguments {
 public:
   explicit FontArguments(const FontDialogArguments& given)
       : m_hasTitle(given.title.has_value()), m_title(HostText(given.title.value_or(""))) {
-    if (given.environment) {
-      m_environment.emplace(HostText(*given.environment));
+    if (!given.key.empty()) {
+      m_environment.emplace(HostText(given.key));
     }
   }
 
@@ -270,7 +309,7 @@ Outcome Run(const SelectFontRequest& request) {
   FillFont(font, request.font, request.dialog.dotsPerMm);
   const BOOL confirmed = __SelFontDlg(
       arguments.Environment(), &font, request.dialog.dotsPerMm, arguments.Title(),
-      request.showsStrikeOutType ? TRUE : FALSE, request.dialog.hasFixedColour ? TRUE : FALSE,
+      request.showsStrikeOutType ? TRUE : FALSE, request.dialog.hasFixedColor ? TRUE : FALSE,
       request.dialog.enableMask);
   return confirmed != FALSE ? ConfirmedFont(font) : Cancelled();
 }
@@ -279,18 +318,18 @@ Outcome Run(const SelectFontExRequest& request) {
   FontArguments arguments(request.dialog);
   CKivFontEx font;
   FillFont(font, request.font, request.dialog.dotsPerMm);
-  const COLORREF backColor = ColorOf(request.backColour);
+  const COLORREF backColor = HostColor(request.backColor);
   font.SetBackColor(&backColor);
   font.SetVPos(request.verticalPlace);
   font.SetHPos(request.horizontalPlace);
   const BOOL confirmed =
       __SelFontExDlg(arguments.Environment(), &font, request.dialog.dotsPerMm, arguments.Title(),
-                     request.dialog.hasFixedColour ? TRUE : FALSE, request.dialog.enableMask);
+                     request.dialog.hasFixedColor ? TRUE : FALSE, request.dialog.enableMask);
   if (confirmed == FALSE) {
     return Cancelled();
   }
   Outcome outcome = ConfirmedFont(font);
-  outcome.answer.AddNumbers("backColour", ColourParts(font.GetBackColor()))
+  outcome.answer.AddText("backColor", TextOfColor(font.GetBackColor()))
       .AddInteger("verticalPlace", font.GetVPos())
       .AddInteger("horizontalPlace", font.GetHPos());
   return outcome;

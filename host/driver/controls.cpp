@@ -112,6 +112,16 @@ HWND Control(HWND dialog, int id) {
   return control;
 }
 
+HWND ShownPage(HWND dialog) {
+  for (HWND child = GetWindow(dialog, GW_CHILD); child != nullptr;
+       child = GetWindow(child, GW_HWNDNEXT)) {
+    if (ClassName(child) == kDialogClass && IsWindowVisible(child) != FALSE) {
+      return child;
+    }
+  }
+  throw std::runtime_error("the dialog shows no page");
+}
+
 bool IsEnabled(HWND dialog, int id) {
   return IsWindowEnabled(Control(dialog, id)) != FALSE;
 }

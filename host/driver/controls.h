@@ -35,6 +35,10 @@ std::wstring Text(HWND dialog, int id);
 /// The dialog's control; throws std::runtime_error if there is none, unlike GetDlgItem.
 HWND Control(HWND dialog, int id);
 
+/// The page that a dialog shows: its visible child that is a dialog itself. Throws
+/// std::runtime_error if there is none.
+HWND ShownPage(HWND dialog);
+
 bool IsEnabled(HWND dialog, int id);
 /// Whether the control and all its parents are shown.
 bool IsShown(HWND dialog, int id);

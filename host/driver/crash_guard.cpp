@@ -19,8 +19,8 @@ void WriteLine(const char* line) {
             nullptr);
 }
 
-/// The file name of the module that holds `address`, and the offset in it.
-void WriteCrash(DWORD code, const void* address) {
+/// A line with the file name of the module that holds `address`, and the offset in it.
+void WritePlace(const char* what, const void* address) {
   HMODULE module = nullptr;
   GetModuleHandleExW(
       GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
@@ -34,15 +34,36 @@ void WriteCrash(DWORD code, const void* address) {
       reinterpret_cast<std::uintptr_t>(address) - reinterpret_cast<std::uintptr_t>(module);
   constexpr std::size_t kBesidesPath = 80;
   std::array<char, MAX_PATH + kBesidesPath> line{};
-  std::snprintf(line.data(), line.size(), "crash: exception 0x%08lX in %s at offset 0x%llX\n", code,
+  std::snprintf(line.data(), line.size(), "%s in %s at offset 0x%llX\n", what,
                 lastSlash == nullptr ? path.data() : lastSlash + 1,
                 static_cast<unsigned long long>(offset));
   WriteLine(line.data());
 }
 
+/// From where it crashed up to what was called first, as far as it can be told.
+void WriteStack(const CONTEXT& crashed) {
+  constexpr int kMostFrames = 30;
+  CONTEXT context = crashed;
+  for (int frame = 0; frame < kMostFrames && context.Rip != 0; ++frame) {
+    WritePlace("  called", reinterpret_cast<const void*>(context.Rip));
+    DWORD64 base = 0;
+    RUNTIME_FUNCTION* const function = RtlLookupFunctionEntry(context.Rip, &base, nullptr);
+    if (function == nullptr) {
+      return;
+    }
+    void* handlerData = nullptr;
+    DWORD64 establisher = 0;
+    RtlVirtualUnwind(UNW_FLAG_NHANDLER, base, context.Rip, function, &context, &handlerData,
+                     &establisher, nullptr);
+  }
+}
+
 LONG WINAPI OnUnhandled(EXCEPTION_POINTERS* exception) {
-  WriteCrash(exception->ExceptionRecord->ExceptionCode,
-             exception->ExceptionRecord->ExceptionAddress);
+  std::array<char, 40> what{};
+  std::snprintf(what.data(), what.size(), "crash: exception 0x%08lX",
+                exception->ExceptionRecord->ExceptionCode);
+  WritePlace(what.data(), exception->ExceptionRecord->ExceptionAddress);
+  WriteStack(*exception->ContextRecord);
   ExitProcess(kCrashStatus);
 }
 

@@ -28,6 +28,14 @@ struct RunOptions {
   bool allowMousePick = false;
 };
 
+/// A further look at a dialog of the tour.
+struct Scene {
+  /// Brings it up by posting what a user does.
+  std::function<void(HWND dialog)> show;
+  /// The picture's name, without ".png"; empty for a step on the way to another scene.
+  std::string picture = {};
+};
+
 /// One visit of the tour: a dialog that is opened, worked and compared with what must come of it.
 struct TourStop {
   RunOptions options;
@@ -35,6 +43,8 @@ struct TourStop {
   std::wstring title;
   /// Puts the initial value in hand.
   std::function<void()> setUp;
+  /// Shown and pictured in their order before the dialog is worked.
+  std::vector<Scene> scenes = {};
   /// Works the dialog until it closes; may append steps to the script. Throws std::exception if the
   /// dialog does not show what it should.
   std::function<void(HWND dialog, driver::ModalScript& script)> work;
@@ -52,6 +62,8 @@ struct Exhibit {
   std::wstring label;
   /// The value in hand. Different values have different texts.
   std::function<std::wstring()> value;
+  /// The colour in hand, shown beside the value; empty where the value is no colour.
+  std::function<COLORREF()> color = {};
   /// Opens the dialog with the value in hand, which changes as the entry says.
   std::function<Outcome(const RunOptions&)> run;
   std::vector<TourStop> tour;

@@ -1,3 +1,4 @@
+#include "gallery/colour_exhibits.h"
 #include "gallery/exhibit.h"
 #include "gallery/font_exhibits.h"
 #include "gallery/input_exhibits.h"
@@ -6,9 +7,11 @@ namespace quorvel::gallery {
 
 std::vector<Exhibit> AllExhibits() {
   return {
-      InputTextExhibit(),     InputScaleExhibit(), InputDpiExhibit(),  InputPointXYExhibit(),
-      InputPointXYZExhibit(), UserPaperExhibit(),  CheckListExhibit(),
-      SelFontExhibit(),       SelFontExExhibit(),
+      InputTextExhibit(),     InputScaleExhibit(),    InputDpiExhibit(),
+      InputPointXYExhibit(),  InputPointXYZExhibit(), UserPaperExhibit(),
+      CheckListExhibit(),     SelectColorExhibit(),   SelectColorExExhibit(),
+      EditColorExhibit(),     SelectRgbExhibit(),     SelFontExhibit(),
+      SelFontExExhibit(),
   };
 }
 

@@ -1,13 +1,13 @@
 #include "gallery/font_exhibits.h"
 
 #include "driver/controls.h"
+#include "gallery/exhibit_work.h"
 #include "gallery/value_text.h"
 
 #include <quorvel/quorvel.h>
 
 #include <array>
 #include <cstring>
-#include <cwchar>
 #include <iterator>
 #include <memory>
 #include <stdexcept>
@@ -43,14 +43,7 @@ constexpr double kDotsPerMm = 20;
 constexpr COLORREF kBlue = RGB(0, 0, 160);
 constexpr COLORREF kPaleYellow = RGB(255, 255, 192);
 
-std::wstring ColourText(COLORREF color) {
-  std::array<wchar_t, sizeof "#RRGGBB"> text{};
-  std::swprintf(text.data(), text.size(), L"#%02X%02X%02X", GetRValue(color), GetGValue(color),
-                GetBValue(color));
-  return text.data();
-}
-
-/// The font in words: IPA明朝 5x2.5 mm, bold, underlined, #0000A0
+/// The font in words: IPA明朝 5x2.5 mm, bold, underlined, ...
 std::wstring InWords(const CKivFont& font) {
   const LOGFONTA record = font.GetLogFont(0);
   std::wstring text = Wide(CString(std::begin(record.lfFaceName))) + L" " + Number(font.GetV());
@@ -70,13 +63,13 @@ std::wstring InWords(const CKivFont& font) {
   if (record.lfStrikeOut != 0) {
     text += font.GetStrikeOutType() == 0 ? L", struck out" : L", struck out twice";
   }
-  return text + L", " + ColourText(font.GetColor());
+  return text + L", " + ColorText(font.GetColor());
 }
 
 std::wstring InWords(const CKivFontEx& font) {
   constexpr std::array kAcross{L"left", L"centre", L"right"};
   constexpr std::array kDown{L"top", L"middle", L"bottom"};
-  return InWords(static_cast<const CKivFont&>(font)) + L" on " + ColourText(font.GetBackColor()) +
+  return InWords(static_cast<const CKivFont&>(font)) + L" on " + ColorText(font.GetBackColor()) +
          L", " + kDown.at(font.GetVPos()) + L" " + kAcross.at(font.GetHPos());
 }
 
@@ -115,10 +108,6 @@ void ChooseOrange(HWND dialog, int buttonId, ModalScript& script, const wchar_t*
   Click(dialog, buttonId);
 }
 
-Outcome ConfirmedIf(BOOL confirmed) {
-  return confirmed != FALSE ? kConfirmed : kCancelled;
-}
-
 }  // namespace
 
 Exhibit SelFontExhibit() {
@@ -133,7 +122,7 @@ Exhibit SelFontExhibit() {
       .run =
           [font](const RunOptions&) {
             return ConfirmedIf(__SelFontDlg(nullptr, font.get(), kDotsPerMm, "文字の書体", TRUE,
-                                            FALSE, QUORVEL_FONT_ALL));
+                                            FALSE, QUORVEL_FONT_ALL) != FALSE);
           },
       .tour =
           {
@@ -151,7 +140,7 @@ Exhibit SelFontExhibit() {
                                      [](HWND again) { Click(again, IDOK); });
                       },
                   .outcome = kConfirmed,
-                  .value = L"IPA Pゴシック 7.5x2.5 mm, underlined, struck out, #FF8000",
+                  .value = L"IPA Pゴシック 7.5x2.5 mm, underlined, struck out, #FF8000 (赤 255 緑 128 青 0)",
               },
               {
                   .options = {},
@@ -163,7 +152,7 @@ Exhibit SelFontExhibit() {
                         Click(dialog, IDCANCEL);
                       },
                   .outcome = kCancelled,
-                  .value = L"IPA明朝 5 mm, struck out, #0000A0",
+                  .value = L"IPA明朝 5 mm, struck out, #0000A0 (赤 0 緑 0 青 160)",
               },
           },
   };
@@ -181,12 +170,12 @@ Exhibit SelFontExExhibit() {
   return {
       .name = "sel-font-ex",
       .entry = L"__SelFontExDlg",
-      .label = L"セルの書体(&E)",
+      .label = L"セルの書体(&O)",
       .value = [font] { return InWords(*font); },
       .run =
           [font](const RunOptions&) {
             return ConfirmedIf(__SelFontExDlg(nullptr, font.get(), kDotsPerMm, "セルの書体", FALSE,
-                                              QUORVEL_FONT_ALL));
+                                              QUORVEL_FONT_ALL) != FALSE);
           },
       .tour =
           {
@@ -203,7 +192,7 @@ Exhibit SelFontExExhibit() {
                                      [](HWND again) { Click(again, IDOK); });
                       },
                   .outcome = kConfirmed,
-                  .value = L"ＭＳ ゴシック 3 mm, struck out, #0000A0 on #FF8000, bottom right",
+                  .value = L"ＭＳ ゴシック 3 mm, struck out, #0000A0 (赤 0 緑 0 青 160) on #FF8000 (赤 255 緑 128 青 0), bottom right",
               },
               {
                   .options = {},
@@ -215,7 +204,7 @@ Exhibit SelFontExExhibit() {
                         Click(dialog, IDCANCEL);
                       },
                   .outcome = kCancelled,
-                  .value = L"ＭＳ ゴシック 5 mm, struck out, #0000A0 on #FFFFC0, "
+                  .value = L"ＭＳ ゴシック 5 mm, struck out, #0000A0 (赤 0 緑 0 青 160) on #FFFFC0 (赤 255 緑 255 青 192), "
                            L"middle centre",
               },
           },

@@ -19,6 +19,8 @@ constexpr int kLogId = 102;
 constexpr int kFirstButtonId = 1000;
 /// The first exhibit's value; the others follow.
 constexpr int kFirstValueId = 2000;
+/// That of the first exhibit, if its value is a colour; the others follow.
+constexpr int kFirstSwatchId = 3000;
 
 /// The screen's device context with a control's font in it.
 class TextMeasure {
@@ -119,6 +121,8 @@ INT_PTR GalleryWindow::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_COMMAND:
       return OnCommand(LOWORD(wParam), HIWORD(wParam)) ? TRUE : FALSE;
+    case WM_DRAWITEM:
+      return OnDrawItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam)) ? TRUE : FALSE;
     case WM_SIZE:
       LayOut();
       return TRUE;
@@ -147,6 +151,17 @@ bool GalleryWindow::OnCommand(int id, int notification) {
   return true;
 }
 
+bool GalleryWindow::OnDrawItem(const DRAWITEMSTRUCT& item) const {
+  const std::size_t index = item.CtlID - kFirstSwatchId;
+  if (index >= m_exhibits.size()) {
+    return false;
+  }
+  SetDCBrushColor(item.hDC, m_exhibits[index].color());
+  FillRect(item.hDC, &item.rcItem, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+  FrameRect(item.hDC, &item.rcItem, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
+  return true;
+}
+
 void GalleryWindow::CreateControls() {
   for (std::size_t index = 0; index < m_exhibits.size(); ++index) {
     const int offset = static_cast<int>(index);
@@ -156,6 +171,8 @@ void GalleryWindow::CreateControls() {
                       kFirstButtonId + offset),
         CreateControl(L"STATIC", exhibit.value(), SS_NOPREFIX | SS_CENTERIMAGE | SS_ENDELLIPSIS,
                       kFirstValueId + offset),
+        exhibit.color ? CreateControl(L"STATIC", L"", SS_OWNERDRAW, kFirstSwatchId + offset)
+                      : nullptr,
     });
   }
   m_mousePick =
@@ -195,8 +212,12 @@ void GalleryWindow::LayOut() {
   int top = gap;
   for (const Row& row : m_rows) {
     MoveWindow(row.button, gap, top, m_buttonWidth, rowHeight, TRUE);
-    MoveWindow(row.value, 2 * gap + m_buttonWidth, top, std::max(0, width - m_buttonWidth - gap),
-               rowHeight, TRUE);
+    int left = 2 * gap + m_buttonWidth;
+    if (row.swatch != nullptr) {
+      MoveWindow(row.swatch, left, top + gap, rowHeight, rowHeight - 2 * gap, TRUE);
+      left += rowHeight + gap;
+    }
+    MoveWindow(row.value, left, top, std::max(0, width + gap - left), rowHeight, TRUE);
     top += rowHeight + gap / 2;
   }
   MoveWindow(m_mousePick, gap, top, width, rowHeight, TRUE);
@@ -214,7 +235,11 @@ void GalleryWindow::LimitSize(MINMAXINFO& info) const {
 }
 
 void GalleryWindow::ShowValue(std::size_t index) {
-  SetWindowTextW(m_rows[index].value, m_exhibits[index].value().c_str());
+  const Row& row = m_rows[index];
+  SetWindowTextW(row.value, m_exhibits[index].value().c_str());
+  if (row.swatch != nullptr) {
+    InvalidateRect(row.swatch, nullptr, FALSE);
+  }
 }
 
 void GalleryWindow::Log(const std::wstring& line) {

@@ -46,6 +46,8 @@ private:
   struct Row {
     HWND button;
     HWND value;
+    /// Shows the colour in hand; null where the value is no colour.
+    HWND swatch;
   };
 
   struct WindowDestroyer {
@@ -58,6 +60,7 @@ private:
   INT_PTR Answer(UINT message, WPARAM wParam, LPARAM lParam);
 
   bool OnCommand(int id, int notification);
+  bool OnDrawItem(const DRAWITEMSTRUCT& item) const;
 
   void CreateControls();
   HWND CreateControl(const wchar_t* className, const std::wstring& text, DWORD style, int id);

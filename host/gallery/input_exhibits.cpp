@@ -2,6 +2,7 @@
 
 #include "driver/controls.h"
 #include "driver/text.h"
+#include "gallery/exhibit_work.h"
 #include "gallery/value_text.h"
 
 #include <quorvel/quorvel.h>
@@ -12,7 +13,6 @@
 #include <array>
 #include <initializer_list>
 #include <memory>
-#include <stdexcept>
 #include <utility>
 
 namespace quorvel::gallery {
@@ -48,22 +48,6 @@ constexpr const wchar_t* kDpiTitle = L"解像度入力";
 constexpr const wchar_t* kPointTitle = L"座標入力";
 constexpr const wchar_t* kPaperTitle = L"ﾕｰｻﾞｰ用紙設定";
 constexpr const wchar_t* kCheckListTitle = L"表示する線種";
-
-Outcome ConfirmedIf(bool confirmed) {
-  return confirmed ? kConfirmed : kCancelled;
-}
-
-void Expect(bool holds, const std::string& complaint) {
-  if (!holds) {
-    throw std::runtime_error(complaint);
-  }
-}
-
-void ExpectText(HWND dialog, int id, const std::wstring& expected) {
-  const std::wstring shown = Text(dialog, id);
-  Expect(shown == expected, "control " + std::to_string(id) + " shows '" + driver::Utf8(shown) +
-                                "' instead of '" + driver::Utf8(expected) + "'");
-}
 
 Outcome PointOutcome(INT_PTR result) {
   constexpr INT_PTR kPointConfirmed = 0;

@@ -37,18 +37,30 @@ std::wstring Difference(const TourStop& stop, const driver::ModalScript& script,
   return report.value == stop.value ? L"" : L"expected the value " + stop.value;
 }
 
-/// Visits one stop; the dialog's picture goes to `picture` unless that is empty.
+/// Visits one stop; the dialog's picture goes to `picture` unless that is empty, those of its scenes
+/// to `folder`.
 bool Visit(GalleryWindow& gallery, std::size_t index, const TourStop& stop,
-           const std::filesystem::path& picture) {
+           const std::filesystem::path& folder, const std::filesystem::path& picture) {
   stop.setUp();
   gallery.AllowMousePick(stop.options.allowMousePick);
+  const auto steady = [&stop] {
+    return driver::SteadyOnScreen(driver::DialogWithTitle(stop.title));
+  };
   driver::ModalScript script;
-  script.When(driver::SteadyOnScreen(driver::DialogWithTitle(stop.title)), [&](HWND dialog) {
+  script.When(steady(), [&](HWND dialog) {
     if (!picture.empty()) {
       TakePicture(dialog, picture);
     }
-    stop.work(dialog, script);
   });
+  for (const Scene& scene : stop.scenes) {
+    script.When(steady(), scene.show);
+    if (!scene.picture.empty()) {
+      script.When(steady(), [&](HWND dialog) {
+        TakePicture(dialog, folder / (scene.picture + ".png"));
+      });
+    }
+  }
+  script.When(steady(), [&](HWND dialog) { stop.work(dialog, script); });
   const RunReport report = gallery.Run(index);
   PrintLine(report.line);
   const std::wstring difference = Difference(stop, script, report);
@@ -69,7 +81,7 @@ bool RunTour(GalleryWindow& gallery, const std::filesystem::path& folder) {
   for (std::size_t index = 0; index < exhibits.size(); ++index) {
     std::filesystem::path picture = folder / (exhibits[index].name + ".png");
     for (const TourStop& stop : exhibits[index].tour) {
-      asExpected = Visit(gallery, index, stop, picture) && asExpected;
+      asExpected = Visit(gallery, index, stop, folder, picture) && asExpected;
       picture.clear();  // one of the first opening is enough
     }
   }

@@ -28,4 +28,15 @@ std::wstring NamedNumber(std::wstring_view name, double value) {
   return std::wstring(name) + L"=" + Number(value);
 }
 
+std::wstring ColorText(COLORREF color) {
+  constexpr std::wstring_view kDigits = L"0123456789ABCDEF";
+  std::wstring code = L"#";
+  for (const BYTE channel : {GetRValue(color), GetGValue(color), GetBValue(color)}) {
+    code += kDigits[channel / kDigits.size()];
+    code += kDigits[channel % kDigits.size()];
+  }
+  return code + L" (赤 " + std::to_wstring(GetRValue(color)) + L" 緑 " +
+         std::to_wstring(GetGValue(color)) + L" 青 " + std::to_wstring(GetBValue(color)) + L")";
+}
+
 }  // namespace quorvel::gallery

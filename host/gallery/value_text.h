@@ -2,6 +2,7 @@
 //
 //   NamedText(L"text", text)        text="初期値"
 //   NamedNumber(L"scale", 500.5)    scale=500.5
+//   ColorText(RGB(51, 102, 255))    #3366FF (赤 51 緑 102 青 255)
 #pragma once
 
 #include <quorvel/quorvel.h>
@@ -19,5 +20,7 @@ std::wstring NamedText(std::wstring_view name, const CString& text);
 /// The shortest text that reads back as the same number.
 std::wstring Number(double value);
 std::wstring NamedNumber(std::wstring_view name, double value);
+
+std::wstring ColorText(COLORREF color);
 
 }  // namespace quorvel::gallery

@@ -44,6 +44,11 @@ constexpr std::array kTable = {
            .help = "a point",
            .fewestValues = 2,
            .mostValues = 3},
+    Option{.name = "ink",
+           .kind = OptionKind::kColour,
+           .valueName = "#RRGGBB",
+           .help = "what to draw in",
+           .defaultValue = "#0A0B0C"},
     Option{.name = "loud", .help = "make noise"},
 };
 
@@ -91,6 +96,7 @@ TEST(ParseOptions, WhatIsNotGivenHasItsDefaultOrIsMissing) {
   EXPECT_EQ(parsed.Text("title"), "");
   EXPECT_EQ(parsed.Text("colour"), "red");
   EXPECT_EQ(parsed.WholeNumber("count"), 3);
+  EXPECT_EQ(parsed.ColourValue("ink"), (Colour{10, 11, 12}));
   EXPECT_FALSE(parsed.Has("item"));
   EXPECT_FALSE(parsed.Has("scale"));
   EXPECT_FALSE(parsed.Has("position"));
@@ -102,7 +108,7 @@ TEST(ParseOptions, AGivenValueReplacesTheDefault) {
   const ParsedOptions parsed = Parse({"--colour", "blue", "--count", "4"});
   EXPECT_EQ(parsed.Text("colour"), "blue");
   EXPECT_EQ(parsed.WholeNumber("count"), 4);
-  EXPECT_EQ(parsed.InOrder().size(), 3U);  // and the title
+  EXPECT_EQ(parsed.InOrder().size(), 4U);  // and the title and the ink
 }
 
 TEST(ParseOptions, RepeatedOptionsKeepTheirOrder) {
@@ -132,6 +138,11 @@ TEST(ParseOptions, ReadsNumbers) {
             std::numeric_limits<double>::max());
   EXPECT_EQ(Parse({"--point", "1.5,-2"}).Numbers("point"), (std::vector<double>{1.5, -2}));
   EXPECT_EQ(Parse({"--point", "1,2,3"}).Numbers("point"), (std::vector<double>{1, 2, 3}));
+}
+
+TEST(ParseOptions, ReadsColours) {
+  EXPECT_EQ(Parse({"--ink", "#3366fF"}).ColourValue("ink"), (Colour{0x33, 0x66, 0xFF}));
+  EXPECT_EQ(Parse({"--ink=#010203"}).ColourValue("ink"), (Colour{1, 2, 3}));
 }
 
 TEST(ParseOptions, HelpEndsTheParsing) {
@@ -194,6 +205,12 @@ TEST(ParseOptions, RefusesListsOfTheWrongLength) {
   }
 }
 
+TEST(ParseOptions, RefusesBadColours) {
+  for (const std::string text : {"", "red", "3366FF", "#3366F", "#3366FFF", "#3366GG", "#36F"}) {
+    EXPECT_EQ(Refusal({"--ink", text}), "--ink needs a colour as #RRGGBB, not \"" + text + "\"");
+  }
+}
+
 TEST(ParseOptions, MessagesStayOnOneLine) {
   EXPECT_EQ(Refusal({"--a\nb"}), R"(unknown option "--a\nb")");
   EXPECT_EQ(Refusal({"a\r\nb"}), R"(unexpected argument "a\r\nb")");
@@ -207,6 +224,8 @@ TEST(ParsedOptions, ReadingWhatTheTableDoesNotGiveIsAnError) {
   EXPECT_THROW(parsed.WholeNumber("loud"), std::logic_error);
   EXPECT_THROW(parsed.Number("count"), std::logic_error);
   EXPECT_THROW(parsed.Numbers("nonsense"), std::logic_error);
+  EXPECT_THROW(parsed.ColourValue("title"), std::logic_error);
+  EXPECT_THROW(parsed.Text("ink"), std::logic_error);
 }
 
 TEST(OptionHelp, HasALineForEachOptionAndForHelp) {
@@ -218,6 +237,7 @@ TEST(OptionHelp, HasALineForEachOptionAndForHelp) {
             "  --scale N        a scale\n"
             "  --position X,Y   a place\n"
             "  --point A,B[,C]  a point\n"
+            "  --ink #RRGGBB    what to draw in (default #0A0B0C)\n"
             "  --loud           make noise\n"
             "  --help           print this help\n");
   EXPECT_EQ(OptionHelp({}), "  --help  print this help\n");

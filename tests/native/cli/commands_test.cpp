@@ -159,6 +159,48 @@ TEST(Commands, CheckListMayBeEmpty) {
   EXPECT_TRUE(request.items.empty());
 }
 
+void ExpectColorArguments(const ColorArguments& arguments) {
+  EXPECT_EQ(arguments.color, (Colour{0x33, 0x66, 0xFF}));
+  EXPECT_EQ(arguments.key, "Software\\Maker\\表");
+  ExpectPosition(arguments.position, -7, 8);
+}
+
+void ExpectNoColorArguments(const ColorArguments& arguments) {
+  EXPECT_EQ(arguments.color, (Colour{0, 0, 0}));
+  EXPECT_EQ(arguments.key, "");
+  EXPECT_FALSE(arguments.position.has_value());
+}
+
+TEST(Commands, SelectColorTakesItsOptions) {
+  ExpectColorArguments(Read<SelectColorRequest>({"select-color", "--color", "#3366ff", "--key",
+                                                 "Software\\Maker\\表", "--position", "-7,8"})
+                           .arguments);
+}
+
+TEST(Commands, SelectColorExTakesItsOptions) {
+  ExpectColorArguments(Read<SelectColorExRequest>({"select-color-ex", "--color=#3366FF",
+                                                   "--key=Software\\Maker\\表", "--position=-7,8"})
+                           .arguments);
+}
+
+TEST(Commands, EditColorTakesItsOptions) {
+  ExpectColorArguments(Read<EditColorRequest>({"edit-color", "--color", "#3366fF", "--key",
+                                               "Software\\Maker\\表", "--position", "-7,8"})
+                           .arguments);
+}
+
+TEST(Commands, SelectRgbTakesItsColour) {
+  EXPECT_EQ(Read<SelectRgbRequest>({"select-rgb", "--color", "#FE0102"}).color,
+            (Colour{0xFE, 1, 2}));
+}
+
+TEST(Commands, ColourDialogsBeginWithBlackAndKeepNothing) {
+  ExpectNoColorArguments(Read<SelectColorRequest>({"select-color"}).arguments);
+  ExpectNoColorArguments(Read<SelectColorExRequest>({"select-color-ex"}).arguments);
+  ExpectNoColorArguments(Read<EditColorRequest>({"edit-color"}).arguments);
+  EXPECT_EQ(Read<SelectRgbRequest>({"select-rgb"}).color, (Colour{0, 0, 0}));
+}
+
 TEST(Commands, WithoutArgumentsTheUsageIsAnError) {
   ExpectBadUsage({}, "usage: quorvel SUBCOMMAND [OPTION]..., or quorvel --help");
 }
@@ -191,11 +233,19 @@ TEST(Commands, ErrorsOfOptionsAreRefused) {
   ExpectBadUsage({"input-point", "--mouse-pick", "--mouse-pick"},
                  "quorvel: --mouse-pick is given twice");
   ExpectBadUsage({"check-list", "--title=a", "--title=b"}, "quorvel: --title is given twice");
+  ExpectBadUsage({"select-rgb", "--position", "1,2"}, R"(quorvel: unknown option "--position")");
+  ExpectBadUsage({"select-rgb", "--key", "k"}, R"(quorvel: unknown option "--key")");
+  for (const std::string command : {"select-color", "select-color-ex", "edit-color", "select-rgb"}) {
+    ExpectBadUsage({command, "--color", "blue"},
+                   R"(quorvel: --color needs a colour as #RRGGBB, not "blue")");
+    ExpectBadUsage({command, "--color"}, "quorvel: --color needs a value");
+  }
   ExpectBadUsage({"input-text", "stray"}, R"(quorvel: unexpected argument "stray")");
 }
 
 TEST(Commands, EveryPositionIsChecked) {
-  for (const std::string command : {"input-text", "input-scale", "input-dpi", "input-point"}) {
+  for (const std::string command : {"input-text", "input-scale", "input-dpi", "input-point",
+                                    "select-color", "select-color-ex", "edit-color"}) {
     for (const std::string position : {"1", "1,2,3", "x,y", "1.5,2"}) {
       ExpectBadUsage({command, "--position", position},
                      "quorvel: --position needs 2 whole numbers separated by commas, not \"" +
@@ -228,6 +278,10 @@ TEST(Commands, HelpListsEverySubcommand) {
       "  input-point        ask for a point with two or three coordinates\n"
       "  user-paper         ask for the name and the size of a user paper\n"
       "  check-list         let the user tick items\n"
+      "  select-color       ask for a colour out of basic and made ones\n"
+      "  select-color-ex    ask for a colour by a palette, by its components or in a field\n"
+      "  edit-color         ask for a colour by its components in RGB, CMYK or HSB\n"
+      "  select-rgb         ask for a colour by hue, saturation and brightness or by RGB\n"
       "  select-font        ask for a font with its size in millimetres\n"
       "  select-font-ex     ask for the font of a cell and the place of its text\n"
       "  help [SUBCOMMAND]  print this help or that of a subcommand\n"

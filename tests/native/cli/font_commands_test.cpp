@@ -33,19 +33,19 @@ void ExpectBadUsage(const Arguments& arguments, const std::string& line) {
 
 TEST(FontCommands, SelectFontTakesEveryField) {
   const auto request = Read<SelectFontRequest>(
-      {"select-font",       "--title",         "文字",          "--env",       "Software\\Q",
-       "--dots-per-mm",     "23.6",            "--fixed-colour", "--enable-mask", "5",
+      {"select-font",       "--title",         "文字",          "--key",       "Software\\Q",
+       "--dots-per-mm",     "23.6",            "--fixed-color", "--enable-mask", "5",
        "--show-strike-out-type", "--face",     "ＭＳ 明朝",     "--height",    "7.25",
        "--width",           "2",               "--dots-height", "-100",        "--dots-width",
        "30",                "--escapement",    "-900",          "--orientation", "450",
        "--weight",          "700",             "--italic",      "--underline", "--strike-out",
        "--strike-out-type", "1",               "--char-set",    "255",         "--out-precision",
        "4",                 "--clip-precision", "16",           "--quality",   "2",
-       "--pitch-and-family", "49",             "--colour",      "1,2,255"});
+       "--pitch-and-family", "49",             "--color",       "#0102ff"});
   EXPECT_EQ(request.dialog.title, "文字");
-  EXPECT_EQ(request.dialog.environment, "Software\\Q");
+  EXPECT_EQ(request.dialog.key, "Software\\Q");
   EXPECT_EQ(request.dialog.dotsPerMm, 23.6);
-  EXPECT_TRUE(request.dialog.hasFixedColour);
+  EXPECT_TRUE(request.dialog.hasFixedColor);
   EXPECT_EQ(request.dialog.enableMask, 5U);
   EXPECT_TRUE(request.showsStrikeOutType);
   EXPECT_EQ(request.font.face, "ＭＳ 明朝");
@@ -65,17 +65,15 @@ TEST(FontCommands, SelectFontTakesEveryField) {
   EXPECT_EQ(request.font.clipPrecision, 16);
   EXPECT_EQ(request.font.quality, 2);
   EXPECT_EQ(request.font.pitchAndFamily, 49);
-  EXPECT_EQ(request.font.colour.red, 1);
-  EXPECT_EQ(request.font.colour.green, 2);
-  EXPECT_EQ(request.font.colour.blue, 255);
+  EXPECT_EQ(request.font.color, (Colour{1, 2, 255}));
 }
 
 TEST(FontCommands, SelectFontBeginsAsANewFont) {
   const auto request = Read<SelectFontRequest>({"select-font"});
   EXPECT_FALSE(request.dialog.title.has_value());
-  EXPECT_FALSE(request.dialog.environment.has_value());
+  EXPECT_EQ(request.dialog.key, "");
   EXPECT_EQ(request.dialog.dotsPerMm, 0.0);
-  EXPECT_FALSE(request.dialog.hasFixedColour);
+  EXPECT_FALSE(request.dialog.hasFixedColor);
   EXPECT_EQ(request.dialog.enableMask, 0x3FFU);
   EXPECT_FALSE(request.showsStrikeOutType);
   EXPECT_EQ(request.font.face, "ＭＳ ゴシック");
@@ -90,11 +88,9 @@ TEST(FontCommands, SelectFontBeginsAsANewFont) {
 
 TEST(FontCommands, SelectFontExTakesThePlace) {
   const auto request =
-      Read<SelectFontExRequest>({"select-font-ex", "--back-colour", "10,20,30",
+      Read<SelectFontExRequest>({"select-font-ex", "--back-color", "#0A141E",
                                  "--vertical-place", "1", "--horizontal-place=2", "--height=4"});
-  EXPECT_EQ(request.backColour.red, 10);
-  EXPECT_EQ(request.backColour.green, 20);
-  EXPECT_EQ(request.backColour.blue, 30);
+  EXPECT_EQ(request.backColor, (Colour{10, 20, 30}));
   EXPECT_EQ(request.verticalPlace, 1);
   EXPECT_EQ(request.horizontalPlace, 2);
   EXPECT_EQ(request.font.height, 4.0);
@@ -102,9 +98,7 @@ TEST(FontCommands, SelectFontExTakesThePlace) {
 
 TEST(FontCommands, SelectFontExBeginsAtTheTopLeftOnWhite) {
   const auto request = Read<SelectFontExRequest>({"select-font-ex"});
-  EXPECT_EQ(request.backColour.red, 255);
-  EXPECT_EQ(request.backColour.green, 255);
-  EXPECT_EQ(request.backColour.blue, 255);
+  EXPECT_EQ(request.backColor, (Colour{255, 255, 255}));
   EXPECT_EQ(request.verticalPlace, 0);
   EXPECT_EQ(request.horizontalPlace, 0);
 }
@@ -114,9 +108,6 @@ TEST(FontCommands, WhatAFontCannotHoldIsRefused) {
   ExpectBadUsage({"select-font", "--quality", "-1"}, "quorvel: --quality goes from 0 to 255");
   ExpectBadUsage({"select-font", "--strike-out-type", "2"},
                  "quorvel: --strike-out-type goes from 0 to 1");
-  ExpectBadUsage({"select-font", "--colour", "1,2,256"}, "quorvel: --colour goes from 0 to 255");
-  ExpectBadUsage({"select-font", "--colour", "1,2"},
-                 R"(quorvel: --colour needs 3 whole numbers separated by commas, not "1,2")");
   ExpectBadUsage({"select-font", "--height", "-1"}, "quorvel: --height must not be negative");
   ExpectBadUsage({"select-font", "--width", "x"}, R"(quorvel: --width needs a number, not "x")");
   ExpectBadUsage({"select-font", "--enable-mask", "-1"},
@@ -125,8 +116,8 @@ TEST(FontCommands, WhatAFontCannotHoldIsRefused) {
                  "quorvel: --vertical-place goes from 0 to 2");
   ExpectBadUsage({"select-font-ex", "--horizontal-place", "-1"},
                  "quorvel: --horizontal-place goes from 0 to 2");
-  ExpectBadUsage({"select-font", "--back-colour", "1,2,3"},
-                 R"(quorvel: unknown option "--back-colour")");
+  ExpectBadUsage({"select-font", "--back-color", "#010203"},
+                 R"(quorvel: unknown option "--back-color")");
   ExpectBadUsage({"select-font-ex", "--show-strike-out-type"},
                  R"(quorvel: unknown option "--show-strike-out-type")");
 }

@@ -154,9 +154,9 @@ TEST(PaletteKeys, HomeAndEnd) {
   EXPECT_EQ(kGrid.Stepped(20, PaletteStep::kLast), 40);
 }
 
-constexpr std::array kAllSteps{PaletteStep::kLeft,   PaletteStep::kRight,    PaletteStep::kUp,
-                               PaletteStep::kDown,   PaletteStep::kPageUp,   PaletteStep::kPageDown,
-                               PaletteStep::kFirst,  PaletteStep::kLast};
+constexpr std::array kAllSteps{PaletteStep::kLeft,  PaletteStep::kRight,  PaletteStep::kUp,
+                               PaletteStep::kDown,  PaletteStep::kPageUp, PaletteStep::kPageDown,
+                               PaletteStep::kFirst, PaletteStep::kLast};
 
 TEST(PaletteKeys, WithNoEntrySelectedTheFirstIs) {
   for (const PaletteStep step : kAllSteps) {

@@ -181,7 +181,7 @@ TEST(SliderParts, TheThumbIsNeverCut) {
         EXPECT_GE(thumb.top, 1);
         EXPECT_LE(thumb.right, client.cx - 1);
         EXPECT_LE(thumb.bottom, client.cy - 1);
-        EXPECT_EQ(thumb.Size(), upright ? CSize(14, 9) : CSize(9, 14));
+        EXPECT_EQ(thumb.Size(), upright ? CSize(12, 9) : CSize(9, 12));
         EXPECT_TRUE(thumb.Contains(upright ? CPoint(8, length - 1 - place) : CPoint(place, 8)));
       }
     }

@@ -1,6 +1,7 @@
 // The command line as its users have it: a process with arguments, a dialog, an answer on standard
 // output and an exit status.
 #include "driver/controls.h"
+#include "support/colour_environment.h"
 
 #include <gtest/gtest.h>
 
@@ -18,6 +19,7 @@ namespace {
 
 using driver::ClassName;
 using driver::Text;
+using driver::WindowRect;
 
 constexpr int kBadUsage = 64;
 constexpr ULONGLONG kDeadline = 20'000;  // milliseconds
@@ -119,7 +121,8 @@ Ended RunProgram(const std::wstring& arguments, const Worker& work = {}) {
   program.erase(program.find_last_of(L'\\') + 1).append(L"quorvel.exe");
   if (::CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
                        &startup, &information) == FALSE) {
-    throw std::runtime_error("quorvel.exe did not start");
+    throw std::runtime_error("quorvel.exe did not start, error " +
+                             std::to_string(::GetLastError()));
   }
   const Handle process(information.hProcess);
   const Handle thread(information.hThread);
@@ -242,10 +245,70 @@ TEST(CommandLine, CheckList) {
                  u8"{\"name\":\"寸法 線\",\"ticked\":true}]}\n"));
 }
 
+constexpr const wchar_t* kColourKey = L" --key Software\\QuorvelTests\\Colours";
+constexpr int kFirstMadeColor = 13420;
+constexpr int kRedField = 13375;
+
+TEST(CommandLine, SelectColorTakesMadeColoursOfItsKeyAlone) {
+  ColourEnvironment environment;
+  environment.Store({RGB(1, 2, 3)});
+  RECT place{};
+  const Worker chooseMade = [&place](HWND dialog) {
+    place = WindowRect(dialog);
+    Command(dialog, kFirstMadeColor);
+    Confirm(dialog);
+  };
+  const Ended kept = RunProgram(
+      std::wstring(L"select-color --color #3366ff --position 50,60") + kColourKey, chooseMade);
+  EXPECT_EQ(kept.status, 0);
+  EXPECT_EQ(kept.output, "{\"result\":\"confirmed\",\"color\":\"#010203\"}\n");
+  EXPECT_EQ(kept.errors, "");
+  EXPECT_EQ(place.left, 50);
+  EXPECT_EQ(place.top, 60);
+  const Ended none = RunProgram(L"select-color --color #3366ff", chooseMade);
+  EXPECT_EQ(none.output, "{\"result\":\"confirmed\",\"color\":\"#FFFFFF\"}\n");
+}
+
+TEST(CommandLine, SelectColorExStoresThePaletteUnderItsKey) {
+  const ColourEnvironment environment;
+  const Ended cancelled =
+      RunProgram(std::wstring(L"select-color-ex --color #3366ff") + kColourKey, Cancel);
+  EXPECT_EQ(cancelled.status, 1);
+  EXPECT_EQ(cancelled.output, "{\"result\":\"cancelled\"}\n");
+  EXPECT_FALSE(ColourEnvironment::IsStored());
+  const Ended confirmed =
+      RunProgram(std::wstring(L"select-color-ex --color #3366ff") + kColourKey, Confirm);
+  EXPECT_EQ(confirmed.status, 0);
+  EXPECT_EQ(confirmed.output, "{\"result\":\"confirmed\",\"color\":\"#3366FF\"}\n");
+  EXPECT_EQ(environment.Stored().size(), 41U);
+  EXPECT_TRUE(ColourEnvironment::IsStored());
+}
+
+TEST(CommandLine, EditColor) {
+  RECT place{};
+  const Ended ended = RunProgram(L"edit-color --color #0a0B0c --position 70,80", [&](HWND dialog) {
+    place = WindowRect(dialog);
+    Confirm(dialog);
+  });
+  EXPECT_EQ(ended.status, 0);
+  EXPECT_EQ(ended.output, "{\"result\":\"confirmed\",\"color\":\"#0A0B0C\"}\n");
+  EXPECT_EQ(place.left, 70);
+  EXPECT_EQ(place.top, 80);
+}
+
+TEST(CommandLine, SelectRgb) {
+  const Ended ended =
+      RunProgram(L"select-rgb --color #0066CC", SetAndConfirm({{kRedField, L"51"}}));
+  EXPECT_EQ(ended.status, 0);
+  EXPECT_EQ(ended.output, "{\"result\":\"confirmed\",\"color\":\"#3366CC\"}\n");
+  EXPECT_EQ(RunProgram(L"select-rgb", Cancel).output, "{\"result\":\"cancelled\"}\n");
+}
+
 TEST(CommandLine, BadUsageIsOneLineAndStatus64) {
   for (const wchar_t* arguments :
        {L"", L"no-such-dialog", L"input-dpi --dpi", L"input-dpi --dpi many", L"input-text --colour red",
-        L"input-point --point 1", L"input-text --position 1", L"input-text --text caf\u00E9"}) {
+        L"input-point --point 1", L"input-text --position 1", L"input-text --text caf\u00E9", L"select-rgb --color 3366FF",
+        L"select-color --key caf\u00E9"}) {
     const Ended ended = RunProgram(arguments);
     EXPECT_EQ(ended.status, kBadUsage) << ended.output;
     EXPECT_EQ(ended.output, "");
@@ -258,7 +321,8 @@ TEST(CommandLine, HelpEverywhere) {
   const Ended all = RunProgram(L"--help");
   EXPECT_EQ(all.status, 0);
   for (const char* command :
-       {"input-text", "input-scale", "input-dpi", "input-point", "user-paper", "check-list"}) {
+       {"input-text", "input-scale", "input-dpi", "input-point", "user-paper", "check-list",
+        "select-color", "select-color-ex", "edit-color", "select-rgb"}) {
     EXPECT_NE(all.output.find(command), std::string::npos) << command;
     const std::string name(command);
     const Ended one = RunProgram(std::wstring(name.begin(), name.end()) + L" --help");
@@ -273,7 +337,7 @@ TEST(CommandLine, SelectFont) {
       L"select-font --face IPA明朝 --height 10 --width 2.5 --dots-per-mm 23.6 --escapement 900 "
       L"--orientation 450 --weight 700 --italic --underline --strike-out --strike-out-type 1 "
       L"--char-set 128 --out-precision 4 --clip-precision 16 --quality 2 --pitch-and-family 17 "
-      L"--colour 192,129,66 --show-strike-out-type --title 文字",
+      L"--color #C08142 --show-strike-out-type --title 文字",
       [](HWND dialog) {
         EXPECT_EQ(Text(dialog), L"文字");
         ::SendDlgItemMessageW(dialog, 2005, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"5"));
@@ -285,16 +349,16 @@ TEST(CommandLine, SelectFont) {
                  u8"\"dotsHeight\":-118,\"dotsWidth\":59,\"escapement\":900,\"orientation\":450,"
                  u8"\"weight\":700,\"italic\":true,\"underline\":true,\"strikeOut\":true,"
                  u8"\"strikeOutType\":1,\"charSet\":128,\"outPrecision\":4,\"clipPrecision\":16,"
-                 u8"\"quality\":2,\"pitchAndFamily\":17,\"colour\":[192,129,66]}\n"));
+                 u8"\"quality\":2,\"pitchAndFamily\":17,\"color\":\"#C08142\"}\n"));
 }
 
 TEST(CommandLine, SelectFontEx) {
   const Ended ended = RunProgram(
-      L"select-font-ex --dots-height 60 --dots-width 7 --back-colour 1,2,3 --vertical-place 2 "
+      L"select-font-ex --dots-height 60 --dots-width 7 --back-color #010203 --vertical-place 2 "
       L"--horizontal-place 1 --enable-mask 0",
       Confirm);
   EXPECT_EQ(ended.status, 0) << ended.errors;
-  EXPECT_TRUE(ended.output.ends_with("\"colour\":[0,0,0],\"backColour\":[1,2,3],"
+  EXPECT_TRUE(ended.output.ends_with("\"color\":\"#000000\",\"backColor\":\"#010203\","
                                      "\"verticalPlace\":2,\"horizontalPlace\":1}\n"))
       << ended.output;
   EXPECT_NE(ended.output.find("\"dotsHeight\":60,\"dotsWidth\":7,"), std::string::npos)

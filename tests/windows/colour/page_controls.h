@@ -1,4 +1,4 @@
-// Finds and works the pages of the colour dialogs.
+// Looks at and works the pages of the colour dialogs.
 #pragma once
 
 #include "driver/picture.h"
@@ -10,17 +10,6 @@
 namespace quorvel::test {
 
 constexpr int kSwatchId = 2000;
-
-/// The page that is shown: the dialog's visible child that is a dialog itself.
-inline HWND ShownPage(HWND dialog) {
-  for (HWND child = ::GetWindow(dialog, GW_CHILD); child != nullptr;
-       child = ::GetWindow(child, GW_HWNDNEXT)) {
-    if (ClassName(child) == L"#32770" && ::IsWindowVisible(child) != FALSE) {
-      return child;
-    }
-  }
-  throw std::runtime_error("no page is shown");
-}
 
 /// A pixel as 0x00BBGGRR.
 inline COLORREF ColorAt(HWND window, int x, int y) {

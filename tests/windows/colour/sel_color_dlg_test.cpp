@@ -29,6 +29,9 @@ constexpr COLORREF kBrown = RGB(153, 102, 51);
 constexpr int kItemWidth = 24;
 constexpr int kItemHeight = 16;
 
+constexpr int kModel = 100;
+constexpr int kHsb = 2;
+
 enum Page { kListPage, kEditPage, kSelectPage };
 
 struct Answer {
@@ -182,6 +185,24 @@ TEST(SelColorDlg, TheColourGoesFromPageToPage) {
       },
       &environment.Env());
   EXPECT_EQ(answer.color, RGB(0, 255, 128));
+}
+
+TEST(SelColorDlg, AColourThatComesBackToTheEditorIsShownInItsModel) {
+  Ask(kBrown, [](HWND dialog) {
+    const HWND editor = ShownPage(dialog);
+    ::SendMessageW(Control(editor, kModel), CB_SETCURSEL, kHsb, 0);
+    ::SendMessageW(editor, WM_COMMAND, MAKEWPARAM(kModel, CBN_SELCHANGE),
+                   reinterpret_cast<LPARAM>(Control(editor, kModel)));
+    EXPECT_EQ(Text(editor, kFirstValue + 2), L"153");
+    SelectTab(dialog, kSelectPage);
+    DragToEnd(Control(ShownPage(dialog), kBrightness), true, true);
+    SelectTab(dialog, kEditPage);
+    EXPECT_EQ(::SendMessageW(Control(editor, kModel), CB_GETCURSEL, 0, 0), kHsb);
+    EXPECT_EQ(Text(editor, kFirstValue), L"30");
+    EXPECT_EQ(Text(editor, kFirstValue + 1), L"170");
+    EXPECT_EQ(Text(editor, kFirstValue + 2), L"255");
+    Cancel(dialog);
+  });
 }
 
 TEST(SelColorDlg, AClickInTheListTakesTheColour) {

@@ -13,6 +13,8 @@ namespace quorvel::test {
 /// Below HKEY_CURRENT_USER.
 class ColourEnvironment {
 public:
+  static constexpr const char* kKey = "Software\\QuorvelTests\\Colours";
+
   ColourEnvironment() { Clear(); }
   ~ColourEnvironment() { Clear(); }
   ColourEnvironment(const ColourEnvironment&) = delete;
@@ -48,8 +50,6 @@ public:
   }
 
 private:
-  static constexpr const char* kKey = "Software\\QuorvelTests\\Colours";
-
   static void Clear() { ::RegDeleteTreeA(HKEY_CURRENT_USER, kKey); }
 
   CKivSysEnv m_env{kKey};

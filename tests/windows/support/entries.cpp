@@ -12,9 +12,13 @@ namespace quorvel::test {
 
 namespace {
 
-/// The environment is its own: nothing is stored for it, and a confirmed palette stays in it.
+/// An environment of the tests' own, empty when a run of the tests begins.
 CKivSysEnv& ColourEnv() {
-  static CKivSysEnv env("Software\\QuorvelTests\\Entries");
+  static constexpr const char* kKey = "Software\\QuorvelTests\\Entries";
+  static CKivSysEnv env = [] {
+    ::RegDeleteTreeA(HKEY_CURRENT_USER, kKey);
+    return CKivSysEnv(kKey);
+  }();
   return env;
 }
 
