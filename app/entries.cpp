@@ -3,6 +3,8 @@
 #include "dialogs/colour/sel_color.h"
 #include "dialogs/colour/sel_color_dlg.h"
 #include "dialogs/colour/sel_rgb.h"
+#include "dialogs/font/sel_font_dlg.h"
+#include "dialogs/font/sel_font_ex_dlg.h"
 #include "dialogs/input/check_list_dlg.h"
 #include "dialogs/input/input_dpi_dlg.h"
 #include "dialogs/input/input_point_dlg.h"
@@ -89,6 +91,24 @@ BOOL __SelRGBDlg(COLORREF* color) {
     return ConfirmedColor(dialog, dialog.m_color, color);
   };
   return RunEntry(FALSE, body, color);
+}
+
+BOOL __SelFontDlg(CKivSysEnv* env, CKivFont* font, double dotsPerMm, const char* title,
+                  BOOL showStrikeType, BOOL fixedColour, UINT enableMask) {
+  const auto body = [&] {
+    CSelFontDlg dialog(env, title, showStrikeType, fixedColour, enableMask);
+    return dialog.Run(font, dotsPerMm) == IDOK ? TRUE : FALSE;
+  };
+  return RunEntry(FALSE, body, font);
+}
+
+BOOL __SelFontExDlg(CKivSysEnv* env, CKivFontEx* font, double dotsPerMm, const char* title,
+                    BOOL fixedColour, UINT enableMask) {
+  const auto body = [&] {
+    CSelFontExDlg dialog(env, title, fixedColour, enableMask);
+    return dialog.Run(font, dotsPerMm) == IDOK ? TRUE : FALSE;
+  };
+  return RunEntry(FALSE, body, font);
 }
 
 BOOL __InputTextDlg(const char* title, const char* comment, CString* text, CPoint* position) {

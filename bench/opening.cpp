@@ -26,7 +26,8 @@ struct Times {
 };
 
 /// Runs one modal dialog owned by `owner` and, where `counts`, adds its times.
-void Time(const DialogOwner& owner, const std::function<void()>& call, bool counts, Times& times) {
+void Time(DialogOwner& owner, const std::function<void()>& call, bool counts, Times& times) {
+  owner.SetCommand(IDOK);
   const int answered = owner.Answered();
   const LONGLONG called = Ticks();
   call();

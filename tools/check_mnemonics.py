@@ -3,7 +3,8 @@
 
   check_mnemonics.py
 
-Reads the dialogs of res/*.rc. A static with SS_NOPREFIX has no access key; && is a plain &.
+Reads the dialogs of res/*.rc. A static with SS_NOPREFIX has no access key, nor has a hidden control;
+&& is a plain &.
 """
 
 import pathlib
@@ -40,7 +41,7 @@ def clashes(dialog_body, definitions):
     for text, rest in CONTROL.findall(dialog_body):
         style = re.sub(r"\w+", lambda word: definitions.get(word.group(), word.group()), rest)
         key = access_key(text)
-        if key is None or "SS_NOPREFIX" in style:
+        if key is None or "SS_NOPREFIX" in style or "NOT WS_VISIBLE" in style:
             continue
         if key in owners:
             yield f'Alt+{key} is both "{owners[key]}" and "{text}"'

@@ -38,13 +38,17 @@ private:
 
 }  // namespace
 
-BOOL CEdit::PreTranslateMessage(MSG* message) {
-  const bool closingKey = message->message == WM_KEYDOWN &&
-                          (message->wParam == VK_RETURN || message->wParam == VK_ESCAPE);
-  return m_bComposing && closingKey ? TRUE : FALSE;
-}
-
 LRESULT CEdit::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+  const bool closingKey = wParam == VK_RETURN || wParam == VK_ESCAPE;
+  if (m_bComposing && closingKey) {
+    // Asked for by whatever loop runs the dialog, the system's own as well.
+    if (message == WM_GETDLGCODE) {
+      return DLGC_WANTALLKEYS;
+    }
+    if (message == WM_KEYDOWN) {
+      return 0;
+    }
+  }
   bool refused = false;
   switch (message) {
     case WM_CHAR: {

@@ -14,9 +14,6 @@
 /// is under way, Enter and Escape belong to it and never close the dialog. Every edit field of a
 /// CDialog is one, whether the dialog declares it or not.
 class FRAME_API CEdit : public CWnd {
-public:
-  BOOL PreTranslateMessage(MSG* message) override;
-
 protected:
   LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 

@@ -89,6 +89,15 @@ void DDX_Text(CDataExchange* pDX, int id, double& value) {
   ReadNumber(pDX, control, value, quorvel::ParseNumber, "数値を入力してください。");
 }
 
+void DDX_CBIndex(CDataExchange* pDX, int id, int& index) {
+  const HWND control = pDX->m_pDlgWnd->GetDlgItem(id);
+  if (pDX->m_bSaveAndValidate == FALSE) {
+    ::SendMessageW(control, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+  } else {
+    index = static_cast<int>(::SendMessageW(control, CB_GETCURSEL, 0, 0));
+  }
+}
+
 void DDV_MinMaxInt(CDataExchange* pDX, int value, int lowest, int highest) {
   if (pDX->m_bSaveAndValidate == FALSE || (lowest <= value && value <= highest)) {
     return;

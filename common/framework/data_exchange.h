@@ -46,6 +46,9 @@ FRAME_API void DDX_Text(CDataExchange* pDX, int id, int& value);
 /// Shows the shortest text of the number. Refuses what is no number: "数値を入力してください。".
 FRAME_API void DDX_Text(CDataExchange* pDX, int id, double& value);
 
+/// The index of the selected entry of a combo box, -1 for none.
+FRAME_API void DDX_CBIndex(CDataExchange* pDX, int id, int& index);
+
 /// Refuse the field exchanged just before when its value, read from the control, lies outside the
 /// limits; the limits themselves are inside. NaN is outside.
 FRAME_API void DDV_MinMaxInt(CDataExchange* pDX, int value, int lowest, int highest);

@@ -15,15 +15,10 @@ thread_local CDialog* g_innermostModal = nullptr;
 /// The window that a modal dialog belongs to, disabled for as long as the guard lives.
 class ModalOwner {
 public:
-  explicit ModalOwner(const CWnd* parent) {
-    HWND window = parent != nullptr ? parent->m_hWnd : ::GetActiveWindow();
-    window = window != nullptr ? ::GetAncestor(window, GA_ROOT) : nullptr;
-    if (window != nullptr && ::IsWindowVisible(window) != FALSE) {
-      m_hWnd = window;
-      m_bDisabled = ::IsWindowEnabled(window) != FALSE;
-      if (m_bDisabled) {
-        ::EnableWindow(window, FALSE);
-      }
+  explicit ModalOwner(HWND window)
+      : m_hWnd(window), m_bDisabled(window != nullptr && ::IsWindowEnabled(window) != FALSE) {
+    if (m_bDisabled) {
+      ::EnableWindow(window, FALSE);
     }
   }
   ~ModalOwner() { Enable(); }
@@ -38,8 +33,8 @@ public:
   }
 
 private:
-  HWND m_hWnd = nullptr;
-  bool m_bDisabled = false;
+  HWND m_hWnd;
+  bool m_bDisabled;
 };
 
 /// Sets this thread's innermost modal dialog for as long as the guard lives.
@@ -118,11 +113,23 @@ CDialog::CDialog(UINT nIDTemplate, CWnd* pParentWnd)
     : m_nIDTemplate(nIDTemplate), m_pParentWnd(pParentWnd) {}
 
 INT_PTR CDialog::DoModal() {
+  INT_PTR result = -1;
+  {
+    const InnermostModal innermost(this, m_pOuterModal);
+    result = RunModal();
+  }
+  m_editFields.clear();
+  if (m_exception) {
+    std::rethrow_exception(std::exchange(m_exception, nullptr));
+  }
+  return result;
+}
+
+INT_PTR CDialog::RunModal() {
   m_nModalResult = -1;
   m_bRunning = true;
   {
-    ModalOwner owner(m_pParentWnd);
-    const InnermostModal innermost(this, m_pOuterModal);
+    ModalOwner owner(ModalOwnerWindow());
     const DestroyedAtEnd destroyed(*this, owner);
     const HWND window = CreateFromTemplate(m_nIDTemplate, owner.Window());
     if (window != nullptr && m_bRunning) {
@@ -131,11 +138,13 @@ INT_PTR CDialog::DoModal() {
     }
     m_bRunning = false;
   }
-  m_editFields.clear();
-  if (m_exception) {
-    std::rethrow_exception(std::exchange(m_exception, nullptr));
-  }
   return m_nModalResult;
+}
+
+HWND CDialog::ModalOwnerWindow() const {
+  const HWND window = m_pParentWnd != nullptr ? m_pParentWnd->m_hWnd : ::GetActiveWindow();
+  const HWND root = window != nullptr ? ::GetAncestor(window, GA_ROOT) : nullptr;
+  return root != nullptr && ::IsWindowVisible(root) != FALSE ? root : nullptr;
 }
 
 BOOL CDialog::Create(UINT templateId, CWnd* parent) {
@@ -257,6 +266,15 @@ INT_PTR CALLBACK CDialog::StaticDialogProc(HWND window, UINT message, WPARAM /*w
     EndInnermostWithException(std::current_exception());
   }
   return FALSE;  // who has the focus is settled
+}
+
+void CDialog::InitWindow(HWND window) noexcept {
+  try {
+    SubclassWindow(window);
+    HandleInitDialog();
+  } catch (...) {
+    EndInnermostWithException(std::current_exception());
+  }
 }
 
 void CDialog::HandleInitDialog() {

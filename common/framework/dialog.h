@@ -34,7 +34,7 @@ public:
   /// The window goes with the parent's. FALSE when it cannot be created.
   BOOL Create(UINT templateId, CWnd* parent);
 
-  void EndDialog(INT_PTR nResult);
+  virtual void EndDialog(INT_PTR nResult);
 
   /// The window of this thread's innermost modal dialog; null while none runs.
   static HWND GetInnermostWindow();
@@ -55,6 +55,15 @@ protected:
   void GotoDlgCtrl(HWND control);
   /// The dialog has been placed: it is not centred when it opens.
   void SetPlaced() { m_bPlaced = true; }
+
+  /// What is modal about DoModal: creates the dialog, runs it and destroys it, and returns the result
+  /// unless an exception ended it. A dialog that the system runs has its own.
+  virtual INT_PTR RunModal();
+  /// The window that a modal dialog is to belong to and that is disabled meanwhile; null for none.
+  HWND ModalOwnerWindow() const;
+  /// At WM_INITDIALOG of a dialog that the system runs: attaches the object to the window, calls
+  /// OnInitDialog and gives the focus. An exception ends the dialog.
+  void InitWindow(HWND window) noexcept;
 
   DECLARE_MESSAGE_MAP()
 

@@ -84,6 +84,8 @@ protected:
   /// What happens to a message without a handler: a control draws and measures itself, and the
   /// window's own procedure does the rest.
   LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam);
+  /// Calls the handler of a WM_COMMAND; false where there is none.
+  bool HandleCommand(WPARAM wParam, LPARAM lParam);
   /// What the window's own procedure does with a message.
   LRESULT CallPreviousProc(UINT message, WPARAM wParam, LPARAM lParam);
   /// Moves values between members and controls.
@@ -102,7 +104,6 @@ private:
   /// none, or where the message is no notification.
   CWnd* SenderOf(UINT message, WPARAM wParam, LPARAM lParam) const;
   bool OfferToSender(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) const;
-  bool HandleCommand(WPARAM wParam, LPARAM lParam);
   /// Null is the whole client area.
   void InvalidatePart(const RECT* part) const;
   void Detach();

@@ -178,6 +178,14 @@ Request BuildSelectRgb(const ParsedOptions& options) {
   return SelectRgbRequest{.color = options.ColourValue(kColor.name)};
 }
 
+Request BuildSelectFont(const ParsedOptions& options) {
+  return ReadSelectFont(options);
+}
+
+Request BuildSelectFontEx(const ParsedOptions& options) {
+  return ReadSelectFontEx(options);
+}
+
 constexpr std::array kCommands = {
     Command{.name = "input-text",
             .summary = "ask for one line of text",
@@ -232,6 +240,16 @@ constexpr std::array kCommands = {
             .answer = kColorAnswer,
             .options = kSelectRgbOptions,
             .build = BuildSelectRgb},
+    Command{.name = "select-font",
+            .summary = "ask for a font with its size in millimetres",
+            .answer = kSelectFontAnswer,
+            .options = kSelectFontOptions,
+            .build = BuildSelectFont},
+    Command{.name = "select-font-ex",
+            .summary = "ask for the font of a cell and the place of its text",
+            .answer = kSelectFontExAnswer,
+            .options = kSelectFontExOptions,
+            .build = BuildSelectFontEx},
 };
 
 constexpr std::string_view kUsage = "usage: quorvel SUBCOMMAND [OPTION]...";

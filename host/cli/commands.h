@@ -9,6 +9,7 @@
 #pragma once
 
 #include "cli/arguments.h"
+#include "cli/font_commands.h"
 #include "cli/outcome.h"
 
 #include <optional>
@@ -97,7 +98,7 @@ struct SelectRgbRequest {
 using Request = std::variant<InputTextRequest, InputScaleRequest, InputDpiRequest,
                              InputPointRequest, UserPaperRequest, CheckListRequest,
                              SelectColorRequest, SelectColorExRequest, EditColorRequest,
-                             SelectRgbRequest>;
+                             SelectRgbRequest, SelectFontRequest, SelectFontExRequest>;
 
 /// One row of the table of subcommands.
 struct Command {

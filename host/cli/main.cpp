@@ -14,6 +14,7 @@
 #include <cstddef>
 #include <cstdio>
 #include <exception>
+#include <iterator>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -186,11 +187,14 @@ COLORREF HostColor(const Colour& colour) {
   return RGB(colour.red, colour.green, colour.blue);
 }
 
+std::string TextOfColor(COLORREF color) {
+  return ColourText(
+      {.red = GetRValue(color), .green = GetGValue(color), .blue = GetBValue(color)});
+}
+
 Outcome ConfirmedColor(COLORREF color) {
   Outcome outcome = Confirmed();
-  outcome.answer.AddText("color", ColourText({.red = GetRValue(color),
-                                              .green = GetGValue(color),
-                                              .blue = GetBValue(color)}));
+  outcome.answer.AddText("color", TextOfColor(color));
   return outcome;
 }
 
@@ -222,6 +226,113 @@ Outcome Run(const EditColorRequest& request) {
 Outcome Run(const SelectRgbRequest& request) {
   COLORREF color = HostColor(request.color);
   return __SelRGBDlg(&color) == FALSE ? Cancelled() : ConfirmedColor(color);
+}
+
+/// Throws UsageError for a face name that the record cannot hold.
+void FillFont(CKivFont& font, const FontFields& fields, double dotsPerMm) {
+  const CString face = HostText(fields.face);
+  if (face.GetLength() >= LF_FACESIZE) {
+    throw UsageError("the name of a face has at most 31 bytes: " + JsonQuoted(fields.face));
+  }
+  LOGFONTA record{};
+  record.lfEscapement = fields.escapement;
+  record.lfOrientation = fields.orientation;
+  record.lfWeight = fields.weight;
+  record.lfItalic = fields.isItalic ? 1 : 0;
+  record.lfUnderline = fields.isUnderlined ? 1 : 0;
+  record.lfStrikeOut = fields.isStruckOut ? 1 : 0;
+  record.lfCharSet = fields.charSet;
+  record.lfOutPrecision = fields.outPrecision;
+  record.lfClipPrecision = fields.clipPrecision;
+  record.lfQuality = fields.quality;
+  record.lfPitchAndFamily = fields.pitchAndFamily;
+  face.View().copy(std::begin(record.lfFaceName), LF_FACESIZE - 1);
+  font.SetLogFont(&record);
+  font.SetV(fields.height);
+  font.SetH(fields.width);
+  font.CalcMmToLogFont(dotsPerMm == 0 ? kUsualDotsPerMm : dotsPerMm);
+  record = font.GetLogFont(0);
+  record.lfHeight = fields.dotsHeight.value_or(record.lfHeight);
+  record.lfWidth = fields.dotsWidth.value_or(record.lfWidth);
+  font.SetLogFont(&record);
+  const COLORREF color = HostColor(fields.color);
+  font.SetColor(&color);
+  font.SetStrikeOutType(fields.strikeOutType);
+}
+
+Outcome ConfirmedFont(const CKivFont& font) {
+  const LOGFONTA record = font.GetLogFont(0);
+  Outcome outcome = Confirmed();
+  outcome.answer.AddText("face", Utf8FromHostText(CString(std::begin(record.lfFaceName))))
+      .AddNumber("height", font.GetV())
+      .AddNumber("width", font.GetH())
+      .AddInteger("dotsHeight", record.lfHeight)
+      .AddInteger("dotsWidth", record.lfWidth)
+      .AddInteger("escapement", record.lfEscapement)
+      .AddInteger("orientation", record.lfOrientation)
+      .AddInteger("weight", record.lfWeight)
+      .AddFlag("italic", record.lfItalic != 0)
+      .AddFlag("underline", record.lfUnderline != 0)
+      .AddFlag("strikeOut", record.lfStrikeOut != 0)
+      .AddInteger("strikeOutType", font.GetStrikeOutType())
+      .AddInteger("charSet", record.lfCharSet)
+      .AddInteger("outPrecision", record.lfOutPrecision)
+      .AddInteger("clipPrecision", record.lfClipPrecision)
+      .AddInteger("quality", record.lfQuality)
+      .AddInteger("pitchAndFamily", record.lfPitchAndFamily)
+      .AddText("color", TextOfColor(font.GetColor()));
+  return outcome;
+}
+
+/// What both font entries take besides the font, in the host's types.
+class FontArguments {
+public:
+  explicit FontArguments(const FontDialogArguments& given)
+      : m_hasTitle(given.title.has_value()), m_title(HostText(given.title.value_or(""))) {
+    if (!given.key.empty()) {
+      m_environment.emplace(HostText(given.key));
+    }
+  }
+
+  const char* Title() const { return m_hasTitle ? m_title.GetString() : nullptr; }
+  CKivSysEnv* Environment() { return m_environment ? &*m_environment : nullptr; }
+
+private:
+  bool m_hasTitle;
+  CString m_title;
+  std::optional<CKivSysEnv> m_environment;
+};
+
+Outcome Run(const SelectFontRequest& request) {
+  FontArguments arguments(request.dialog);
+  CKivFont font;
+  FillFont(font, request.font, request.dialog.dotsPerMm);
+  const BOOL confirmed = __SelFontDlg(
+      arguments.Environment(), &font, request.dialog.dotsPerMm, arguments.Title(),
+      request.showsStrikeOutType ? TRUE : FALSE, request.dialog.hasFixedColor ? TRUE : FALSE,
+      request.dialog.enableMask);
+  return confirmed != FALSE ? ConfirmedFont(font) : Cancelled();
+}
+
+Outcome Run(const SelectFontExRequest& request) {
+  FontArguments arguments(request.dialog);
+  CKivFontEx font;
+  FillFont(font, request.font, request.dialog.dotsPerMm);
+  const COLORREF backColor = HostColor(request.backColor);
+  font.SetBackColor(&backColor);
+  font.SetVPos(request.verticalPlace);
+  font.SetHPos(request.horizontalPlace);
+  const BOOL confirmed =
+      __SelFontExDlg(arguments.Environment(), &font, request.dialog.dotsPerMm, arguments.Title(),
+                     request.dialog.hasFixedColor ? TRUE : FALSE, request.dialog.enableMask);
+  if (confirmed == FALSE) {
+    return Cancelled();
+  }
+  Outcome outcome = ConfirmedFont(font);
+  outcome.answer.AddText("backColor", TextOfColor(font.GetBackColor()))
+      .AddInteger("verticalPlace", font.GetVPos())
+      .AddInteger("horizontalPlace", font.GetHPos());
+  return outcome;
 }
 
 /// False when the stream does not take the text.

@@ -54,9 +54,13 @@ TEST_P(Soak, LeavesNothingBehind) {
   };
   const BareDialog bare(::GetModuleHandleW(L"Quorvel.dll"), GetParam().templateId);
   const auto openBare = [&](int times) {
-    owner.SetCommand(IDOK);
     for (int i = 0; i < times; ++i) {
-      bare.Run(owner.Window());
+      owner.SetCommand(IDOK);
+      if (GetParam().runBare != nullptr) {
+        GetParam().runBare(owner.Window());
+      } else {
+        bare.Run(owner.Window());
+      }
     }
   };
   // The first dialogs of a kind fill the system's caches.

@@ -36,6 +36,21 @@ enum : INT_PTR {
   QUORVEL_POINT_MOUSE_PICK = 2,
 };
 
+/// What the user may change in the font dialogs: the bits of their `enableMask`.
+enum : UINT {
+  QUORVEL_FONT_FACE = 0x001,
+  QUORVEL_FONT_STYLE = 0x002,
+  QUORVEL_FONT_STRIKEOUT = 0x004,
+  QUORVEL_FONT_UNDERLINE = 0x008,
+  QUORVEL_FONT_COLOUR = 0x010,
+  QUORVEL_FONT_BACK_COLOUR = 0x020,  ///< __SelFontExDlg only
+  QUORVEL_FONT_HEIGHT = 0x040,
+  QUORVEL_FONT_WIDTH = 0x080,
+  QUORVEL_FONT_VERTICAL = 0x100,    ///< __SelFontExDlg only
+  QUORVEL_FONT_HORIZONTAL = 0x200,  ///< __SelFontExDlg only
+  QUORVEL_FONT_ALL = 0x3FF,
+};
+
 extern "C" {
 
 /// Asks for a colour, 0x00BBGGRR, out of 48 basic ones and 16 of the user's own making; the user may
@@ -57,6 +72,26 @@ BOOL __EditColorDlg(CKivSysEnv* env, COLORREF* color, CPoint* position);
 /// Asks for a colour by hue, saturation and brightness or by red, green and blue. TRUE when
 /// confirmed.
 BOOL __SelRGBDlg(COLORREF* color);
+
+/// Asks for a font: face, style, effects, colour, and its size in millimetres, height and width from
+/// 0.0 to 9999.0 (width 0: the natural one). The sizes shown are those of the font's record at
+/// `dotsPerMm`; one within 0.000001 of zero stands for 300 dots per inch. At a resolution that is
+/// negative or no finite number the font's own millimetres are shown, and its record keeps its size.
+/// `env` keeps the made colours of the colour dialog, as for __SelColorDlg, and may be null. A null
+/// `title` leaves the dialog's own. With `showStrikeType` the user chooses between one and two
+/// strike-out lines; with `fixedColour` neither the colour nor that. `enableMask` is a sum of
+/// QUORVEL_FONT_ bits; the dialog is centred over the active window.
+/// TRUE when confirmed; `font` then holds the choice, and its record the size made from the
+/// millimetres. What the dialog does not show stays as it was, so does an untouched size to the last
+/// bit; a face that is not installed stays unless the user picks another.
+BOOL __SelFontDlg(CKivSysEnv* env, CKivFont* font, double dotsPerMm, const char* title,
+                  BOOL showStrikeType, BOOL fixedColour, UINT enableMask);
+
+/// As __SelFontDlg for the font of a cell, with the background colour and the place of the text in
+/// the cell; the strike-out type is neither shown nor changed. With `fixedColour` the user can change
+/// neither colour.
+BOOL __SelFontExDlg(CKivSysEnv* env, CKivFontEx* font, double dotsPerMm, const char* title,
+                    BOOL fixedColour, UINT enableMask);
 
 /// Asks for one line of text. TRUE when confirmed; `text` then holds the edited text.
 BOOL __InputTextDlg(const char* title, const char* comment, CString* text, CPoint* position);

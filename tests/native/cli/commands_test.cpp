@@ -282,6 +282,8 @@ TEST(Commands, HelpListsEverySubcommand) {
       "  select-color-ex    ask for a colour by a palette, by its components or in a field\n"
       "  edit-color         ask for a colour by its components in RGB, CMYK or HSB\n"
       "  select-rgb         ask for a colour by hue, saturation and brightness or by RGB\n"
+      "  select-font        ask for a font with its size in millimetres\n"
+      "  select-font-ex     ask for the font of a cell and the place of its text\n"
       "  help [SUBCOMMAND]  print this help or that of a subcommand\n"
       "\n"
       "Options:\n"

@@ -73,14 +73,16 @@ TEST(ProductFiles, QuorvelExportsTheEntriesAndNothingElse) {
   const std::set<std::string> expected{
       "__SelColorDlg",   "__SelColorDlgEx",    "__EditColorDlg",    "__SelRGBDlg",
       "__InputTextDlg",  "__InputScaleDlg",    "__InputDpiDlg",     "__InputPointXYDlg",
-      "__CheckListDlg",  "__InputPointXYZDlg", "__UserPaperSetDlg"};
+      "__CheckListDlg",  "__InputPointXYZDlg", "__UserPaperSetDlg", "__SelFontDlg",
+      "__SelFontExDlg"};
   EXPECT_EQ(LoadedDll("Quorvel.dll").Exports(), expected);
 }
 
 TEST(ProductFiles, ImportNothingButWindowsTheirSistersAndTheRunTime) {
   const std::set<std::string> allowed{
       // Windows
-      "advapi32.dll", "comctl32.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll", "user32.dll",
+      "advapi32.dll", "comctl32.dll", "comdlg32.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll",
+      "user32.dll",
       // the compiler's run-time
       "libgcc_s_seh-1.dll", "libstdc++-6.dll", "libwinpthread-1.dll",
       // sisters

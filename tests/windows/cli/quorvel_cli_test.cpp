@@ -332,5 +332,51 @@ TEST(CommandLine, HelpEverywhere) {
   EXPECT_EQ(RunProgram(L"--version").output, "quorvel 0.1.0\n");
 }
 
+TEST(CommandLine, SelectFont) {
+  const Ended ended = RunProgram(
+      L"select-font --face IPA明朝 --height 10 --width 2.5 --dots-per-mm 23.6 --escapement 900 "
+      L"--orientation 450 --weight 700 --italic --underline --strike-out --strike-out-type 1 "
+      L"--char-set 128 --out-precision 4 --clip-precision 16 --quality 2 --pitch-and-family 17 "
+      L"--color #C08142 --show-strike-out-type --title 文字",
+      [](HWND dialog) {
+        EXPECT_EQ(Text(dialog), L"文字");
+        ::SendDlgItemMessageW(dialog, 2005, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"5"));
+        Confirm(dialog);
+      });
+  EXPECT_EQ(ended.status, 0) << ended.errors;
+  EXPECT_EQ(ended.output,
+            Utf8(u8"{\"result\":\"confirmed\",\"face\":\"IPA明朝\",\"height\":5,\"width\":2.5,"
+                 u8"\"dotsHeight\":-118,\"dotsWidth\":59,\"escapement\":900,\"orientation\":450,"
+                 u8"\"weight\":700,\"italic\":true,\"underline\":true,\"strikeOut\":true,"
+                 u8"\"strikeOutType\":1,\"charSet\":128,\"outPrecision\":4,\"clipPrecision\":16,"
+                 u8"\"quality\":2,\"pitchAndFamily\":17,\"color\":\"#C08142\"}\n"));
+}
+
+TEST(CommandLine, SelectFontEx) {
+  const Ended ended = RunProgram(
+      L"select-font-ex --dots-height 60 --dots-width 7 --back-color #010203 --vertical-place 2 "
+      L"--horizontal-place 1 --enable-mask 0",
+      Confirm);
+  EXPECT_EQ(ended.status, 0) << ended.errors;
+  EXPECT_TRUE(ended.output.ends_with("\"color\":\"#000000\",\"backColor\":\"#010203\","
+                                     "\"verticalPlace\":2,\"horizontalPlace\":1}\n"))
+      << ended.output;
+  EXPECT_NE(ended.output.find("\"dotsHeight\":60,\"dotsWidth\":7,"), std::string::npos)
+      << ended.output;
+}
+
+TEST(CommandLine, SelectFontCancelled) {
+  const Ended ended = RunProgram(L"select-font", Cancel);
+  EXPECT_EQ(ended.status, 1);
+  EXPECT_EQ(ended.output, "{\"result\":\"cancelled\"}\n");
+}
+
+TEST(CommandLine, SelectFontRefusesAFaceThatARecordCannotHold) {
+  const Ended ended = RunProgram(L"select-font --face 長い長い長い長い長い長い長い長い");
+  EXPECT_EQ(ended.status, kBadUsage);
+  EXPECT_TRUE(ended.errors.starts_with("quorvel: the name of a face has at most 31 bytes"))
+      << ended.errors;
+}
+
 }  // namespace
 }  // namespace quorvel::test

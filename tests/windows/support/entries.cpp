@@ -1,8 +1,12 @@
 #include "support/entries.h"
 
+#include "driver/dialog_owner.h"
 #include "res/ids.h"
 
+#include <commdlg.h>
+
 #include <array>
+#include <cstring>
 
 namespace quorvel::test {
 
@@ -98,6 +102,61 @@ Outcome RunCheckList(CPoint* /*position*/) {
   return {result == IDOK, states[0] == 5 && states[1] == 5 && states[2] == 5};
 }
 
+/// A font with no state at its beginning, so that every control of the dialogs is enabled.
+template <class Font>
+Font StruckOutFont() {
+  Font font;
+  LOGFONTA record = font.GetLogFont(0);
+  record.lfStrikeOut = 1;
+  font.SetLogFont(&record);
+  return font;
+}
+
+/// Whether the two hold the same in all that the dialogs may write.
+bool IsSameFont(const CKivFont& one, const CKivFont& other) {
+  const LOGFONTA oneRecord = one.GetLogFont(0);
+  const LOGFONTA otherRecord = other.GetLogFont(0);
+  return std::memcmp(&oneRecord, &otherRecord, sizeof oneRecord) == 0 &&
+         one.GetColor() == other.GetColor() && one.GetV() == other.GetV() &&
+         one.GetH() == other.GetH() && one.GetStrikeOutType() == other.GetStrikeOutType();
+}
+
+Outcome RunFont(CPoint* /*position*/) {
+  auto font = StruckOutFont<CKivFont>();
+  const CKivFont before = font;
+  const bool confirmed =
+      __SelFontDlg(nullptr, &font, 0.0, "文字", TRUE, FALSE, QUORVEL_FONT_ALL) != FALSE;
+  return {confirmed, IsSameFont(font, before)};
+}
+
+Outcome RunFontEx(CPoint* /*position*/) {
+  auto font = StruckOutFont<CKivFontEx>();
+  const CKivFontEx before = font;
+  const bool confirmed =
+      __SelFontExDlg(nullptr, &font, 0.0, "文字", FALSE, QUORVEL_FONT_ALL) != FALSE;
+  return {confirmed, IsSameFont(font, before) && font.GetBackColor() == before.GetBackColor() &&
+                         font.GetVPos() == before.GetVPos() &&
+                         font.GetHPos() == before.GetHPos()};
+}
+
+/// The system's own font dialog with our template and nothing of ours.
+template <WORD TemplateId>
+void RunBareFont(HWND owner) {
+  const HMODULE module = ::GetModuleHandleW(L"Quorvel.dll");
+  const driver::ModuleContext context(module);
+  context.Run([owner, module] {
+    LOGFONTW font{};
+    CHOOSEFONTW record{};
+    record.lStructSize = sizeof record;
+    record.hwndOwner = owner;
+    record.lpLogFont = &font;
+    record.Flags = CF_SCREENFONTS | CF_EFFECTS | CF_TTONLY | CF_ENABLETEMPLATE;
+    record.hInstance = module;
+    record.lpTemplateName = MAKEINTRESOURCEW(TemplateId);
+    ::ChooseFontW(&record);
+  });
+}
+
 }  // namespace
 
 const std::vector<Entry>& AllEntries() {
@@ -116,6 +175,12 @@ const std::vector<Entry>& AllEntries() {
        [] { return __UserPaperSetDlg(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr); }, 0},
       {"CheckList", IDD_CHECK_LIST, RunCheckList, false,
        [] { return __CheckListDlg(nullptr, nullptr, nullptr); }, -1},
+      {"SelFont", IDD_SEL_FONT, RunFont, false,
+       [] { return INT_PTR{__SelFontDlg(nullptr, nullptr, 0.0, "", TRUE, FALSE, 0)}; }, FALSE,
+       RunBareFont<IDD_SEL_FONT>},
+      {"SelFontEx", IDD_SEL_FONT_EX, RunFontEx, false,
+       [] { return INT_PTR{__SelFontExDlg(nullptr, nullptr, 0.0, "", FALSE, 0)}; }, FALSE,
+       RunBareFont<IDD_SEL_FONT_EX>},
       {"SelColor", IDD_COLOUR_GRID, RunSelColor, true,
        [] { return INT_PTR{__SelColorDlg(nullptr, nullptr, nullptr)}; }, FALSE},
       {"SelColorEx", IDD_COLOUR_TABS, RunSelColorEx, true,

@@ -21,6 +21,8 @@ struct Entry {
   bool hasPosition;
   INT_PTR (*runWithNull)();  ///< a null where a value is needed
   INT_PTR failure;           ///< what that, and a dialog that cannot be created, give
+  /// Runs the same without anything of ours; null where the system only has to run the template.
+  void (*runBare)(HWND owner) = nullptr;
 };
 
 const std::vector<Entry>& AllEntries();
