@@ -20,6 +20,9 @@ public:
 protected:
   LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
+  /// Whether a kana-kanji conversion is under way.
+  bool IsComposing() const { return m_bComposing; }
+
 private:
   bool m_bComposing = false;
 };
