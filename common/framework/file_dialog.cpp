@@ -106,7 +106,7 @@ INT_PTR CFileDialog::DoModal() {
   if (chosen == FALSE) {
     return IDCANCEL;
   }
-  m_path = path.c_str();
+  m_path = path.substr(0, path.find(L'\0'));
   Last().Set(m_path.substr(0, description.nFileOffset));
   return IDOK;
 }

@@ -47,6 +47,7 @@ public:
   }
 
 private:
+  // NOLINTBEGIN(misc-no-recursion): no deeper than kDeepestNesting
   double Sum() {
     double sum = Product();
     while (Ok()) {
@@ -110,6 +111,7 @@ private:
     }
     return value;
   }
+  // NOLINTEND(misc-no-recursion)
 
   double Number() {
     const LeadingNumber number = ReadDecimal(m_rest);

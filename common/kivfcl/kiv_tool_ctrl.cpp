@@ -5,6 +5,7 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <vector>
 
 namespace {
@@ -66,6 +67,7 @@ bool CKivToolCtrl::LoadImages(UINT bitmapId, int imageCount) {
 
 void CKivToolCtrl::AddButtons(const TOOLITEM* items, int count, BOOL disabled) {
   std::vector<TBBUTTON> buttons;
+  buttons.reserve(static_cast<std::size_t>(std::max(count, 0)));
   for (int i = 0; i < count; ++i) {
     buttons.push_back(ButtonOf(items[i], disabled));
   }

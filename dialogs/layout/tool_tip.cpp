@@ -60,7 +60,8 @@ public:
     if (::RegisterClassExW(&description) == 0) {
       AfxThrowResourceException();
     }
-    background.release();  // the class has it, and the platform deletes it with the class
+    // The class has it now, and the platform deletes it with the class.
+    static_cast<void>(background.release());
   }
   ~TipClass() { ::UnregisterClassW(kClassName, OwnModule()); }
   TipClass(const TipClass&) = delete;
@@ -72,8 +73,11 @@ struct HookRemover {
   void operator()(HHOOK hook) const { ::UnhookWindowsHookEx(hook); }
 };
 
-/// What all tips have in common.
-struct Shared {
+std::wstring Wide(const CString& text) { return quorvel::WideFromCodePage(text.View()); }
+
+}  // namespace
+
+struct CToolTip::Shared {
   quorvel::OwnedFont font = MakeFont();
   TipClass windowClass;
   /// For how long the pointer must stand still, in milliseconds; 0 is the least that the platform
@@ -84,15 +88,10 @@ struct Shared {
   CToolTip* current = nullptr;  ///< the one on screen
 };
 
-/// Made by the first tip.
-Shared& Common() {
+CToolTip::Shared& CToolTip::TheShared() {
   static Shared shared;
   return shared;
 }
-
-std::wstring Wide(const CString& text) { return quorvel::WideFromCodePage(text.View()); }
-
-}  // namespace
 
 BEGIN_MESSAGE_MAP(CToolTip, CWnd)
   ON_WM_PAINT(&CToolTip::OnPaint)
@@ -100,20 +99,18 @@ BEGIN_MESSAGE_MAP(CToolTip, CWnd)
   ON_MESSAGE(WM_TIMER, &CToolTip::OnTimer)
 END_MESSAGE_MAP()
 
-CToolTip::CToolTip() : m_offset(kDefaultOffset) {
-  Shared& shared = Common();
-  if (shared.hook == nullptr) {
-    shared.hook.reset(::SetWindowsHookExW(WH_KEYBOARD, &CToolTip::KeyboardHook, nullptr,
-                                          ::GetCurrentThreadId()));
+CToolTip::CToolTip() : m_shared(TheShared()), m_offset(kDefaultOffset) {
+  if (m_shared.hook == nullptr) {
+    m_shared.hook.reset(::SetWindowsHookExW(WH_KEYBOARD, &CToolTip::KeyboardHook, nullptr,
+                                            ::GetCurrentThreadId()));
   }
-  ++shared.tips;
+  ++m_shared.tips;
 }
 
 CToolTip::~CToolTip() {
   CToolTip::DestroyWindow();
-  Shared& shared = Common();
-  if (--shared.tips == 0) {
-    shared.hook.reset();
+  if (--m_shared.tips == 0) {
+    m_shared.hook.reset();
   }
 }
 
@@ -133,8 +130,8 @@ BOOL CToolTip::DestroyWindow() {
 }
 
 void CToolTip::PostNcDestroy() {
-  if (Common().current == this) {
-    Common().current = nullptr;
+  if (m_shared.current == this) {
+    m_shared.current = nullptr;
   }
   m_nTimer = 0;
   m_bCreated = FALSE;
@@ -153,14 +150,14 @@ void CToolTip::Request(CPoint point, const CString& text) {
   m_lines.Add(text);
   m_anchor = point;
   KillTimer();
-  m_nTimer = ::SetTimer(m_hWnd, kTimer, static_cast<UINT>(Common().delay), nullptr);
+  m_nTimer = ::SetTimer(m_hWnd, kTimer, static_cast<UINT>(m_shared.delay), nullptr);
 }
 
 void CToolTip::Hide() {
   if (m_bCreated != FALSE) {
     ::ShowWindow(m_hWnd, SW_HIDE);
     KillTimer();
-    Common().current = nullptr;
+    m_shared.current = nullptr;
   }
 }
 
@@ -187,10 +184,11 @@ BOOL CToolTip::PreTranslateMessage(MSG* message) {
 }
 
 LRESULT CALLBACK CToolTip::KeyboardHook(int code, WPARAM wParam, LPARAM lParam) {
-  if (code >= 0 && Common().current != nullptr) {
-    Common().current->Hide();
+  const Shared& shared = TheShared();
+  if (code >= 0 && shared.current != nullptr) {
+    shared.current->Hide();
   }
-  return ::CallNextHookEx(Common().hook.get(), code, wParam, lParam);
+  return ::CallNextHookEx(shared.hook.get(), code, wParam, lParam);
 }
 
 LRESULT CToolTip::OnTimer(WPARAM /*wParam*/, LPARAM /*lParam*/) {
@@ -206,8 +204,8 @@ void CToolTip::Show() {
   if (m_bCreated == FALSE) {
     return;
   }
-  if (Common().current != nullptr) {
-    Common().current->Hide();
+  if (m_shared.current != nullptr) {
+    m_shared.current->Hide();
   }
   const CSize line = MeasureLines();
   const auto lines = static_cast<int>(m_lines.GetSize());
@@ -222,7 +220,7 @@ void CToolTip::Show() {
   ::SetWindowPos(m_hWnd, HWND_TOP, rect.left, rect.top + kDrop, rect.Width(), rect.Height(),
                  SWP_NOACTIVATE | SWP_SHOWWINDOW);
   m_stayRect = CRect(m_anchor, CSize()).Grown(kStayDistance, kStayDistance);
-  Common().current = this;
+  m_shared.current = this;
 }
 
 CSize CToolTip::MeasureLines() const {
@@ -233,7 +231,7 @@ CSize CToolTip::MeasureLines() const {
     }
   }
   const CClientDC deviceContext(this);
-  const quorvel::SelectedObject font(deviceContext.Handle(), Common().font.get());
+  const quorvel::SelectedObject font(deviceContext.Handle(), m_shared.font.get());
   CSize size;
   ::GetTextExtentPoint32W(deviceContext.Handle(), longest.data(), static_cast<int>(longest.size()),
                           &size);
@@ -246,7 +244,7 @@ void CToolTip::OnPaint() {
     AfxThrowInvalidArgException();
   }
   const HDC deviceContext = paint.Handle();
-  const quorvel::SelectedObject font(deviceContext, Common().font.get());
+  const quorvel::SelectedObject font(deviceContext, m_shared.font.get());
   ::SetBkColor(deviceContext, ::GetSysColor(COLOR_INFOBK));
   ::SetTextColor(deviceContext, ::GetSysColor(COLOR_INFOTEXT));
   std::wstring text = Wide(m_lines.GetAt(0));

@@ -45,6 +45,9 @@ protected:
   DECLARE_MESSAGE_MAP()
 
 private:
+  /// What all tips have in common; made by the first.
+  struct Shared;
+  static Shared& TheShared();
   static LRESULT CALLBACK KeyboardHook(int code, WPARAM wParam, LPARAM lParam);
 
   void OnPaint();
@@ -56,6 +59,7 @@ private:
   CSize MeasureLines() const;
   void KillTimer();
 
+  Shared& m_shared;
   CWnd* m_pOwner = nullptr;
   CPoint m_offset;
   CRect m_stayRect;  ///< screen pixels around the anchor
