@@ -80,7 +80,8 @@ TEST(ProductFiles, QuorvelExportsTheEntriesAndNothingElse) {
 TEST(ProductFiles, ImportNothingButWindowsTheirSistersAndTheRunTime) {
   const std::set<std::string> allowed{
       // Windows
-      "advapi32.dll", "comctl32.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll", "user32.dll",
+      "advapi32.dll", "comctl32.dll", "comdlg32.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll",
+      "user32.dll",
       // the compiler's run-time
       "libgcc_s_seh-1.dll", "libstdc++-6.dll", "libwinpthread-1.dll",
       // sisters
