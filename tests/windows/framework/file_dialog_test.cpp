@@ -115,6 +115,14 @@ TEST_F(FileDialog, ASavedNameGetsTheExtension) {
   EXPECT_EQ(whole.GetPathNameWide(), PathOf("whole.mtpld"));
 }
 
+TEST_F(FileDialog, ADefaultExtensionMayBeWrittenAsAPattern) {
+  for (const char* extension : {"mtpld", "*.mtpld"}) {
+    CFileDialog dialog(FALSE, extension, "", kSaveFlags, "すべて (*.*)|*.*||");
+    EXPECT_EQ(Choose(dialog, PathOf("new")), IDOK);
+    EXPECT_EQ(dialog.GetPathNameWide(), PathOf("new.mtpld")) << extension;
+  }
+}
+
 TEST_F(FileDialog, AsksBeforeAFileIsReplaced) {
   CFileDialog dialog = Saving();
   ModalScript script;
