@@ -53,7 +53,7 @@ test: native windows run-packages
 # The seeds are made anew; inputs that found new ways stay in build/fuzz/found, a failing one in
 # build/fuzz/failed.
 SECONDS := 60
-FUZZERS := ex_page_file field_macro grid_page_file
+FUZZERS := ex_page_file expression field_macro grid_page_file
 .PHONY: fuzzers $(addprefix fuzz-,$(FUZZERS))
 fuzzers: build-packages | build
 	@tools/install-packages clang libclang-rt-14-dev

@@ -17,6 +17,9 @@ class FRAME_API CEdit : public CWnd {
 protected:
   LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
+  /// Whether a kana-kanji conversion is under way.
+  bool IsComposing() const { return m_bComposing; }
+
 private:
   bool m_bComposing = false;
 };

@@ -7,24 +7,26 @@
 
 #include <optional>
 
-namespace {
+namespace quorvel {
 
-void ShowText(HWND control, const CString& text) {
+void ShowFieldText(HWND control, const CString& text) {
   // Unchanged text stays as it is: no flicker, and the caret stays where the user put it.
-  const std::wstring wide = quorvel::WideFromCodePage(text.View());
-  if (quorvel::WindowText(control) != wide) {
+  const std::wstring wide = WideFromCodePage(text.View());
+  if (WindowText(control) != wide) {
     ::SetWindowTextW(control, wide.c_str());
   }
 }
 
-CString TextOf(HWND control) {
-  return CString(quorvel::CodePageFromWide(quorvel::WindowText(control)));
-}
+CString FieldText(HWND control) { return CString(CodePageFromWide(WindowText(control))); }
+
+}  // namespace quorvel
+
+namespace {
 
 /// Reads a field with `parse`, which gives nothing for a text that it refuses.
 template <class Number, class Parse>
 void ReadNumber(CDataExchange* pDX, HWND control, Number& value, Parse parse, const char* message) {
-  const std::optional<Number> number = parse(TextOf(control).View());
+  const std::optional<Number> number = parse(quorvel::FieldText(control).View());
   if (!number) {
     pDX->Fail(message);
   }
@@ -56,7 +58,7 @@ void DDX_Control(CDataExchange* pDX, int id, CWnd& control) {
 void DDX_Text(CDataExchange* pDX, int id, CString& value) {
   const HWND control = pDX->PrepareEditCtrl(id);
   if (pDX->m_bSaveAndValidate == FALSE) {
-    ShowText(control, value);
+    quorvel::ShowFieldText(control, value);
     return;
   }
   const std::wstring text = quorvel::WindowText(control);
@@ -74,7 +76,7 @@ void DDX_Text(CDataExchange* pDX, int id, int& value) {
   if (pDX->m_bSaveAndValidate == FALSE) {
     CString text;
     text.Format("%d", value);
-    ShowText(control, text);
+    quorvel::ShowFieldText(control, text);
     return;
   }
   ReadNumber(pDX, control, value, quorvel::ParseInteger, "整数を入力してください。");
@@ -83,7 +85,7 @@ void DDX_Text(CDataExchange* pDX, int id, int& value) {
 void DDX_Text(CDataExchange* pDX, int id, double& value) {
   const HWND control = pDX->PrepareEditCtrl(id);
   if (pDX->m_bSaveAndValidate == FALSE) {
-    ShowText(control, quorvel::ShortestText(value));
+    quorvel::ShowFieldText(control, quorvel::ShortestText(value));
     return;
   }
   ReadNumber(pDX, control, value, quorvel::ParseNumber, "数値を入力してください。");

@@ -35,6 +35,16 @@ private:
   HWND m_hWndLastControl = nullptr;
 };
 
+namespace quorvel {
+
+/// Shows a text (code page 932) in a field. One that stands there already stays untouched, caret and
+/// all.
+FRAME_API void ShowFieldText(HWND control, const CString& text);
+/// The field's text; characters that code page 932 lacks are question marks.
+FRAME_API CString FieldText(HWND control);
+
+}  // namespace quorvel
+
 /// Attaches `control` to the control `id` at the first exchange.
 FRAME_API void DDX_Control(CDataExchange* pDX, int id, CWnd& control);
 

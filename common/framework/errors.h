@@ -10,3 +10,11 @@ public:
 };
 
 [[noreturn]] inline void AfxThrowInvalidArgException() { throw CInvalidArgException(); }
+
+/// The platform could not make a resource, such as a window class.
+class CResourceException : public std::runtime_error {
+public:
+  CResourceException() : std::runtime_error("resource not available") {}
+};
+
+[[noreturn]] inline void AfxThrowResourceException() { throw CResourceException(); }

@@ -3,6 +3,7 @@
 #include "framework/code_page.h"
 #include "framework/device_context.h"
 #include "framework/message_box.h"
+#include "framework/wide_font.h"
 
 #include <dlgs.h>
 
@@ -64,31 +65,6 @@ private:
 
 bool IsVertical(const std::wstring& face) {
   return face.starts_with(L'@');
-}
-
-std::wstring FaceOf(const LOGFONTA& font) {
-  const std::string_view bytes(std::begin(font.lfFaceName), std::size(font.lfFaceName));
-  return quorvel::WideFromCodePage(bytes.substr(0, bytes.find('\0')));
-}
-
-LOGFONTW WideLogFont(const LOGFONTA& font) {
-  LOGFONTW wide{};
-  wide.lfHeight = font.lfHeight;
-  wide.lfWidth = font.lfWidth;
-  wide.lfEscapement = font.lfEscapement;
-  wide.lfOrientation = font.lfOrientation;
-  wide.lfWeight = font.lfWeight;
-  wide.lfItalic = font.lfItalic;
-  wide.lfUnderline = font.lfUnderline;
-  wide.lfStrikeOut = font.lfStrikeOut;
-  wide.lfCharSet = font.lfCharSet;
-  wide.lfOutPrecision = font.lfOutPrecision;
-  wide.lfClipPrecision = font.lfClipPrecision;
-  wide.lfQuality = font.lfQuality;
-  wide.lfPitchAndFamily = font.lfPitchAndFamily;
-  // No longer than the narrow name: a character takes at least one byte.
-  FaceOf(font).copy(std::begin(wide.lfFaceName), LF_FACESIZE - 1);
-  return wide;
 }
 
 /// The name as a LOGFONTA can hold it; nothing where code page 932 lacks a character or the name is
@@ -175,7 +151,7 @@ INT_PTR CFontDialog::RunModal() {
   m_bOpened = false;
   m_bAccepted = false;
   // The platform writes into the record while the dialog is open, even if it is cancelled then.
-  m_platformFont = WideLogFont(m_font);
+  m_platformFont = quorvel::WideLogFont(m_font);
   if ((m_cf.Flags & CF_INITTOLOGFONTSTRUCT) != 0 && !IsInstalled(m_platformFont.lfFaceName)) {
     // For a face that it does not list the platform would show another one, Wine its very first.
     PutStandIn(m_platformFont);

@@ -51,7 +51,9 @@ AFX_MAINTAIN_STATE2::AFX_MAINTAIN_STATE2(AFX_MODULE_STATE* state) : m_pPrevious(
       context != INVALID_HANDLE_VALUE && ::ActivateActCtx(context, &m_nCookie) != FALSE;
   g_currentState = state;
   // In the context, so that the classes of its version of the common controls are registered.
-  INITCOMMONCONTROLSEX classes{sizeof classes, ICC_LISTVIEW_CLASSES | ICC_TAB_CLASSES | ICC_STANDARD_CLASSES};
+  constexpr DWORD kClasses =
+      ICC_LISTVIEW_CLASSES | ICC_TAB_CLASSES | ICC_BAR_CLASSES | ICC_STANDARD_CLASSES;
+  INITCOMMONCONTROLSEX classes{sizeof classes, kClasses};
   ::InitCommonControlsEx(&classes);
 }
 

@@ -28,9 +28,12 @@ constexpr unsigned char kFullWidthLowerE = 0x85;
 /// Besides the minus sign itself, the long-vowel mark: the same key gives it in kana input.
 constexpr std::array kSymbols{FullWidthForm{0x40, ' '}, FullWidthForm{0x44, '.'},
                               FullWidthForm{0x7B, '+'}, FullWidthForm{0x7C, '-'},
-                              FullWidthForm{0x5B, '-'}};
+                              FullWidthForm{0x5B, '-'}, FullWidthForm{0x96, '*'},
+                              FullWidthForm{0x7E, '*'}, FullWidthForm{0x5E, '/'},
+                              FullWidthForm{0x80, '/'}, FullWidthForm{0x69, '('},
+                              FullWidthForm{0x6A, ')'}};
 
-/// Half-width form of a two-byte character that can stand in a number; 0 for any other.
+/// Half-width form of a two-byte character that can stand in a calculation; 0 for any other.
 char HalfWidth(unsigned char lead, unsigned char trail) {
   if (lead == kAlphanumericLead) {
     if (trail >= kFullWidthZero && trail <= kFullWidthNine) {
@@ -50,8 +53,42 @@ char HalfWidth(unsigned char lead, unsigned char trail) {
 
 bool IsBlank(char character) { return character == ' ' || (character >= '\t' && character <= '\r'); }
 
-/// The text in half-width forms up to the first character that cannot stand in a number, which is
-/// replaced by a zero byte: no parser reads past it.
+std::string_view WithoutBlanksAround(std::string_view text) {
+  while (!text.empty() && IsBlank(text.front())) {
+    text.remove_prefix(1);
+  }
+  while (!text.empty() && IsBlank(text.back())) {
+    text.remove_suffix(1);
+  }
+  return text;
+}
+
+/// std::from_chars takes a minus sign only; a plus sign must be followed by the number itself.
+std::string_view WithoutPlusSign(std::string_view text) {
+  if (text.size() > 1 && text[0] == '+' && text[1] != '-') {
+    text.remove_prefix(1);
+  }
+  return text;
+}
+
+/// Whether a decimal number outside the range of a double is too large rather than too small.
+bool IsAboveOne(std::string_view number) {
+  const std::size_t mantissaEnd = std::min(number.find_first_of("eE"), number.size());
+  const std::string_view mantissa = number.substr(0, mantissaEnd);
+  const auto point = static_cast<long long>(std::min(mantissa.find('.'), mantissa.size()));
+  const auto firstDigit = static_cast<long long>(mantissa.find_first_of("123456789"));
+  long long exponent = 0;
+  if (mantissaEnd < number.size()) {
+    const std::string_view text = WithoutPlusSign(number.substr(mantissaEnd + 1));
+    if (std::from_chars(text.data(), text.data() + text.size(), exponent).ec != std::errc()) {
+      return !text.starts_with('-');
+    }
+  }
+  return point - firstDigit + exponent > 0;
+}
+
+}  // namespace
+
 std::string HalfWidthForm(std::string_view text) {
   std::string half;
   half.reserve(text.size());
@@ -72,47 +109,6 @@ std::string HalfWidthForm(std::string_view text) {
   return half;
 }
 
-std::string_view WithoutBlanksAround(std::string_view text) {
-  while (!text.empty() && IsBlank(text.front())) {
-    text.remove_prefix(1);
-  }
-  while (!text.empty() && IsBlank(text.back())) {
-    text.remove_suffix(1);
-  }
-  return text;
-}
-
-/// std::from_chars takes a minus sign only; a plus sign must be followed by the number itself.
-std::string_view WithoutPlusSign(std::string_view text) {
-  if (text.size() > 1 && text[0] == '+' && text[1] != '-') {
-    text.remove_prefix(1);
-  }
-  return text;
-}
-
-struct LeadingNumber {
-  double value = 0.0;
-  std::size_t length = 0;  ///< 0 where the text begins with no number
-  bool tooLarge = false;
-};
-
-/// Whether a decimal number outside the range of a double is too large rather than too small.
-bool IsAboveOne(std::string_view number) {
-  const std::size_t mantissaEnd = std::min(number.find_first_of("eE"), number.size());
-  const std::string_view mantissa = number.substr(0, mantissaEnd);
-  const auto point = static_cast<long long>(std::min(mantissa.find('.'), mantissa.size()));
-  const auto firstDigit = static_cast<long long>(mantissa.find_first_of("123456789"));
-  long long exponent = 0;
-  if (mantissaEnd < number.size()) {
-    const std::string_view text = WithoutPlusSign(number.substr(mantissaEnd + 1));
-    if (std::from_chars(text.data(), text.data() + text.size(), exponent).ec != std::errc()) {
-      return !text.starts_with('-');
-    }
-  }
-  return point - firstDigit + exponent > 0;
-}
-
-/// Reads digits with an optional sign, point and exponent; never "inf", "nan" or hexadecimal.
 LeadingNumber ReadDecimal(std::string_view text) {
   const std::size_t firstDigit = text.find_first_not_of('-');
   if (firstDigit > 1 ||  // also where there is none
@@ -132,8 +128,6 @@ LeadingNumber ReadDecimal(std::string_view text) {
   }
   return number;
 }
-
-}  // namespace
 
 std::optional<int> ParseInteger(std::string_view text) {
   const std::string half = HalfWidthForm(text);

@@ -7,10 +7,27 @@
 #include "framework/cstring.h"
 #include "framework/frame_export.h"
 
+#include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace quorvel {
+
+/// The text with digits, letters e, blanks, points, signs, brackets and signs of multiplication and
+/// division in half width ("*" and "/"), up to the first other character beyond ASCII, which is
+/// replaced by a zero byte: no parser reads past it.
+FRAME_API std::string HalfWidthForm(std::string_view text);
+
+/// A decimal number that a text begins with.
+struct LeadingNumber {
+  double value = 0.0;      ///< an infinity of its sign where it is too large
+  std::size_t length = 0;  ///< in bytes; 0 where the text begins with no number
+  bool tooLarge = false;
+};
+/// Digits with an optional minus sign, point and exponent, in half width; never "inf", "nan" or
+/// hexadecimal.
+FRAME_API LeadingNumber ReadDecimal(std::string_view text);
 
 /// A whole number with nothing but blanks around it; empty for an empty text, for anything else in
 /// the text and for what an int cannot hold.

@@ -119,11 +119,7 @@ void CWnd::InvalidatePart(const RECT* part) const {
   }
 }
 
-void CWnd::DestroyWindow() {
-  if (m_hWnd != nullptr) {
-    ::DestroyWindow(m_hWnd);
-  }
-}
+BOOL CWnd::DestroyWindow() { return m_hWnd != nullptr ? ::DestroyWindow(m_hWnd) : FALSE; }
 
 void CWnd::Detach() {
   CWnd** link = &g_firstAttached;

@@ -37,8 +37,9 @@ public:
   /// when the object has a window.
   BOOL CreateChild(const wchar_t* className, DWORD extendedStyle, DWORD style, const CRect& rect,
                    const CWnd* parent, UINT id);
-  /// Destroys the window; the object is detached. Nothing happens without a window.
-  void DestroyWindow();
+  /// Destroys the window; the object is detached. Without a window nothing happens, and the result
+  /// is FALSE.
+  virtual BOOL DestroyWindow();
 
   /// Shows the values of the members in the controls (FALSE) or reads the controls into the members
   /// (TRUE). Reading stops at the first field that is refused: one message is shown, the field gets

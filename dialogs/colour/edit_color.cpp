@@ -47,7 +47,8 @@ void CEditColor::CreateControls() {
   if (m_pSysEnv != nullptr) {
     LOGFONTA font = m_pSysEnv->GetCtrlFont();
     font.lfHeight = std::lround(font.lfHeight * rate);
-    m_font.reset(::CreateFontIndirectA(&font));
+    const LOGFONTW wide = quorvel::WideLogFont(font);
+    m_font.reset(::CreateFontIndirectW(&wide));
   }
   m_layout = quorvel::LayOutEditColor(GetDlgItemRect(IDC_COLOUR_PLACE), rate);
   m_cmbModel.CreateChild(L"ComboBox", 0, CBS_DROPDOWNLIST | WS_TABSTOP | WS_VISIBLE,

@@ -34,7 +34,7 @@ public:
     SubclassWindow(::CreateWindowExW(0, L"STATIC", L"", kStyle, 100, 100, 400, 300, nullptr, nullptr,
                                      nullptr, nullptr));
   }
-  ~ControlOwner() override { DestroyWindow(); }
+  ~ControlOwner() override { CWnd::DestroyWindow(); }
   ControlOwner(const ControlOwner&) = delete;
   ControlOwner& operator=(const ControlOwner&) = delete;
 
