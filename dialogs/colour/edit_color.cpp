@@ -1,6 +1,7 @@
 #include "dialogs/colour/edit_color.h"
 
 #include "framework/number_text.h"
+#include "framework/wide_font.h"
 #include "kivfcl/display_rate.h"
 
 #include <cmath>
