@@ -52,6 +52,18 @@ protected:
     script.When(FileDialogShown(), [&](HWND window) { EnterName(window, name); });
     return Work(script, [&] { return dialog.DoModal(); });
   }
+  /// The platform remembers a folder, too.
+  static void ChooseWithThePlatformsOwn(const std::filesystem::path& path) {
+    std::array<wchar_t, MAX_PATH> chosen{};
+    OPENFILENAMEW description{};
+    description.lStructSize = sizeof description;
+    description.lpstrFile = chosen.data();
+    description.nMaxFile = static_cast<DWORD>(chosen.size());
+    description.Flags = OFN_EXPLORER | OFN_NOCHANGEDIR;
+    ModalScript script;
+    script.When(FileDialogShown(), [&](HWND window) { EnterName(window, path.wstring()); });
+    EXPECT_TRUE(Work(script, [&] { return ::GetSaveFileNameW(&description); }));
+  }
   static CFileDialog Opening() { return CFileDialog(TRUE, "*.mtpld", "", kOpenFlags, kFilter); }
   static CFileDialog Saving() { return CFileDialog(FALSE, "*.mtpld", "", kSaveFlags, kFilter); }
 
@@ -77,6 +89,7 @@ TEST_F(FileDialog, GivesNothingWhenCancelled) {
 TEST_F(FileDialog, StartsInTheFolderThatWasUsedLast) {
   CFileDialog first = Opening();
   ASSERT_EQ(Choose(first, PathOf("old.mtpld")), IDOK);
+  ChooseWithThePlatformsOwn(std::filesystem::temp_directory_path() / "elsewhere.mtpld");
   CFileDialog second = Opening();
   EXPECT_EQ(Choose(second, L"old.mtpld"), IDOK);
   EXPECT_EQ(second.GetPathNameWide(), PathOf("old.mtpld"));
