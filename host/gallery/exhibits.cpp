@@ -1,6 +1,7 @@
 #include "gallery/colour_exhibits.h"
 #include "gallery/exhibit.h"
 #include "gallery/input_exhibits.h"
+#include "gallery/layout_exhibits.h"
 
 namespace quorvel::gallery {
 
@@ -9,7 +10,8 @@ std::vector<Exhibit> AllExhibits() {
       InputTextExhibit(),     InputScaleExhibit(),    InputDpiExhibit(),
       InputPointXYExhibit(),  InputPointXYZExhibit(), UserPaperExhibit(),
       CheckListExhibit(),     SelectColorExhibit(),   SelectColorExExhibit(),
-      EditColorExhibit(),     SelectRgbExhibit(),
+      EditColorExhibit(),     SelectRgbExhibit(),     RuledLinesExhibit(),
+      FieldExhibit(),         CelSizeExhibit(),
   };
 }
 
