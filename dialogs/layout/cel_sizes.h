@@ -30,8 +30,8 @@ public:
     float first;
     float second;
   };
-  /// The lengths for this text of the first field, whose number is taken with all its decimals; empty
-  /// where either is not above 0 by more than a millionth.
+  /// The lengths for this text of the first field, whose number is taken with all its decimals;
+  /// empty where either is not above 0 by more than a millionth.
   std::optional<Lengths> Confirmed(const CString& firstText) const;
 
 private:

@@ -1,5 +1,5 @@
-// What the field editor offers and decides: the thirteen types of a field macro and what each of them
-// needs.
+// What the field editor offers and decides: the thirteen types of a field macro and what each of
+// them needs.
 //
 //   FieldChoice choice{.type = 9, .field1 = "金額", ...};
 //   if (MissingPart(choice) == FieldPart::kNone) {
@@ -17,7 +17,8 @@
 
 namespace quorvel {
 
-/// A type's value in the settings is its place in the list and this; settings with less are no macro.
+/// A type's value in the settings is its place in the list and this; settings with less are no
+/// macro.
 inline constexpr unsigned int kFirstFieldType = 200;
 inline constexpr int kFieldTypeCount = 13;
 

@@ -36,8 +36,8 @@ struct FrameLines {
   int operator[](FrameLine line) const { return shown[static_cast<std::size_t>(line)]; }
 };
 
-/// The lines of the runs of selected cells that the page reports: a kind of line is shown if it is in
-/// any of them. Inner lines are judged by the first cell of a run alone.
+/// The lines of the runs of selected cells that the page reports: a kind of line is shown if it is
+/// in any of them. Inner lines are judged by the first cell of a run alone.
 FrameLines ReadFrameLines(const CLayoutExPageData& page, CLayoutExPageData::LISTTYPE block);
 
 /// Shows and hides the lines of all runs of selected cells by one call.

@@ -86,7 +86,8 @@ void CLayoutFieldEditDlg::LoadInfo() {
 }
 
 // The list itself finds names in letters of any case: the exact one comes first, where a host has
-// names that differ in nothing else. A macro without the field has an empty name and looks for none.
+// names that differ in nothing else. A macro without the field has an empty name and looks for
+// none.
 void CLayoutFieldEditDlg::SelectField(CComboBox& combo, const CString& name) const {
   if (name.IsEmpty()) {
     return;

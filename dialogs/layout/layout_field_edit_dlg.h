@@ -1,5 +1,5 @@
-// CLayoutFieldEditDlg: the settings of a field macro, the text by which a cell shows a value from the
-// host's records.
+// CLayoutFieldEditDlg: the settings of a field macro, the text by which a cell shows a value from
+// the host's records.
 //
 //   CLayoutFieldEditDlg dialog(&fieldNames, cell->GetText(), position, this);
 //   if (dialog.DoModal() == IDOK) cell->SetText(dialog.m_strMacro);
@@ -11,12 +11,12 @@
 #include "kivfcl/kiv_dialog.h"
 #include "res/ids.h"
 
-/// Begins with the settings of the macro given; with any other text with a value of the first field.
-/// Typed letters lead to the field whose name begins with them.
+/// Begins with the settings of the macro given; with any other text with a value of the first
+/// field. Typed letters lead to the field whose name begins with them.
 class CLayoutFieldEditDlg : public CKivDialog {
 public:
-  /// `fieldNames` stays the caller's and does not change meanwhile; so does `position`, which may be
-  /// null.
+  /// `fieldNames` stays the caller's and does not change meanwhile; so does `position`, which may
+  /// be null.
   CLayoutFieldEditDlg(const CStringArray* fieldNames, const CString& macro, CPoint* position,
                       CWnd* parent = nullptr);
 

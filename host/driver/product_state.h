@@ -3,8 +3,8 @@
 //   CLayoutCelSizeEditDlg dialog(&first, &second);
 //   if (RunWithProductResources(dialog) == IDOK) ...
 //
-// For programs that link the dialogs themselves: Quorvel.dll exports the entries and nothing else, and
-// a door of its own for tests and for the gallery would be one more thing that hosts get.
+// For programs that link the dialogs themselves: Quorvel.dll exports the entries and nothing else,
+// and a door of its own for tests and for the gallery would be one more thing that hosts get.
 #pragma once
 
 #include "driver/platform.h"
