@@ -50,10 +50,10 @@ const char* FieldTypeText(int type);
 /// Places in lists count from 0, -1 is none.
 struct FieldChoice {
   int type = 0;
-  CString field1;
+  CString field1{};
   int comparison = 0;
-  CString value;
-  CString field2;
+  CString value{};
+  CString field2{};
   int useDecimals = 0;
   int decimals = 0;
   int grouping = 0;

@@ -27,8 +27,10 @@ void CLayoutCelSizeEditDlg::OnFirstLeft() { OnLeft(IDC_CEL_SIZE_FIRST, IDC_CEL_S
 void CLayoutCelSizeEditDlg::OnSecondLeft() { OnLeft(IDC_CEL_SIZE_SECOND, IDC_CEL_SIZE_FIRST); }
 
 void CLayoutCelSizeEditDlg::OnLeft(int left, int other) {
-  if (m_bComplaining) {
-    return;  // what was typed stays to be seen
+  // For a message or another program the field is left as it is: the user comes back to it.
+  const HWND focus = ::GetFocus();
+  if (m_bLeadingBack || ::IsChild(m_hWnd, focus) == FALSE) {
+    return;
   }
   const quorvel::CelSizes::Texts texts = m_sizes.AfterLeaving(GetDlgItemText(left));
   SetDlgItemText(left, texts.left);
@@ -40,10 +42,10 @@ void CLayoutCelSizeEditDlg::OnOK() {
   const std::optional<quorvel::CelSizes::Lengths> lengths =
       m_sizes.Confirmed(GetDlgItemText(IDC_CEL_SIZE_FIRST));
   if (!lengths) {
-    m_bComplaining = true;
     AfxMessageBox("値が不正です。＋値を設定してください。", MB_OK | MB_ICONEXCLAMATION);
+    m_bLeadingBack = true;
     GotoDlgCtrl(GetDlgItem(IDC_CEL_SIZE_FIRST));
-    m_bComplaining = false;
+    m_bLeadingBack = false;
     return;
   }
   *m_pFirst = lengths->first;

@@ -30,6 +30,6 @@ private:
   float* m_pFirst;
   float* m_pSecond;
   quorvel::CelSizes m_sizes;
-  /// While true, the focus leaves a field only for a message about it.
-  bool m_bComplaining = false;
+  /// While true, the focus is led to the field that was refused: what was typed stays to be seen.
+  bool m_bLeadingBack = false;
 };
