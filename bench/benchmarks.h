@@ -13,7 +13,8 @@ std::vector<Row> InputDialogs(int runs);
 /// The colour dialogs against the platform's own one, and their painting against what it needs.
 std::vector<Row> ColourDialogs(int runs);
 
-/// The dialogs that the layout editors open against their bare templates, and with very many fields.
+/// The dialogs that the layout editors open, against their bare templates; one with very many
+/// fields.
 std::vector<Row> LayoutDialogs(int runs);
 
 /// The page model at its largest: files, rectangles, changes, memory.

@@ -159,7 +159,8 @@ Exhibit FieldExhibit() {
     hand->macro = info.GetMacroString(FieldTypeText(9));
   };
   const std::wstring before =
-      LR"(macro="<F type=209 "抽出合計" field="数量" find>="10" ref="金額" decimals=2 fixed=1 grouped=0>")";
+      LR"(macro="<F type=209 "抽出合計" field="数量" find>="10")"
+      LR"( ref="金額" decimals=2 fixed=1 grouped=0>")";
   return {
       .name = "layout-field-edit",
       .entry = L"CLayoutFieldEditDlg",
@@ -188,7 +189,8 @@ Exhibit FieldExhibit() {
                     Click(dialog, IDOK);
                   },
                   kConfirmed,
-                  LR"(macro="<F type=210 "抽出小計カウント" field="単価" find>="1,000" ref="金額" decimals=2 fixed=1 grouped=1>")"),
+                  LR"(macro="<F type=210 "抽出小計カウント" field="単価" find>="1,000")"
+                  LR"( ref="金額" decimals=2 fixed=1 grouped=1>")"),
               Stop(
                   kFieldTitle, setUp,
                   [](HWND dialog, ModalScript&) {

@@ -223,7 +223,8 @@ TEST(FrameLines, InnerLinesWithoutRoomAndDiagonalsAreNotDrawn) {
     return all;
   };
   using enum FrameStroke;
-  EXPECT_EQ(strokes(), (std::array{kSolid, kSolid, kDotted, kSolid, kSolid, kDotted, kNone, kNone}));
+  EXPECT_EQ(strokes(),
+            (std::array{kSolid, kSolid, kDotted, kSolid, kSolid, kDotted, kNone, kNone}));
   lines.multiRow = 0;
   EXPECT_EQ(strokes(), (std::array{kSolid, kNone, kDotted, kSolid, kSolid, kDotted, kNone, kNone}));
   lines.multiColumn = 0;

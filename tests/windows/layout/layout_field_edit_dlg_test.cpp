@@ -71,7 +71,8 @@ CString Macro(const FieldChoice& choice) {
 void Pick(HWND dialog, int id, int index) {
   const HWND combo = Control(dialog, id);
   ::SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
-  ::SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(id, CBN_SELCHANGE), reinterpret_cast<LPARAM>(combo));
+  ::SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(id, CBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(combo));
 }
 
 LRESULT Selected(HWND dialog, int id) {
@@ -437,7 +438,8 @@ TEST(LayoutFieldEditDlg, NamesComeBackByteForByte) {
   for (INT_PTR i = 0; i < names.GetSize() - 1; ++i) {
     const CString macro = Macro(
         {.type = 7, .field1 = names.GetAt(i), .value = names.GetAt(i), .field2 = names.GetAt(i)});
-    EXPECT_EQ(Ask([](HWND dialog) { Confirm(dialog); }, macro, names).macro, macro.GetString()) << i;
+    const Answer answer = Ask([](HWND dialog) { Confirm(dialog); }, macro, names);
+    EXPECT_EQ(answer.macro, macro.GetString()) << i;
   }
 }
 
