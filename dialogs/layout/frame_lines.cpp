@@ -12,8 +12,8 @@ constexpr int kMiddleY = 40;
 constexpr int kBottomY = 75;
 
 struct Run {
-  int row;
-  int col;
+  int row = 0;
+  int col = 0;
   BYTE rows = 0;
   BYTE cols = 0;
 };
