@@ -19,6 +19,7 @@ namespace quorvel::bench {
 namespace {
 
 constexpr int kManyNames = 10'000;
+constexpr LPARAM kBytesOfNames = 200'000;
 
 void OpenFrame() {
   constexpr double kDotsPerMm = 11.811;
@@ -86,11 +87,15 @@ private:
     if (message == WM_INITDIALOG) {
       const auto& self = *reinterpret_cast<const BareFilledDialog*>(lParam);
       for (const int id : {IDC_FIELD_FIRST, IDC_FIELD_SECOND}) {
+        ::SendDlgItemMessageW(dialog, id, WM_SETREDRAW, FALSE, 0);
+        ::SendDlgItemMessageW(dialog, id, CB_INITSTORAGE,
+                              static_cast<WPARAM>(self.m_names.GetSize()), kBytesOfNames);
         for (INT_PTR i = 0; i < self.m_names.GetSize(); ++i) {
           const std::wstring name = WideFromCodePage(self.m_names.GetAt(i).View());
           ::SendDlgItemMessageW(dialog, id, CB_ADDSTRING, 0,
                                 reinterpret_cast<LPARAM>(name.c_str()));
         }
+        ::SendDlgItemMessageW(dialog, id, WM_SETREDRAW, TRUE, 0);
       }
       return TRUE;
     }
