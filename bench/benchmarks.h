@@ -16,6 +16,10 @@ std::vector<Row> ColourDialogs(int runs);
 /// The font dialogs against the platform's own.
 std::vector<Row> FontDialogs(int runs);
 
+/// The dialogs that the layout editors open, against their bare templates; one with very many
+/// fields.
+std::vector<Row> LayoutDialogs(int runs);
+
 /// The page model at its largest: files, rectangles, changes, memory.
 std::vector<Row> PageModel(int runs);
 

@@ -4,7 +4,7 @@
   check_mnemonics.py
 
 Reads the dialogs of res/*.rc. A static with SS_NOPREFIX has no access key, nor has a hidden control;
-&& is a plain &.
+&& is a plain &. A text that stands twice is a picture button with its caption: they share the key.
 """
 
 import pathlib
@@ -43,7 +43,7 @@ def clashes(dialog_body, definitions):
         key = access_key(text)
         if key is None or "SS_NOPREFIX" in style or "NOT WS_VISIBLE" in style:
             continue
-        if key in owners:
+        if owners.get(key, text) != text:
             yield f'Alt+{key} is both "{owners[key]}" and "{text}"'
         owners[key] = text
 

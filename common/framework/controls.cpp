@@ -174,6 +174,30 @@ CRect CTabCtrl::GetDisplayRect(CRect rect) const {
   return rect;
 }
 
+void CButton::SetBitmap(HBITMAP bitmap) {
+  ::SendMessageW(m_hWnd, BM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(bitmap));
+}
+
+bool CButton::GetState() const {
+  return (::SendMessageW(m_hWnd, BM_GETSTATE, 0, 0) & BST_PUSHED) != 0;
+}
+
+void CButton::SetState(bool pressed) {
+  ::SendMessageW(m_hWnd, BM_SETSTATE, pressed ? TRUE : FALSE, 0);
+}
+
+void CListBox::ResetContent() { ::SendMessageW(m_hWnd, LB_RESETCONTENT, 0, 0); }
+
+int CListBox::AddString(const char* text) {
+  const std::wstring wide = quorvel::WideFromCodePage(CString(text).View());
+  return static_cast<int>(
+      ::SendMessageW(m_hWnd, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(wide.c_str())));
+}
+
+void CListBox::SetCurSel(int index) {
+  ::SendMessageW(m_hWnd, LB_SETCURSEL, static_cast<WPARAM>(index), 0);
+}
+
 void CComboBox::ResetContent() { ::SendMessageW(m_hWnd, CB_RESETCONTENT, 0, 0); }
 
 int CComboBox::AddString(const char* text) {
@@ -182,10 +206,34 @@ int CComboBox::AddString(const char* text) {
       ::SendMessageW(m_hWnd, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(wide.c_str())));
 }
 
+void CComboBox::AddStrings(const std::vector<std::wstring>& texts) {
+  std::size_t characters = 0;
+  for (const std::wstring& text : texts) {
+    characters += text.size() + 1;
+  }
+  ::SendMessageW(m_hWnd, WM_SETREDRAW, FALSE, 0);
+  ::SendMessageW(m_hWnd, CB_INITSTORAGE, texts.size(),
+                 static_cast<LPARAM>(characters * sizeof(wchar_t)));
+  for (const std::wstring& text : texts) {
+    ::SendMessageW(m_hWnd, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
+  }
+  ::SendMessageW(m_hWnd, WM_SETREDRAW, TRUE, 0);
+  Invalidate();
+}
+
+int CComboBox::FindStringExact(const char* text) const {
+  const std::wstring wide = quorvel::WideFromCodePage(CString(text).View());
+  return static_cast<int>(::SendMessageW(m_hWnd, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                                         reinterpret_cast<LPARAM>(wide.c_str())));
+}
+
 int CComboBox::GetCurSel() const {
   return static_cast<int>(::SendMessageW(m_hWnd, CB_GETCURSEL, 0, 0));
 }
 
 void CComboBox::SetCurSel(int index) {
-  ::SendMessageW(m_hWnd, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+  // Not every platform lets the selection go when it is asked for an entry that is not there.
+  const LRESULT count = ::SendMessageW(m_hWnd, CB_GETCOUNT, 0, 0);
+  const int entry = 0 <= index && index < count ? index : -1;
+  ::SendMessageW(m_hWnd, CB_SETCURSEL, static_cast<WPARAM>(entry), 0);
 }

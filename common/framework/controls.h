@@ -8,6 +8,7 @@
 #include <commctrl.h>
 
 #include <string>
+#include <vector>
 
 /// An edit field. Its text can be carried in code page 932 whole: a character that the code page
 /// lacks is refused with the system's beep when it is typed or pasted. While a kana-kanji conversion
@@ -51,12 +52,40 @@ public:
   CRect GetDisplayRect(CRect rect) const;
 };
 
+/// A button: it is pressed, or it is on or off.
+class FRAME_API CButton : public CWnd {
+public:
+  /// Shows a picture on a button with the style BS_BITMAP. It stays the caller's and must live as
+  /// long as the button shows it.
+  void SetBitmap(HBITMAP bitmap);
+  /// Whether the button looks pressed; nobody is notified.
+  bool GetState() const;
+  void SetState(bool pressed);
+};
+
+/// A text, a picture or a rectangle.
+class FRAME_API CStatic : public CWnd {};
+
+/// A list of texts, in code page 932; indices count from 0.
+class FRAME_API CListBox : public CWnd {
+public:
+  void ResetContent();
+  int AddString(const char* text);
+  /// Selects an entry; nobody is notified.
+  void SetCurSel(int index);
+};
+
 /// A drop-down list. Texts are in code page 932; indices count from 0, -1 is none.
 class FRAME_API CComboBox : public CWnd {
 public:
   void ResetContent();
   int AddString(const char* text);
+  /// Appends very many texts at once, in UTF-16: the list makes room for all of them and is painted
+  /// when the last has come.
+  void AddStrings(const std::vector<std::wstring>& texts);
+  /// The first entry that has this text, in letters of any case; -1 where there is none.
+  int FindStringExact(const char* text) const;
   int GetCurSel() const;
-  /// Selects an entry; nobody is notified.
+  /// Selects an entry, or none where there is no such entry; nobody is notified.
   void SetCurSel(int index);
 };

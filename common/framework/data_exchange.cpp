@@ -55,6 +55,15 @@ void DDX_Control(CDataExchange* pDX, int id, CWnd& control) {
   }
 }
 
+void DDX_Check(CDataExchange* pDX, int id, int& value) {
+  const HWND control = pDX->m_pDlgWnd->GetDlgItem(id);
+  if (pDX->m_bSaveAndValidate != FALSE) {
+    value = ::SendMessageW(control, BM_GETCHECK, 0, 0) == BST_UNCHECKED ? 0 : 1;
+  } else {
+    ::SendMessageW(control, BM_SETCHECK, value != 0 ? BST_CHECKED : BST_UNCHECKED, 0);
+  }
+}
+
 void DDX_Text(CDataExchange* pDX, int id, CString& value) {
   const HWND control = pDX->PrepareEditCtrl(id);
   if (pDX->m_bSaveAndValidate == FALSE) {

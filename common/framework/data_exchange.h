@@ -48,6 +48,9 @@ FRAME_API CString FieldText(HWND control);
 /// Attaches `control` to the control `id` at the first exchange.
 FRAME_API void DDX_Control(CDataExchange* pDX, int id, CWnd& control);
 
+/// A check box: 0 is off and anything else on; reading gives 0 or 1.
+FRAME_API void DDX_Check(CDataExchange* pDX, int id, int& value);
+
 /// Refuses characters that code page 932 lacks. A text that still reads as `value` is shown leaves
 /// `value` as it is, byte for byte.
 FRAME_API void DDX_Text(CDataExchange* pDX, int id, CString& value);

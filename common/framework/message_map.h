@@ -118,6 +118,7 @@ protected:                                         \
 #define ON_BN_DOUBLECLICKED(id, handler) ON_CONTROL(BN_DOUBLECLICKED, id, handler)
 #define ON_CBN_SELCHANGE(id, handler) ON_CONTROL(CBN_SELCHANGE, id, handler)
 #define ON_EN_CHANGE(id, handler) ON_CONTROL(EN_CHANGE, id, handler)
+#define ON_EN_KILLFOCUS(id, handler) ON_CONTROL(EN_KILLFOCUS, id, handler)
 #define ON_EN_UPDATE(id, handler) ON_CONTROL(EN_UPDATE, id, handler)
 
 /// The same of all controls from `first` to `last`; the handler takes the control's UINT identifier.

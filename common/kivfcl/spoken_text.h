@@ -6,6 +6,7 @@
 #pragma once
 
 #include "framework/base_types.h"
+#include "kivfcl/kivfcl_export.h"
 
 #include <string>
 
@@ -15,6 +16,7 @@ namespace quorvel {
 std::wstring SpokenColor(COLORREF color);
 
 /// The answer to WM_GETTEXTLENGTH or WM_GETTEXT; of the text, what the asker has room for.
-LRESULT AnswerWithText(UINT message, WPARAM wParam, LPARAM lParam, const std::wstring& text);
+KIVFCL_API LRESULT AnswerWithText(UINT message, WPARAM wParam, LPARAM lParam,
+                                  const std::wstring& text);
 
 }  // namespace quorvel

@@ -1,4 +1,5 @@
-// What the gallery shows: a row for each entry of the library.
+// What the gallery shows: a row for each entry of the library, and for each dialog that its layout
+// editors open.
 //
 //   for (const Exhibit& exhibit : AllExhibits()) {
 //     Outcome outcome = exhibit.run({.allowMousePick = true});  // opens the dialog
@@ -56,7 +57,7 @@ struct TourStop {
 struct Exhibit {
   /// In small letters, for files.
   std::string name;
-  /// The library's function.
+  /// The library's function, or the class of a dialog that no function opens by itself.
   std::wstring entry;
   /// The button's text with its access key.
   std::wstring label;

@@ -2,6 +2,7 @@
 #include "gallery/exhibit.h"
 #include "gallery/font_exhibits.h"
 #include "gallery/input_exhibits.h"
+#include "gallery/layout_exhibits.h"
 
 namespace quorvel::gallery {
 
@@ -11,7 +12,8 @@ std::vector<Exhibit> AllExhibits() {
       InputPointXYExhibit(),  InputPointXYZExhibit(), UserPaperExhibit(),
       CheckListExhibit(),     SelectColorExhibit(),   SelectColorExExhibit(),
       EditColorExhibit(),     SelectRgbExhibit(),     SelFontExhibit(),
-      SelFontExExhibit(),
+      SelFontExExhibit(),     RuledLinesExhibit(),    FieldExhibit(),
+      CelSizeExhibit(),
   };
 }
 

@@ -1,15 +1,21 @@
-// 1,000 openings of each entry, half confirmed and half cancelled, leave nothing behind.
+// 1,000 openings of each entry, and of each dialog that the layout editors open, half confirmed and
+// half cancelled, leave nothing behind.
 //
 // The dialogs are worked by their owner, once they have been painted whole.
+#include "dialogs/layout/layout_cel_size_edit_dlg.h"
+#include "dialogs/layout/layout_field_edit_dlg.h"
+#include "dialogs/layout/layout_frame_edit_dlg.h"
 #include "driver/crash_guard.h"
 #include "driver/dialog_owner.h"
 #include "driver/leak_counters.h"
+#include "driver/product_state.h"
 #include "support/entries.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdio>
 #include <string>
+#include <vector>
 
 namespace quorvel::test {
 namespace {
@@ -37,9 +43,43 @@ std::size_t PrivateBytes() {
   return bytes;
 }
 
+Outcome RunFrameEdit(CPoint* position) {
+  static CLayoutExPageData page;
+  CLayoutFrameEditDlg dialog(nullptr, &page, CLayoutExPageData::LISTTYPE_LIST, position);
+  return {driver::RunWithProductResources(dialog) == IDOK, true};
+}
+
+Outcome RunFieldEdit(CPoint* position) {
+  CStringArray names;
+  for (const char* name : {"品名", "数量", "金額"}) {
+    names.Add(name);
+  }
+  CLayoutFieldEditDlg dialog(&names, "", position);
+  const bool confirmed = driver::RunWithProductResources(dialog) == IDOK;
+  return {confirmed, dialog.m_strMacro.IsEmpty()};
+}
+
+Outcome RunCelSizeEdit(CPoint* /*position*/) {
+  float first = 10.5F;
+  float second = 4.5F;
+  CLayoutCelSizeEditDlg dialog(&first, &second);
+  const bool confirmed = driver::RunWithProductResources(dialog) == IDOK;
+  return {confirmed, first == 10.5F && second == 4.5F};
+}
+
+/// Dialogs that no entry opens by itself.
+std::vector<Entry> LayoutDialogs() {
+  return {{"LayoutFrameEdit", IDD_LAYOUT_FRAME, RunFrameEdit, true, nullptr, 0},
+          {"LayoutFieldEdit", IDD_LAYOUT_FIELD, RunFieldEdit, true, nullptr, 0},
+          {"LayoutCelSizeEdit", IDD_LAYOUT_CEL_SIZE, RunCelSizeEdit, false, nullptr, 0}};
+}
+
 class Soak : public ::testing::TestWithParam<Entry> {};
 
 INSTANTIATE_TEST_SUITE_P(Quorvel, Soak, ::testing::ValuesIn(AllEntries()),
+                         [](const auto& info) { return info.param.name; });
+
+INSTANTIATE_TEST_SUITE_P(LayoutDialogs, Soak, ::testing::ValuesIn(LayoutDialogs()),
                          [](const auto& info) { return info.param.name; });
 
 TEST_P(Soak, LeavesNothingBehind) {

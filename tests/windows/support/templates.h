@@ -52,8 +52,9 @@ inline void ExpectTemplate(HWND dialog, const std::wstring& caption, const CSize
     EXPECT_EQ(Text(child), control.text);
     CRect place(ClientRectOf(child));
     const CRect expected = PixelsOf(dialog, control.units);
-    if (control.kind == L"ComboBox") {
-      place.bottom = expected.bottom;  // a closed one has the height of its text
+    if (control.kind == L"ComboBox" || control.kind == L"ListBox") {
+      // The height is that of a closed combo box's text, and of a list's whole rows.
+      place.bottom = expected.bottom;
     }
     EXPECT_EQ(place, expected);
     child = ::GetWindow(child, GW_HWNDNEXT);
