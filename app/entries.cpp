@@ -11,6 +11,7 @@
 #include "dialogs/input/input_scale_dlg.h"
 #include "dialogs/input/input_text_dlg.h"
 #include "dialogs/input/user_paper_set_dlg.h"
+#include "dialogs/layout/layout_edit_dlg.h"
 #include "framework/module_state.h"
 
 #include <quorvel/quorvel.h>
@@ -164,4 +165,13 @@ INT_PTR __CheckListDlg(const CString* title, const CArray<CString, CString&>* it
   };
   return RunEntry(INT_PTR{-1}, body, title, items, states);
 }
+}
+
+BOOL __LayoutEditDlg(CKivSysEnv* env, CLayoutPageData* page, CStringArray* insertions,
+                     CDWordArray* numbers, double dotsPerMm, int lineMode, CPoint* position) {
+  const auto body = [&] {
+    CLayoutEditDlg dialog(env, page, insertions, numbers, dotsPerMm, lineMode, position, nullptr);
+    return dialog.DoModal() == IDOK ? TRUE : FALSE;
+  };
+  return RunEntry(FALSE, body, page);
 }

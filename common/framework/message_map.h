@@ -144,6 +144,8 @@ protected:                                         \
   {WM_LBUTTONDBLCLK, 0, 0, 0, &quorvel::message_map::CallMouse<handler>},
 #define ON_WM_LBUTTONUP(handler) \
   {WM_LBUTTONUP, 0, 0, 0, &quorvel::message_map::CallMouse<handler>},
+#define ON_WM_RBUTTONUP(handler) \
+  {WM_RBUTTONUP, 0, 0, 0, &quorvel::message_map::CallMouse<handler>},
 #define ON_WM_MOUSEMOVE(handler) \
   {WM_MOUSEMOVE, 0, 0, 0, &quorvel::message_map::CallMouse<handler>},
 /// The handlers take UINT code, int position and the HWND of the scroll bar.

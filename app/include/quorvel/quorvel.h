@@ -127,4 +127,16 @@ INT_PTR __UserPaperSetDlg(void* ignored, CString* name, int* width, int* height,
 /// 1 then; IDCANCEL (2) when cancelled; -1 when the dialog could not be created.
 INT_PTR __CheckListDlg(const CString* title, const CArray<CString, CString&>* items,
                        CByteArray* states);
+
+/// Lets the user lay out a page that is one grid of cells: the number and the lengths of rows and
+/// columns, and text, font, colours and alignment of each cell; cells can be merged. `lineMode` 0 is
+/// for a page with margin and frame, which the user can save to a layout file and replace by one;
+/// otherwise the page has an outer line and inner lines. The user can make 1 to 20 rows and columns.
+/// `insertions` are names, such as those of data fields, that the user can insert into cells as tags
+/// "<M>number name</M>". The number is the entry of `numbers` at the same place, plus 1, if both have
+/// the same count, else the name's place, counted from 1. `dotsPerMm` is the resolution of the fonts
+/// (0: 300 dots per inch). `env` keeps the colours that the user works with. All but `page` may be
+/// null. TRUE when confirmed; `page` then is what the user made of it, otherwise it is untouched.
+BOOL __LayoutEditDlg(CKivSysEnv* env, CLayoutPageData* page, CStringArray* insertions,
+                     CDWordArray* numbers, double dotsPerMm, int lineMode, CPoint* position);
 }

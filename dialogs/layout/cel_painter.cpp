@@ -1,0 +1,149 @@
+#include "dialogs/layout/cel_painter.h"
+
+#include "framework/code_page.h"
+
+#include <array>
+#include <cmath>
+#include <cstring>
+#include <string>
+
+namespace quorvel {
+
+namespace {
+
+constexpr COLORREF kBlack = RGB(0, 0, 0);
+constexpr COLORREF kRed = RGB(255, 0, 0);
+constexpr COLORREF kMagenta = RGB(255, 0, 255);
+constexpr COLORREF kTint = 0x00E2E2FF;
+constexpr int kLineWidth = 2;
+constexpr int kFixedHeight = -11;
+constexpr double kNoWidth = 1e-6;
+
+// Indices are GetVPos and GetHPos.
+constexpr std::array<UINT, 3> kVerticalPlaces{DT_TOP, DT_VCENTER, DT_BOTTOM};
+constexpr std::array<UINT, 3> kHorizontalPlaces{DT_LEFT, DT_CENTER, DT_RIGHT};
+
+/// DrawTextW would take & as the mark of an access key; && is the character.
+std::wstring WithoutAccessKeys(std::wstring text) {
+  for (std::size_t at = text.find(L'&'); at != std::wstring::npos; at = text.find(L'&', at + 2)) {
+    text.insert(at, 1, L'&');
+  }
+  return text;
+}
+
+}  // namespace
+
+LOGFONTA ScaledCelFont(const CKivFontEx& font, const TextScale& scale) {
+  LOGFONTA logFont = font.GetLogFont(0);
+  if (scale.fixedHeight) {
+    logFont.lfHeight = kFixedHeight;
+    return logFont;
+  }
+  const auto [width, height] = font.GetMM();
+  logFont.lfHeight = ScaledPixels(height, scale.scale, scale.dots.vertical);
+  if (std::abs(width) >= kNoWidth) {
+    logFont.lfWidth = ScaledPixels(width, scale.scale, scale.dots.horizontal);
+  }
+  return logFont;
+}
+
+CelPainter::CelPainter(HDC deviceContext, CelStyle style, const TextScale& scale)
+    : m_hDC(deviceContext),
+      m_style(style),
+      m_scale(scale),
+      m_previousText(::GetTextColor(deviceContext)),
+      m_previousBack(::GetBkColor(deviceContext)),
+      m_nPreviousMode(
+          ::SetBkMode(deviceContext, style == CelStyle::kFramed ? OPAQUE : TRANSPARENT)) {}
+
+CelPainter::~CelPainter() {
+  ::SetTextColor(m_hDC, m_previousText);
+  ::SetBkColor(m_hDC, m_previousBack);
+  ::SetBkMode(m_hDC, m_nPreviousMode);
+}
+
+void CelPainter::Draw(const CLayoutCelData& cel, const CRect& rect, int kind) {
+  FillSolid(m_hDC, rect, cel.GetFont()->GetBackColor());
+  const bool ruled = m_style == CelStyle::kRuled;
+  if (ruled && kind == kSelectedCel) {
+    const int operation = ::SetROP2(m_hDC, R2_NOTXORPEN);
+    {
+      const CBrushEx tint(m_hDC, kTint);
+      ::Rectangle(m_hDC, rect.left, rect.top, rect.right, rect.bottom);
+    }
+    ::SetROP2(m_hDC, operation);
+  }
+  if (!cel.TextView().empty()) {
+    DrawCelText(cel, rect);
+  }
+  if (ruled) {
+    DrawEdges(cel, rect, kind);
+  } else {
+    DrawFrame(rect, kind);
+  }
+}
+
+void CelPainter::DrawCelText(const CLayoutCelData& cel, CRect rect) {
+  const CKivFontEx& font = *cel.GetFont();
+  UseFont(ScaledCelFont(font, m_scale));
+  ::SetTextColor(m_hDC, font.GetColor());
+  ::SetBkColor(m_hDC, font.GetBackColor());
+  const std::wstring text = WithoutAccessKeys(WideFromCodePage(cel.TextView()));
+  ::DrawTextW(m_hDC, text.c_str(), static_cast<int>(text.size()), &rect,
+              kVerticalPlaces[font.GetVPos()] | kHorizontalPlaces[font.GetHPos()] | DT_SINGLELINE);
+}
+
+void CelPainter::DrawFrame(const CRect& rect, int kind) {
+  const COLORREF color = kind == kNormalCel ? kBlack : kind == kSelectedCel ? kRed : kMagenta;
+  UsePen({PS_SOLID, kLineWidth, color});
+  const std::array<POINT, 5> corners{{{rect.left, rect.top},
+                                      {rect.left, rect.bottom},
+                                      {rect.right, rect.bottom},
+                                      {rect.right, rect.top},
+                                      {rect.left, rect.top}}};
+  ::Polyline(m_hDC, corners.data(), static_cast<int>(corners.size()));
+}
+
+void CelPainter::DrawEdges(const CLayoutCelData& cel, const CRect& rect, int kind) {
+  struct Edge {
+    bool shown;
+    POINT from;
+    POINT to;
+  };
+  const std::array edges{
+      Edge{cel.GetShowLineVT() != 0, {rect.left, rect.top}, {rect.right, rect.top}},
+      Edge{cel.GetShowLineVB() != 0, {rect.left, rect.bottom}, {rect.right, rect.bottom}},
+      Edge{cel.GetShowLineHR() != 0, {rect.right, rect.top}, {rect.right, rect.bottom}},
+      Edge{cel.GetShowLineHL() != 0, {rect.left, rect.top}, {rect.left, rect.bottom}},
+  };
+  const COLORREF color = kind == kNormalCel     ? kBlack
+                         : kind == kSelectedCel ? kRed
+                                                : cel.GetFont()->GetBackColor();
+  for (const bool shown : {true, false}) {
+    for (const Edge& edge : edges) {
+      if (edge.shown == shown) {
+        UsePen(shown ? Pen{PS_SOLID, kLineWidth, color} : Pen{PS_DOT, 1, color});
+        ::MoveToEx(m_hDC, edge.from.x, edge.from.y, nullptr);
+        ::LineTo(m_hDC, edge.to.x, edge.to.y);
+      }
+    }
+  }
+}
+
+void CelPainter::UseFont(const LOGFONTA& font) {
+  if (!m_font || std::memcmp(&m_logFont, &font, sizeof font) != 0) {
+    m_font.reset();  // it goes before the next one is selected
+    m_font.emplace(m_hDC, font);
+    m_logFont = font;
+  }
+}
+
+void CelPainter::UsePen(const Pen& pen) {
+  if (!m_pen || m_penLike != pen) {
+    m_pen.reset();
+    m_pen.emplace(m_hDC, pen.style, pen.width, pen.color);
+    m_penLike = pen;
+  }
+}
+
+}  // namespace quorvel

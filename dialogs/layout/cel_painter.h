@@ -1,0 +1,73 @@
+// Draws the cells of a page.
+//
+//   CelPainter painter(deviceContext, CelStyle::kFramed, {scale, dots});
+//   painter.Draw(*cel, rect, kNormalCel);
+#pragma once
+
+#include "dialogs/layout/page_geometry.h"
+#include "kivdata/layout_cel_data.h"
+#include "kivfcl/drawing_objects.h"
+
+#include <optional>
+
+namespace quorvel {
+
+enum class CelStyle {
+  kFramed,  ///< a closed frame; the text stands on the cell's colour
+  kRuled,   ///< each edge by itself, hidden ones dotted; a selected cell is tinted
+};
+
+/// How a cell is marked. Any other number is drawn, too: framed cells in magenta, ruled ones with
+/// edges in their own background colour.
+inline constexpr int kNormalCel = 0;
+inline constexpr int kSelectedCel = 1;
+
+/// What the size of a cell's letters depends on.
+struct TextScale {
+  double scale;
+  DotsPerInch dots;
+  bool fixedHeight = false;  ///< letters are 11 pixels high at any scale
+};
+
+/// The font of a cell as it is drawn.
+LOGFONTA ScaledCelFont(const CKivFontEx& font, const TextScale& scale);
+
+/// One after the other; the device context is as before when the painter is gone.
+class CelPainter {
+public:
+  CelPainter(HDC deviceContext, CelStyle style, const TextScale& scale);
+  ~CelPainter();
+  CelPainter(const CelPainter&) = delete;
+  CelPainter& operator=(const CelPainter&) = delete;
+
+  /// The frame reaches one pixel out of `rect`; a text that does not fit is cut off at it.
+  void Draw(const CLayoutCelData& cel, const CRect& rect, int kind);
+
+private:
+  struct Pen {
+    int style;
+    int width;
+    COLORREF color;
+    bool operator==(const Pen&) const = default;
+  };
+
+  void DrawCelText(const CLayoutCelData& cel, CRect rect);
+  void DrawFrame(const CRect& rect, int kind);
+  void DrawEdges(const CLayoutCelData& cel, const CRect& rect, int kind);
+  void UseFont(const LOGFONTA& font);
+  void UsePen(const Pen& pen);
+
+  HDC m_hDC;
+  CelStyle m_style;
+  TextScale m_scale;
+  COLORREF m_previousText;
+  COLORREF m_previousBack;
+  int m_nPreviousMode;
+  // Neighbours are alike: what the last cell needed is kept.
+  LOGFONTA m_logFont{};
+  std::optional<CFontEx> m_font;
+  Pen m_penLike{};
+  std::optional<CPenEx> m_pen;
+};
+
+}  // namespace quorvel

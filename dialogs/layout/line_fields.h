@@ -1,0 +1,39 @@
+// CLineFields: the controls of one kind of line of a page: on or off, type, colour, width.
+//
+//   CLineFields m_outer{IDC_OUTER_LINE};
+//   m_outer.Read(page.GetByEdgeOutLine(), page.GetOutLineStatus());   // before the dialog opens
+//   m_outer.Exchange(pDX);                                            // in DoDataExchange
+//   m_outer.Init(this);                                               // in OnInitDialog
+#pragma once
+
+#include "framework/controls.h"
+#include "framework/data_exchange.h"
+#include "kivdata/pen_status.h"
+#include "kivdata/sys_env.h"
+#include "kivfcl/kiv_color_button.h"
+
+class CLineFields {
+public:
+  /// Five controls have identifiers one after the other: check box, type, colour, width and its unit.
+  explicit CLineFields(int firstId) : m_nFirstId(firstId) {}
+
+  void Read(int on, const PEN_STATUS& status);
+  int IsOn() const { return m_nOn; }
+  PEN_STATUS Status() const { return m_status; }
+
+  void Exchange(CDataExchange* pDX);
+  /// Fills the list of types and shows colour, type, and what can be changed.
+  void Init(CWnd* dialog);
+  void Hide(CWnd* dialog) const;
+  /// Type, colour and width can be changed while the line is on.
+  void EnableByCheck(const CWnd* dialog) const;
+  /// Asks the user; `env`, which may be null, keeps the made colours.
+  void PickColor(CKivSysEnv* env, CWnd* dialog);
+
+private:
+  int m_nFirstId;
+  int m_nOn = 0;
+  PEN_STATUS m_status;
+  CComboBox m_cmbType;
+  CKivColorButton m_btnColor;
+};

@@ -1,0 +1,551 @@
+#include "dialogs/layout/page_edit_dlg.h"
+
+#include "dialogs/colour/sel_color_dlg.h"
+#include "dialogs/font/sel_font_ex_dlg.h"
+#include "framework/code_page.h"
+#include "framework/data_exchange.h"
+#include "framework/module_state.h"
+
+#include <cstdio>
+#include <type_traits>
+
+using quorvel::CelList;
+using quorvel::PairOfLengths;
+
+namespace {
+
+constexpr UINT kAllFontFields = static_cast<UINT>(-1);
+constexpr COLORREF kFirstTextColor = RGB(0, 0, 0);
+constexpr COLORREF kFirstBackColor = RGB(0xFF, 0xFF, 0xFF);
+constexpr UINT kFirstCommand = IDM_EDIT_TEXT;
+constexpr UINT kLastCommand = IDM_EQUAL_ROWS;
+constexpr int kTextEditEdge = 1;
+
+struct MenuDeleter {
+  void operator()(HMENU menu) const { ::DestroyMenu(menu); }
+};
+using OwnedMenu = std::unique_ptr<std::remove_pointer_t<HMENU>, MenuDeleter>;
+
+HCURSOR LoadDragCursor(int id) {
+  return ::LoadCursorW(AfxGetResourceHandle(), MAKEINTRESOURCEW(id));
+}
+
+CString ReadOutText(const char* format, const PairOfLengths& lengths) {
+  constexpr int kLongest = 700;  // two doubles with all their digits
+  char text[kLongest] = "";
+  std::snprintf(text, sizeof text, format, lengths.first, lengths.second);
+  return CString(text);
+}
+
+bool IsPressed(int key) { return ::GetKeyState(key) < 0; }
+
+}  // namespace
+
+BEGIN_MESSAGE_MAP(CPageEditDlg, CKivDialog)
+  ON_WM_LBUTTONDOWN(&CPageEditDlg::OnLButtonDown)
+  ON_WM_LBUTTONUP(&CPageEditDlg::OnLButtonUp)
+  ON_WM_LBUTTONDBLCLK(&CPageEditDlg::OnLButtonDblClk)
+  ON_WM_RBUTTONUP(&CPageEditDlg::OnRButtonUp)
+  ON_WM_MOUSEMOVE(&CPageEditDlg::OnMouseMove)
+  ON_MESSAGE(WM_SETCURSOR, &CPageEditDlg::OnSetCursor)
+  ON_MESSAGE(WM_CAPTURECHANGED, &CPageEditDlg::OnCaptureChanged)
+  ON_MESSAGE(WM_KEYDOWN, &CPageEditDlg::OnKeyDown)
+  ON_MESSAGE(WM_SETFOCUS, &CPageEditDlg::OnSetFocus)
+  ON_MESSAGE(WM_CONTEXTMENU, &CPageEditDlg::OnContextMenu)
+  ON_NOTIFY_RANGE(TTN_GETDISPINFOW, kFirstCommand, kLastCommand, &CPageEditDlg::OnToolTipText)
+  ON_COMMAND(IDM_EDIT_TEXT, &CPageEditDlg::OnEditText)
+  ON_COMMAND(IDM_EDIT_FONT, &CPageEditDlg::OnEditFont)
+  ON_CONTROL_RANGE(0, IDM_ALIGN_TOP, IDM_ALIGN_BOTTOM, &CPageEditDlg::OnAlignVertically)
+  ON_CONTROL_RANGE(0, IDM_ALIGN_LEFT, IDM_ALIGN_RIGHT, &CPageEditDlg::OnAlignHorizontally)
+  ON_COMMAND(IDM_MERGE_CELLS, &CPageEditDlg::OnMerge)
+  ON_COMMAND(IDM_SPLIT_CELLS, &CPageEditDlg::OnSplit)
+  ON_BN_CLICKED(IDC_LAYOUT_TEXT_COLOUR, &CPageEditDlg::OnTextColor)
+  ON_BN_CLICKED(IDC_LAYOUT_BACK_COLOUR, &CPageEditDlg::OnBackColor)
+  ON_BN_CLICKED(IDC_LAYOUT_TEXT_COLOUR_ARROW, &CPageEditDlg::OnChooseTextColor)
+  ON_BN_CLICKED(IDC_LAYOUT_BACK_COLOUR_ARROW, &CPageEditDlg::OnChooseBackColor)
+  ON_CBN_SELCHANGE(IDC_LAYOUT_INSERTION, &CPageEditDlg::OnInsertion)
+END_MESSAGE_MAP()
+
+CPageEditDlg::CPageEditDlg(UINT templateId, const quorvel::EditorSettings& settings,
+                           const PageEditHost& host, CWnd* parent)
+    : CKivDialog(templateId, parent), m_settings(settings), m_host(host) {
+  m_btnTextColor.m_color = kFirstTextColor;
+  m_btnBackColor.m_color = kFirstBackColor;
+}
+
+void CPageEditDlg::DoDataExchange(CDataExchange* pDX) {
+  CKivDialog::DoDataExchange(pDX);
+  DDX_Control(pDX, IDC_LAYOUT_TEXT_COLOUR, m_btnTextColor);
+  DDX_Control(pDX, IDC_LAYOUT_BACK_COLOUR, m_btnBackColor);
+  DDX_Control(pDX, IDC_LAYOUT_TEXT_COLOUR_ARROW, m_btnTextArrow);
+  DDX_Control(pDX, IDC_LAYOUT_BACK_COLOUR_ARROW, m_btnBackArrow);
+  DDX_Control(pDX, IDC_LAYOUT_INSERTION, m_cmbInsertion);
+  // Before the fields: one that is refused does not keep the box from being read.
+  DDX_Check(pDX, IDC_LAYOUT_APPEND, m_nAppend);
+}
+
+BOOL CPageEditDlg::OnInitDialog() {
+  CKivDialog::OnInitDialog();
+  m_bmpArrow.reset(static_cast<HBITMAP>(
+      ::LoadImageW(AfxGetResourceHandle(), MAKEINTRESOURCEW(IDB_DROP_ARROW), IMAGE_BITMAP, 0, 0,
+                   LR_DEFAULTCOLOR)));
+  m_btnTextArrow.SetBitmap(m_bmpArrow.get());
+  m_btnBackArrow.SetBitmap(m_bmpArrow.get());
+  ReadSettings();
+  FillInsertions();
+  return TRUE;
+}
+
+void CPageEditDlg::ReadSettings() {
+  COLORREF text = m_btnTextColor.m_color;
+  COLORREF back = m_btnBackColor.m_color;
+  if (m_host.env != nullptr) {
+    const CKivRegistry registry = m_host.env->GetRegistry(m_settings.section);
+    registry.ReadRegistry("TextColor", &text, sizeof text);
+    registry.ReadRegistry("BackColor", &back, sizeof back);
+  }
+  m_btnTextColor.Recolor(text);
+  m_btnBackColor.Recolor(back);
+}
+
+void CPageEditDlg::WriteSettings() {
+  if (m_host.env == nullptr) {
+    return;
+  }
+  CKivRegistry registry = m_host.env->GetRegistry(m_settings.section);
+  const COLORREF text = m_btnTextColor.m_color;
+  const COLORREF back = m_btnBackColor.m_color;
+  registry.WriteRegistry("TextColor", REG_BINARY, &text, sizeof text);
+  registry.WriteRegistry("BackColor", REG_BINARY, &back, sizeof back);
+}
+
+// ---- The mouse
+
+void CPageEditDlg::PassOn(UINT message, UINT flags, const CPoint& point) {
+  Default(message, flags, MAKELPARAM(point.x, point.y));
+}
+
+void CPageEditDlg::OnLButtonDown(UINT flags, CPoint point) {
+  EndTextEdit();
+  m_bOpenedByDoubleClick = false;
+  m_nToggledCel = -1;
+  CPageView* const view = ViewAt(point);
+  if (view == nullptr) {
+    PassOn(WM_LBUTTONDOWN, flags, point);
+    return;
+  }
+  SetCurrentView(*view);
+  m_drag = StartDrag(view->FromDialog(point));
+  ShowDragCursor();
+  ::SetCapture(m_hWnd);
+}
+
+CPageEditDlg::Drag CPageEditDlg::StartDrag(const CPoint& point) {
+  if (m_settings.firstTest == quorvel::FirstTest::kBorder) {
+    if (m_pView->TakeBorder(point)) {
+      return Drag::kBorder;
+    }
+    m_nAnchorCel = m_pView->CelAt(point);
+    return Drag::kCels;
+  }
+  m_nAnchorCel = m_pView->CelAt(point, quorvel::kCelMargin);
+  return m_nAnchorCel < 0 && m_pView->TakeBorder(point) ? Drag::kBorder : Drag::kCels;
+}
+
+void CPageEditDlg::ShowDragCursor() const {
+  const int id = m_drag == Drag::kCels            ? IDC_CURSOR_SELECT_CELLS
+                 : m_pView->Border()->IsRow() ? IDC_CURSOR_DRAG_ROW
+                                              : IDC_CURSOR_DRAG_COLUMN;
+  ::SetCursor(LoadDragCursor(id));
+}
+
+void CPageEditDlg::OnMouseMove(UINT flags, CPoint point) {
+  if (m_drag == Drag::kBorder && m_pView->DialogArea().Contains(point)) {
+    const CPoint viewPoint = m_pView->FromDialog(point);
+    if (const std::optional<PairOfLengths> lengths = m_pView->DragBorder(viewPoint)) {
+      ShowReadOut(viewPoint, *lengths);
+    }
+  }
+  PassOn(WM_MOUSEMOVE, flags, point);
+}
+
+void CPageEditDlg::OnLButtonUp(UINT flags, CPoint point) {
+  // The end of the double click that opened the text field; a real mouse gives it to the field.
+  if (m_bOpenedByDoubleClick) {
+    m_bOpenedByDoubleClick = false;
+    PassOn(WM_LBUTTONUP, flags, point);
+    return;
+  }
+  EndTextEdit();
+  const Drag drag = m_drag;
+  if (drag == Drag::kNone) {
+    PassOn(WM_LBUTTONUP, flags, point);
+    return;
+  }
+  m_drag = Drag::kNone;  // before the capture goes, which would forget the drag
+  ::ReleaseCapture();
+  ::SetCursor(::LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW)));
+  if (drag == Drag::kBorder) {
+    EndBorderDrag(point);
+  } else {
+    EndCelDrag(point);
+  }
+}
+
+void CPageEditDlg::EndCelDrag(const CPoint& point) {
+  const int anchor = m_nAnchorCel;
+  m_nAnchorCel = -1;
+  if (!m_pView->DialogArea().Contains(point)) {
+    return;
+  }
+  const int end = m_pView->CelAt(m_pView->FromDialog(point));
+  const bool adds = m_settings.shiftAdds && IsPressed(VK_SHIFT);
+  m_pView->InvalidateCels(quorvel::SelectCels(Block(), anchor, end, adds));
+  if (anchor == end && end >= 0 && Block().CelAt(end)->GetSelected() == 0) {
+    m_nToggledCel = end;
+  }
+  RefreshCommands();
+}
+
+void CPageEditDlg::EndBorderDrag(const CPoint& point) {
+  DropReadOut();
+  const bool counts = m_pView->DialogArea().Contains(point);
+  if (counts) {
+    m_pView->DragBorder(m_pView->FromDialog(point));
+    m_pView->StoreBorder();
+  }
+  m_pView->DropBorder();
+  if (counts) {
+    LayOutViews();
+  }
+}
+
+void CPageEditDlg::OnLButtonDblClk(UINT /*flags*/, CPoint point) {
+  EndTextEdit();
+  if (m_drag != Drag::kNone) {
+    return;
+  }
+  // A double click begins with a click, and that one deselects the only selected cell.
+  CPageView* const view = ViewAt(point);
+  if (m_nToggledCel >= 0 && view == m_pView && !Block().IsSelected() &&
+      view->CelAt(view->FromDialog(point)) == m_nToggledCel) {
+    m_pView->InvalidateCels(quorvel::SelectCels(Block(), m_nToggledCel, m_nToggledCel, false));
+    RefreshCommands();
+  }
+  m_nToggledCel = -1;
+  m_bOpenedByDoubleClick = OpenTextEdit();
+}
+
+void CPageEditDlg::OnRButtonUp(UINT /*flags*/, CPoint point) {
+  EndTextEdit();
+  CPageView* const view = ViewAt(point);
+  if (view == nullptr || view != m_pView) {
+    return;
+  }
+  const CLayoutCelData* const cel = Block().CelAt(view->CelAt(view->FromDialog(point)));
+  if (cel != nullptr && cel->GetSelected() != 0) {
+    CPoint screenPoint = point;
+    ::ClientToScreen(m_hWnd, &screenPoint);
+    ShowCelMenu(screenPoint);
+  }
+}
+
+LRESULT CPageEditDlg::OnSetCursor(WPARAM wParam, LPARAM lParam) {
+  CPoint point;
+  ::GetCursorPos(&point);
+  ::ScreenToClient(m_hWnd, &point);
+  if (m_drag != Drag::kNone && m_pView->DialogArea().Contains(point)) {
+    ShowDragCursor();
+    return TRUE;
+  }
+  return Default(WM_SETCURSOR, wParam, lParam);
+}
+
+LRESULT CPageEditDlg::OnCaptureChanged(WPARAM wParam, LPARAM lParam) {
+  CancelDrag();
+  return Default(WM_CAPTURECHANGED, wParam, lParam);
+}
+
+void CPageEditDlg::CancelDrag() {
+  if (m_drag == Drag::kNone) {
+    return;
+  }
+  m_drag = Drag::kNone;
+  m_nAnchorCel = -1;
+  DropReadOut();
+  m_pView->DropBorder();
+  if (::GetCapture() == m_hWnd) {
+    ::ReleaseCapture();
+  }
+}
+
+void CPageEditDlg::ShowReadOut(const CPoint& point, const PairOfLengths& lengths) {
+  if (m_pReadOut == nullptr) {
+    m_pReadOut = std::make_unique<CToolTip>();
+    m_pReadOut->Create(m_pView);
+  }
+  m_pReadOut->Request(point, ReadOutText(m_settings.readOut, lengths));
+}
+
+void CPageEditDlg::DropReadOut() {
+  if (m_pReadOut != nullptr) {
+    m_pReadOut->Hide();
+    m_pReadOut->DestroyWindow();
+    m_pReadOut.reset();
+  }
+}
+
+// ---- The keyboard
+
+BOOL CPageEditDlg::PreTranslateMessage(MSG* message) {
+  if (message->message == WM_KEYDOWN && m_pTextEdit == nullptr) {
+    if (message->wParam == VK_F2) {
+      OpenTextEdit();
+      return TRUE;
+    }
+    if (MovesSelection(*message)) {
+      SelectNeighbour(message->wParam);
+      return TRUE;
+    }
+  }
+  return CKivDialog::PreTranslateMessage(message);
+}
+
+/// Ctrl and an arrow key, unless they lead through the text of a field or open a list.
+bool CPageEditDlg::MovesSelection(const MSG& message) const {
+  if (message.wParam < VK_LEFT || message.wParam > VK_DOWN || !IsPressed(VK_CONTROL)) {
+    return false;
+  }
+  const LRESULT code = ::SendMessageW(message.hwnd, WM_GETDLGCODE, 0, 0);
+  return (code & (DLGC_WANTARROWS | DLGC_HASSETSEL)) == 0;
+}
+
+void CPageEditDlg::SelectNeighbour(WPARAM key) {
+  const int down = key == VK_DOWN ? 1 : key == VK_UP ? -1 : 0;
+  const int right = key == VK_RIGHT ? 1 : key == VK_LEFT ? -1 : 0;
+  const int next = quorvel::NeighbourCel(Block(), quorvel::FirstSelectedCel(Block()), down, right);
+  CelList changed = quorvel::DeselectAll(Block());
+  const CelList selected = quorvel::SelectCels(Block(), next, next, true);
+  changed.insert(changed.end(), selected.begin(), selected.end());
+  m_pView->InvalidateCels(changed);
+  RefreshCommands();
+}
+
+LRESULT CPageEditDlg::OnKeyDown(WPARAM wParam, LPARAM lParam) {
+  if (wParam == VK_SHIFT || wParam == VK_CONTROL) {
+    return 0;
+  }
+  if (m_pTextEdit == nullptr) {
+    return Default(WM_KEYDOWN, wParam, lParam);
+  }
+  if (wParam == VK_RETURN || wParam == VK_ESCAPE || wParam == VK_LEFT || wParam == VK_RIGHT) {
+    EndTextEdit();
+  }
+  return 0;
+}
+
+/// The default handling would hand the focus on to the first field.
+LRESULT CPageEditDlg::OnSetFocus(WPARAM wParam, LPARAM lParam) {
+  return m_bKeepsFocus ? 0 : Default(WM_SETFOCUS, wParam, lParam);
+}
+
+/// From the keyboard the menu opens at the first selected cell.
+LRESULT CPageEditDlg::OnContextMenu(WPARAM wParam, LPARAM lParam) {
+  const std::optional<CRect> rect = m_pView->RectOf(quorvel::FirstSelectedCel(Block()));
+  if (lParam != -1 || !rect) {
+    return Default(WM_CONTEXTMENU, wParam, lParam);
+  }
+  CPoint point((rect->left + rect->right) / 2, (rect->top + rect->bottom) / 2);
+  ::ClientToScreen(m_pView->m_hWnd, &point);
+  EndTextEdit();
+  ShowCelMenu(point);
+  return 0;
+}
+
+// ---- Commands
+
+bool CPageEditDlg::IsCommandPossible(UINT command) const {
+  switch (command) {
+    case IDM_MERGE_CELLS:
+      return Block().CanMerge();
+    case IDM_SPLIT_CELLS:
+      return Block().CanSplit();
+    default:
+      return Block().IsSelected();
+  }
+}
+
+void CPageEditDlg::CreateCelTools(const CPoint& position) {
+  constexpr int kImages = 11;
+  m_celTools.CreateToolCtrl(this, quorvel::kToolStyle, m_settings.celTools.data(),
+                            static_cast<int>(m_settings.celTools.size()), IDB_CELL_TOOLS, kImages,
+                            position, 0, TRUE);
+}
+
+void CPageEditDlg::RefreshCommands() {
+  for (const TOOLITEM& item : m_settings.celTools) {
+    if (item.bSeparator == FALSE) {
+      m_celTools.EnableButton(item.nCommand, IsCommandPossible(item.nCommand) ? TRUE : FALSE);
+    }
+  }
+  if (HasInsertions()) {
+    ::EnableWindow(m_cmbInsertion.m_hWnd, Block().IsSelected() ? TRUE : FALSE);
+  }
+}
+
+void CPageEditDlg::ShowCelMenu(const CPoint& screenPoint) {
+  const OwnedMenu menu(::CreatePopupMenu());
+  for (const quorvel::CelMenuItem& item : m_settings.celMenu) {
+    if (item.text == nullptr) {
+      ::AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
+    } else {
+      ::AppendMenuW(menu.get(), IsCommandPossible(item.nCommand) ? MF_ENABLED : MF_GRAYED,
+                    item.nCommand, quorvel::WideFromCodePage(item.text).c_str());
+    }
+  }
+  ::TrackPopupMenu(menu.get(), TPM_RIGHTBUTTON, screenPoint.x, screenPoint.y, 0, m_hWnd, nullptr);
+}
+
+void CPageEditDlg::OnToolTipText(const NMHDR& notification) {
+  CKivToolCtrl::AnswerToolTip(notification);
+}
+
+void CPageEditDlg::OnEditText() { OpenTextEdit(); }
+
+bool CPageEditDlg::OpenTextEdit() {
+  const int index = quorvel::FirstSelectedCel(Block());
+  const std::optional<CRect> rect = m_pView->RectOf(index);
+  if (m_pTextEdit != nullptr || !rect) {
+    return false;
+  }
+  m_pTextEdit = std::make_unique<CKivKeyCtrlEdit>();
+  const CRect place = m_pView->ToDialog(*rect).Grown(-kTextEditEdge, -kTextEditEdge);
+  if (m_pTextEdit->Create(WS_CHILD | WS_VISIBLE | WS_BORDER | ES_WANTRETURN | ES_AUTOHSCROLL, place,
+                          this, IDC_LAYOUT_TEXT_EDIT,
+                          KIVKEY_ENTER | KIVKEY_ESCAPE | KIVKEY_ARROWS) == FALSE) {
+    m_pTextEdit.reset();
+    return false;
+  }
+  const HWND edit = m_pTextEdit->m_hWnd;
+  // A new child lies below its siblings.
+  ::SetWindowPos(edit, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  ::SendMessageW(edit, WM_SETFONT,
+                 static_cast<WPARAM>(::SendMessageW(m_hWnd, WM_GETFONT, 0, 0)), TRUE);
+  m_pTextEdit->SetWindowText(Block().CelAt(index)->GetText());
+  ::SendMessageW(edit, EM_SETSEL, 0, -1);
+  ::SendMessageW(edit, EM_SCROLLCARET, 0, 0);
+  ::SetFocus(edit);
+  return true;
+}
+
+void CPageEditDlg::EndTextEdit() {
+  if (m_pTextEdit == nullptr) {
+    return;
+  }
+  // Taken out first: the messages of its end find no field.
+  const std::unique_ptr<CKivKeyCtrlEdit> edit = std::move(m_pTextEdit);
+  if (::SendMessageW(edit->m_hWnd, EM_GETMODIFY, 0, 0) != 0) {
+    ::SendMessageW(edit->m_hWnd, EM_SETMODIFY, FALSE, 0);
+    m_pView->InvalidateCels(quorvel::SetText(Block(), edit->GetWindowText()));
+  }
+  m_bKeepsFocus = true;
+  ::SetFocus(m_hWnd);
+  m_bKeepsFocus = false;
+  edit->DestroyWindow();
+}
+
+void CPageEditDlg::OnEditFont() {
+  EndTextEdit();
+  const CLayoutCelData* const cel = Block().CelAt(quorvel::FirstSelectedCel(Block()));
+  if (cel == nullptr) {
+    return;
+  }
+  CKivFontEx font = *cel->GetFont();
+  CSelFontExDlg dialog(m_host.env, "ｾﾙのﾌｫﾝﾄ編集", FALSE, kAllFontFields);
+  if (dialog.Run(&font, m_host.dotsPerMm) == IDOK) {
+    m_pView->InvalidateCels(quorvel::SetFont(Block(), font));
+  }
+}
+
+void CPageEditDlg::OnAlignVertically(UINT command) {
+  m_pView->InvalidateCels(
+      quorvel::SetVerticalPlace(Block(), static_cast<BYTE>(command - IDM_ALIGN_TOP)));
+}
+
+void CPageEditDlg::OnAlignHorizontally(UINT command) {
+  m_pView->InvalidateCels(
+      quorvel::SetHorizontalPlace(Block(), static_cast<BYTE>(command - IDM_ALIGN_LEFT)));
+}
+
+void CPageEditDlg::OnMerge() {
+  EndTextEdit();
+  m_pView->InvalidateCels(quorvel::MergeSelected(Block()));
+  RefreshCommands();
+}
+
+void CPageEditDlg::OnSplit() {
+  EndTextEdit();
+  m_pView->InvalidateCels(quorvel::SplitSelected(Block()));
+  RefreshCommands();
+}
+
+void CPageEditDlg::OnTextColor() {
+  m_pView->InvalidateCels(quorvel::SetTextColor(Block(), m_btnTextColor.m_color));
+}
+
+void CPageEditDlg::OnBackColor() {
+  m_pView->InvalidateCels(quorvel::SetBackColor(Block(), m_btnBackColor.m_color));
+}
+
+void CPageEditDlg::OnChooseTextColor() {
+  PickColor(IDC_LAYOUT_TEXT_COLOUR_ARROW, m_btnTextColor, &quorvel::SetTextColor);
+}
+
+void CPageEditDlg::OnChooseBackColor() {
+  PickColor(IDC_LAYOUT_BACK_COLOUR_ARROW, m_btnBackColor, &quorvel::SetBackColor);
+}
+
+void CPageEditDlg::PickColor(int arrowId, CKivColorButton& button, CelCommand apply) {
+  RECT arrow{};
+  ::GetWindowRect(GetDlgItem(arrowId), &arrow);
+  CPoint corner(arrow.right, arrow.bottom);
+  CSelColorDlg dialog(m_host.env, button.m_color, &corner, this);
+  if (dialog.DoModal() == IDOK) {
+    button.Recolor(dialog.m_color);
+    m_pView->InvalidateCels(apply(Block(), button.m_color));
+  }
+}
+
+// ---- Insertions
+
+bool CPageEditDlg::HasInsertions() const {
+  return m_host.insertions != nullptr && m_host.insertions->GetSize() > 0;
+}
+
+void CPageEditDlg::FillInsertions() {
+  if (!HasInsertions()) {
+    for (const int id : {IDC_LAYOUT_INSERTION, IDC_LAYOUT_APPEND}) {
+      ::ShowWindow(GetDlgItem(id), SW_HIDE);
+    }
+    return;
+  }
+  std::vector<std::wstring> names;
+  names.reserve(static_cast<std::size_t>(m_host.insertions->GetSize()) + 1);
+  names.emplace_back();
+  for (INT_PTR i = 0; i < m_host.insertions->GetSize(); ++i) {
+    names.push_back(quorvel::WideFromCodePage(m_host.insertions->GetAt(i).View()));
+  }
+  m_cmbInsertion.ResetContent();
+  m_cmbInsertion.AddStrings(names);
+  m_cmbInsertion.SetCurSel(0);
+}
+
+void CPageEditDlg::OnInsertion() {
+  const int choice = m_cmbInsertion.GetCurSel();
+  if (choice < 1 || !HasInsertions() || !Block().IsSelected()) {
+    return;
+  }
+  const CString tag = quorvel::InsertionTag(*m_host.insertions, m_host.numbers, choice);
+  m_pView->InvalidateCels(quorvel::InsertText(Block(), tag, m_nAppend != 0));
+  m_cmbInsertion.SetCurSel(0);
+}

@@ -1,0 +1,131 @@
+// CPageEditDlg: what the layout editors have in common: everything that mouse, keyboard, tool bar and
+// menu do to the cells of a page's picture.
+//
+//   class CLayoutEditDlg : public CPageEditDlg { ... };   // says where the pages are shown
+#pragma once
+
+#include "dialogs/layout/editor_settings.h"
+#include "dialogs/layout/page_view.h"
+#include "dialogs/layout/tool_tip.h"
+#include "framework/device_context.h"
+#include "kivdata/sys_env.h"
+#include "kivfcl/kiv_color_button.h"
+#include "kivfcl/kiv_dialog.h"
+#include "kivfcl/kiv_key_ctrl_edit.h"
+#include "kivfcl/kiv_tool_ctrl.h"
+
+#include <memory>
+
+/// What a caller gives to each layout editor. All of it stays the caller's, and all pointers may be
+/// null.
+struct PageEditHost {
+  CKivSysEnv* env = nullptr;
+  const CStringArray* insertions = nullptr;  ///< names that can be inserted as tags
+  const CDWordArray* numbers = nullptr;      ///< of the names; counts if there are as many
+  double dotsPerMm = 0.0;                    ///< of the page's fonts
+  CPoint* position = nullptr;                ///< of the dialog, screen pixels
+};
+
+/// The commands act on the selected cells of the current view. F2 edits the text of the first of
+/// them, the menu key opens their menu, and Ctrl with an arrow key selects the next cell, wherever
+/// the key has no other meaning. The template has the colour buttons and the list of insertions.
+class CPageEditDlg : public CKivDialog {
+public:
+  BOOL PreTranslateMessage(MSG* message) override;
+
+protected:
+  CPageEditDlg(UINT templateId, const quorvel::EditorSettings& settings, const PageEditHost& host,
+               CWnd* parent);
+
+  void DoDataExchange(CDataExchange* pDX) override;
+  /// What all editors have is ready afterwards, but for the tool bars, which stand beside a view.
+  BOOL OnInitDialog() override;
+
+  /// The view that the mouse works on at a point in client pixels; null for none.
+  virtual CPageView* ViewAt(const CPoint& point) = 0;
+  /// Lengths have changed: all views fit their pages anew.
+  virtual void LayOutViews() = 0;
+
+  /// Makes a view the one that commands act on.
+  void SetCurrentView(CPageView& view) { m_pView = &view; }
+  bool HasInsertions() const;
+  void CreateCelTools(const CPoint& position);
+  /// Which commands are possible depends on what is selected.
+  virtual void RefreshCommands();
+  /// What has been typed into a cell goes to all selected ones, and the field is gone.
+  void EndTextEdit();
+  /// Forgets a drag that is under way; lengths and selection stay.
+  void CancelDrag();
+  void ReadSettings();
+  void WriteSettings();
+
+  const PageEditHost& Host() const { return m_host; }
+
+  void OnLButtonDown(UINT flags, CPoint point);
+  void OnLButtonUp(UINT flags, CPoint point);
+  void OnLButtonDblClk(UINT flags, CPoint point);
+  void OnRButtonUp(UINT flags, CPoint point);
+  void OnMouseMove(UINT flags, CPoint point);
+  LRESULT OnSetCursor(WPARAM wParam, LPARAM lParam);
+  LRESULT OnCaptureChanged(WPARAM wParam, LPARAM lParam);
+  LRESULT OnKeyDown(WPARAM wParam, LPARAM lParam);
+  LRESULT OnSetFocus(WPARAM wParam, LPARAM lParam);
+  LRESULT OnContextMenu(WPARAM wParam, LPARAM lParam);
+  void OnToolTipText(const NMHDR& notification);
+  void OnEditText();
+  void OnEditFont();
+  void OnAlignVertically(UINT command);
+  void OnAlignHorizontally(UINT command);
+  void OnMerge();
+  void OnSplit();
+  void OnTextColor();
+  void OnBackColor();
+  void OnChooseTextColor();
+  void OnChooseBackColor();
+  void OnInsertion();
+
+  DECLARE_MESSAGE_MAP()
+
+private:
+  enum class Drag { kNone, kBorder, kCels };
+  using CelCommand = quorvel::CelList (*)(quorvel::PageBlock&, COLORREF);
+
+  quorvel::PageBlock& Block() const { return m_pView->Block(); }
+  void PassOn(UINT message, UINT flags, const CPoint& point);
+  Drag StartDrag(const CPoint& point);
+  void ShowDragCursor() const;
+  void EndCelDrag(const CPoint& point);
+  void EndBorderDrag(const CPoint& point);
+  void ShowReadOut(const CPoint& point, const quorvel::PairOfLengths& lengths);
+  void DropReadOut();
+  void SelectNeighbour(WPARAM key);
+  bool MovesSelection(const MSG& message) const;
+  bool OpenTextEdit();
+  void ShowCelMenu(const CPoint& screenPoint);
+  bool IsCommandPossible(UINT command) const;
+  void PickColor(int arrowId, CKivColorButton& button, CelCommand apply);
+  void FillInsertions();
+
+  const quorvel::EditorSettings& m_settings;
+  PageEditHost m_host;
+  CPageView* m_pView = nullptr;
+
+  Drag m_drag = Drag::kNone;
+  int m_nAnchorCel = -1;
+  /// The cell that the last release of the button deselected; -1 for none.
+  int m_nToggledCel = -1;
+  /// The button is still down after a double click opened the text field.
+  bool m_bOpenedByDoubleClick = false;
+  bool m_bKeepsFocus = false;
+  std::unique_ptr<CToolTip> m_pReadOut;
+  std::unique_ptr<CKivKeyCtrlEdit> m_pTextEdit;
+
+  CKivToolCtrl m_celTools;
+  quorvel::OwnedBitmap m_bmpArrow;  ///< outlives the buttons that show it
+  CButton m_btnTextArrow;
+  CButton m_btnBackArrow;
+  CKivColorButton m_btnTextColor;
+  CKivColorButton m_btnBackColor;
+  CComboBox m_cmbInsertion;
+  int m_nAppend = 1;  ///< a tag goes behind the text of a cell instead of replacing it
+};

@@ -1,0 +1,138 @@
+#include "dialogs/layout/page_geometry.h"
+
+#include "framework/number_text.h"
+#include "kivcomm/rounding.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace quorvel {
+
+namespace {
+
+constexpr double kMmPerInch = 25.4;
+constexpr double kHalf = 0.5;
+constexpr int kEdge = 1;
+/// A point that is nearer to a border takes hold of it.
+constexpr int kGrip = 4;
+
+int RoundedPixels(double pixels) { return std::max(TruncatedToInt(pixels + kHalf), 1); }
+
+bool Grips(int position, int border) { return std::abs(position - border) < kGrip; }
+
+}  // namespace
+
+CSize NaturalSize(const SizeInMm& page, const DotsPerInch& dots) {
+  return {RoundedPixels(page.width / kMmPerInch * dots.horizontal),
+          RoundedPixels(page.height / kMmPerInch * dots.vertical)};
+}
+
+int ScaledPixels(double millimetres, double scale, double dotsPerInch) {
+  return RoundedPixels(scale * millimetres / kMmPerInch * dotsPerInch);
+}
+
+FittedPage FitPage(const CRect& control, const SizeInMm& page, const DotsPerInch& dots) {
+  CRect area = control.Grown(-kEdge, -kEdge);
+  const CSize natural = NaturalSize(page, dots);
+  const double horizontal = static_cast<double>(area.Width()) / natural.cx;
+  const double vertical = static_cast<double>(area.Height()) / natural.cy;
+  if (vertical > horizontal) {
+    const int height = TruncatedToInt(natural.cy * horizontal);
+    area.top += (area.Height() - height) / 2;
+    area.bottom = area.top + height;
+    return {area, horizontal};
+  }
+  const int width = TruncatedToInt(natural.cx * vertical);
+  area.left += (area.Width() - width) / 2;
+  area.right = area.left + width;
+  return {area, vertical};
+}
+
+std::optional<BorderDrag> FindBorder(std::span<const CRect> table, int rows, int cols,
+                                     const CPoint& point) {
+  const auto at = [&](int row, int col) -> const CRect& {
+    return table[static_cast<std::size_t>(row * cols + col)];
+  };
+  for (int row = 0; row < rows - 1; ++row) {
+    const CRect& rect = at(row, 0);
+    if (Grips(point.y, rect.bottom)) {
+      return BorderDrag{.row = row,
+                        .start = point.y,
+                        .guide = point.y,
+                        .first = rect.top,
+                        .last = at(row + 1, 0).bottom};
+    }
+  }
+  for (int col = 0; col < cols - 1; ++col) {
+    const CRect& rect = at(0, col);
+    if (Grips(point.x, rect.right)) {
+      return BorderDrag{.col = col,
+                        .start = point.x,
+                        .guide = point.x,
+                        .first = rect.left,
+                        .last = at(0, col + 1).right};
+    }
+  }
+  return std::nullopt;
+}
+
+bool MoveGuide(BorderDrag& drag, const CPoint& point) {
+  const int position = drag.IsRow() ? point.y : point.x;
+  if (position <= drag.first || position >= drag.last) {
+    return false;
+  }
+  drag.guide = position;
+  return true;
+}
+
+PairOfLengths DraggedLengths(const BorderDrag& drag, const PageBlock& block, double scale,
+                             const DotsPerInch& dots) {
+  const bool isRow = drag.IsRow();
+  const double before = isRow ? block.RowLength(drag.row) : block.ColLength(drag.col);
+  const double behind = isRow ? block.RowLength(drag.row + 1) : block.ColLength(drag.col + 1);
+  const double pixels = drag.guide - drag.start;
+  const double moved = __KivComm_CutValue(
+      pixels / scale / (isRow ? dots.vertical : dots.horizontal) * kMmPerInch, 0,
+      kCutHalfAwayFromZero);
+  const double change = moved < 0 && -moved > before ? -before : std::min(moved, behind);
+  return {before + change, behind - change};
+}
+
+void StoreLengths(const BorderDrag& drag, const PairOfLengths& lengths, PageBlock& block) {
+  if (drag.IsRow()) {
+    block.SetRowLength(drag.row, lengths.first);
+    block.SetRowLength(drag.row + 1, lengths.second);
+  } else {
+    block.SetColLength(drag.col, lengths.first);
+    block.SetColLength(drag.col + 1, lengths.second);
+  }
+}
+
+GuideLine GuideOf(const BorderDrag& drag, const CRect& pageArea) {
+  return drag.IsRow() ? GuideLine{{pageArea.left, drag.guide}, {pageArea.right, drag.guide}}
+                      : GuideLine{{drag.guide, pageArea.top}, {drag.guide, pageArea.bottom}};
+}
+
+int CelAtPoint(const PageBlock& block, std::span<const CRect> table, const CPoint& point,
+               const CSize& margin) {
+  for (int row = 0; row < block.Rows(); ++row) {
+    for (int col = 0; col < block.Cols(); ++col) {
+      const int index = block.IndexOf(row, col);
+      CRect rect;
+      if (block.RectOf(rect, table.data(), index) &&
+          rect.Grown(-margin.cx, -margin.cy).Contains(point)) {
+        return index;
+      }
+    }
+  }
+  return -1;
+}
+
+std::vector<CRect> RectTable(const PageBlock& block, const CRect& area) {
+  std::vector<CRect> table(static_cast<std::size_t>(block.Rows()) *
+                           static_cast<std::size_t>(block.Cols()));
+  block.InitRects(area, table.data());
+  return table;
+}
+
+}  // namespace quorvel

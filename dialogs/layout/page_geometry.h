@@ -1,0 +1,86 @@
+// Where a page's picture stands, what a point of it means and what dragging a border gives. All
+// pixels are those of the picture's control.
+//
+//   const FittedPage fitted = FitPage(controlArea, {block.Width(), block.Height()}, dots);
+//   std::optional<BorderDrag> drag = FindBorder(table, block.Rows(), block.Cols(), point);
+//   if (drag && MoveGuide(*drag, point)) lengths = DraggedLengths(*drag, block, fitted.scale, dots);
+#pragma once
+
+#include "dialogs/layout/page_block.h"
+#include "framework/geometry.h"
+
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace quorvel {
+
+/// Of the display.
+struct DotsPerInch {
+  double horizontal;
+  double vertical;
+};
+
+struct SizeInMm {
+  double width;
+  double height;
+};
+
+/// Of a page at the display's resolution, at least one pixel each way.
+CSize NaturalSize(const SizeInMm& page, const DotsPerInch& dots);
+
+/// Pixels of a length in millimetres at a scale, at least one: the size of a cell's letters.
+int ScaledPixels(double millimetres, double scale, double dotsPerInch);
+
+struct FittedPage {
+  CRect area;    ///< the page's pixels
+  double scale;  ///< of the natural size
+};
+/// As large as it fits into a control one pixel from its edges, in the middle of what is left.
+FittedPage FitPage(const CRect& control, const SizeInMm& page, const DotsPerInch& dots);
+
+/// A border between two rows or two columns that is being dragged.
+struct BorderDrag {
+  int row = -1;  ///< the row above the border; -1 for a border between columns
+  int col = -1;  ///< the column left of the border; -1 for a border between rows
+  int start = 0;
+  int guide = 0;
+  int first = 0;  ///< the guide stays behind this
+  int last = 0;   ///< and before this
+
+  bool IsRow() const { return row >= 0; }
+};
+
+/// The border within 3 pixels of a point, rows before columns, the lowest first. Merged cells do not
+/// count. `table` is that of InitRects.
+std::optional<BorderDrag> FindBorder(std::span<const CRect> table, int rows, int cols,
+                                     const CPoint& point);
+
+/// Moves the guide to the point; false, and no move, at a limit or beyond it.
+bool MoveGuide(BorderDrag& drag, const CPoint& point);
+
+struct PairOfLengths {
+  double first;   ///< of the upper row or the left column
+  double second;  ///< of the next one
+};
+/// The lengths with the border at the guide: moved by whole millimetres, never below 0.
+PairOfLengths DraggedLengths(const BorderDrag& drag, const PageBlock& block, double scale,
+                             const DotsPerInch& dots);
+/// Gives the two rows or columns their lengths.
+void StoreLengths(const BorderDrag& drag, const PairOfLengths& lengths, PageBlock& block);
+
+/// The guide's ends.
+struct GuideLine {
+  CPoint from;
+  CPoint to;
+};
+GuideLine GuideOf(const BorderDrag& drag, const CRect& pageArea);
+
+/// The cell at a point, -1 where there is none. Each cell is taken smaller by `margin` on both sides.
+int CelAtPoint(const PageBlock& block, std::span<const CRect> table, const CPoint& point,
+               const CSize& margin = {0, 0});
+
+/// A table for InitRects, filled.
+std::vector<CRect> RectTable(const PageBlock& block, const CRect& area);
+
+}  // namespace quorvel

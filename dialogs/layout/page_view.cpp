@@ -1,0 +1,167 @@
+#include "dialogs/layout/page_view.h"
+
+#include "framework/device_context.h"
+
+using quorvel::PairOfLengths;
+
+namespace {
+
+constexpr COLORREF kAround = RGB(0xBF, 0xBF, 0xBF);
+constexpr COLORREF kPaper = RGB(0xFF, 0xFF, 0xFF);
+constexpr COLORREF kGuideColor = RGB(0, 0, 0);
+/// A cell's lines reach this far out of its rectangle.
+constexpr int kLineReach = 1;
+
+bool Overlap(const CRect& one, const CRect& other) {
+  return one.left < other.right && other.left < one.right && one.top < other.bottom &&
+         other.top < one.bottom;
+}
+
+}  // namespace
+
+BEGIN_MESSAGE_MAP(CPageView, CStatic)
+  ON_WM_PAINT(&CPageView::OnPaint)
+  ON_MESSAGE(WM_ERASEBKGND, &CPageView::OnEraseBackground)
+END_MESSAGE_MAP()
+
+void CPageView::Attach(UINT id, CWnd* dialog) {
+  SubclassDlgItem(id, dialog);
+  ::SetWindowLongPtrW(m_hWnd, GWL_STYLE,
+                      ::GetWindowLongPtrW(m_hWnd, GWL_STYLE) | WS_CLIPSIBLINGS);
+  ::SetWindowPos(m_hWnd, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  m_dialogArea = dialog->GetDlgItemRect(static_cast<int>(id));
+  const CClientDC client(this);
+  m_dots = {static_cast<double>(::GetDeviceCaps(client.Handle(), LOGPIXELSX)),
+            static_cast<double>(::GetDeviceCaps(client.Handle(), LOGPIXELSY))};
+}
+
+void CPageView::LayOut() {
+  m_page = quorvel::FitPage(GetClientRect(), {m_block.Width(), m_block.Height()}, m_dots);
+  m_table = quorvel::RectTable(m_block, m_page.area);
+  Invalidate();
+}
+
+void CPageView::InvalidateCels(const quorvel::CelList& cels) const {
+  for (const int index : cels) {
+    if (const std::optional<CRect> rect = RectOf(index)) {
+      InvalidateRect(rect->Grown(kLineReach, kLineReach));
+    }
+  }
+}
+
+CPoint CPageView::FromDialog(const CPoint& point) const {
+  return {point.x - m_dialogArea.left, point.y - m_dialogArea.top};
+}
+
+CRect CPageView::ToDialog(const CRect& rect) const {
+  CRect moved = rect;
+  moved.OffsetRect(m_dialogArea.left, m_dialogArea.top);
+  return moved;
+}
+
+int CPageView::CelAt(const CPoint& point, const CSize& margin) const {
+  return quorvel::CelAtPoint(m_block, m_table, point, margin);
+}
+
+std::optional<CRect> CPageView::RectOf(int index) const {
+  CRect rect;
+  if (m_table.empty() || !m_block.RectOf(rect, m_table.data(), index)) {
+    return std::nullopt;
+  }
+  return rect;
+}
+
+void CPageView::SetFixedTextHeight(bool fixed) {
+  m_bFixedTextHeight = fixed;
+  Invalidate();
+}
+
+bool CPageView::TakeBorder(const CPoint& point) {
+  m_border = quorvel::FindBorder(m_table, m_block.Rows(), m_block.Cols(), point);
+  if (m_border) {
+    ToggleGuide();
+  }
+  return m_border.has_value();
+}
+
+std::optional<PairOfLengths> CPageView::DragBorder(const CPoint& point) {
+  if (!m_border) {
+    return std::nullopt;
+  }
+  quorvel::BorderDrag moved = *m_border;
+  if (!quorvel::MoveGuide(moved, point)) {
+    return std::nullopt;
+  }
+  ToggleGuide();
+  m_border = moved;
+  ToggleGuide();
+  return quorvel::DraggedLengths(moved, m_block, m_page.scale, m_dots);
+}
+
+void CPageView::StoreBorder() {
+  if (m_border) {
+    quorvel::StoreLengths(
+        *m_border, quorvel::DraggedLengths(*m_border, m_block, m_page.scale, m_dots), m_block);
+  }
+}
+
+void CPageView::DropBorder() {
+  if (m_border) {
+    ToggleGuide();
+    m_border.reset();
+  }
+}
+
+void CPageView::OnPaint() {
+  const CPaintDC paint(this);
+  if (m_table.empty()) {
+    return;
+  }
+  const quorvel::PaintBuffer buffer(paint.Handle(), paint.Area());
+  Paint(buffer.Handle(), paint.Area());
+}
+
+/// The painting covers all.
+LRESULT CPageView::OnEraseBackground(WPARAM /*wParam*/, LPARAM /*lParam*/) { return TRUE; }
+
+void CPageView::Paint(HDC deviceContext, const CRect& part) const {
+  quorvel::FillSolid(deviceContext, GetClientRect(), kAround);
+  quorvel::FillSolid(deviceContext, m_page.area, kPaper);
+  {
+    quorvel::CelPainter painter(deviceContext, m_style,
+                                {m_page.scale, m_dots, m_bFixedTextHeight});
+    PaintCels(painter, part, quorvel::kNormalCel);
+    PaintCels(painter, part, quorvel::kSelectedCel);  // their lines lie over the neighbours'
+  }
+  if (m_border) {
+    DrawGuide(deviceContext);
+  }
+}
+
+void CPageView::PaintCels(quorvel::CelPainter& painter, const CRect& part, int kind) const {
+  const bool hidesEdited = m_style == quorvel::CelStyle::kRuled;
+  const int count = m_block.Rows() * m_block.Cols();
+  for (int index = 0; index < count; ++index) {
+    const CLayoutCelData* const cel = m_block.CelAt(index);
+    if (cel == nullptr || (kind == quorvel::kSelectedCel && cel->GetSelected() == 0) ||
+        (hidesEdited && index == m_nEditedCel)) {
+      continue;
+    }
+    const std::optional<CRect> rect = RectOf(index);
+    if (rect && Overlap(rect->Grown(kLineReach, kLineReach), part)) {
+      painter.Draw(*cel, *rect, kind);
+    }
+  }
+}
+
+void CPageView::DrawGuide(HDC deviceContext) const {
+  const CXorPenEx pen(deviceContext, PS_DOT, 1, kGuideColor);
+  const auto [from, to] = quorvel::GuideOf(*m_border, m_page.area);
+  ::MoveToEx(deviceContext, from.x, from.y, nullptr);
+  ::LineTo(deviceContext, to.x, to.y);
+}
+
+void CPageView::ToggleGuide() const {
+  const CClientDC client(this);
+  DrawGuide(client.Handle());
+}
