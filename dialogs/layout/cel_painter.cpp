@@ -67,6 +67,7 @@ void CelPainter::Draw(const CLayoutCelData& cel, const CRect& rect, int kind) {
   const bool ruled = m_style == CelStyle::kRuled;
   if (ruled && kind == kSelectedCel) {
     const int operation = ::SetROP2(m_hDC, R2_NOTXORPEN);
+    UsePen({PS_SOLID, 1, kBlack});
     {
       const CBrushEx tint(m_hDC, kTint);
       ::Rectangle(m_hDC, rect.left, rect.top, rect.right, rect.bottom);

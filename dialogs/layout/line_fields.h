@@ -15,7 +15,7 @@
 class CLineFields {
 public:
   /// Five controls have identifiers one after the other: check box, type, colour, width and its unit.
-  explicit CLineFields(int firstId) : m_nFirstId(firstId) {}
+  explicit CLineFields(int firstId) : m_nFirstId(firstId) { m_btnColor.m_color = m_status.color; }
 
   void Read(int on, const PEN_STATUS& status);
   int IsOn() const { return m_nOn; }
