@@ -12,6 +12,7 @@
 #include "dialogs/input/input_text_dlg.h"
 #include "dialogs/input/user_paper_set_dlg.h"
 #include "dialogs/layout/layout_edit_dlg.h"
+#include "dialogs/layout/layout_ex_edit_dlg.h"
 #include "framework/module_state.h"
 
 #include <quorvel/quorvel.h>
@@ -171,6 +172,16 @@ BOOL __LayoutEditDlg(CKivSysEnv* env, CLayoutPageData* page, CStringArray* inser
                      CDWordArray* numbers, double dotsPerMm, int lineMode, CPoint* position) {
   const auto body = [&] {
     CLayoutEditDlg dialog(env, page, insertions, numbers, dotsPerMm, lineMode, position, nullptr);
+    return dialog.DoModal() == IDOK ? TRUE : FALSE;
+  };
+  return RunEntry(FALSE, body, page);
+}
+
+BOOL __LayoutExEditDlg(CKivSysEnv* env, CLayoutExPageData* page, CStringArray* fields,
+                       CStringArray* insertions, CDWordArray* numbers, double dotsPerMm,
+                       CPoint* position) {
+  const auto body = [&] {
+    CLayoutExEditDlg dialog(env, page, fields, insertions, numbers, dotsPerMm, position, nullptr);
     return dialog.DoModal() == IDOK ? TRUE : FALSE;
   };
   return RunEntry(FALSE, body, page);

@@ -1,49 +1,17 @@
 #include "dialogs/layout/layout_edit_dlg.h"
 
-#include "framework/file_dialog.h"
-#include "framework/message_box.h"
-#include "kivfcl/calc_text.h"
+#include "dialogs/layout/size_fields.h"
 
 #include <array>
-#include <cmath>
 
 namespace {
 
-constexpr int kFewest = 1;
 constexpr int kMost = 20;
-constexpr double kLongest = 1e12;  ///< that a page takes, millimetres
-/// Totals that differ by less are one: dragged lengths need not sum to the last bit.
-constexpr double kSameLength = 1e-9;
 
 constexpr int kToolsAboveImage = 24;
 constexpr int kFileToolsWidth = 48;
-constexpr std::array kFileTools{TOOLITEM{IDM_OPEN_LAYOUT, 0, FALSE},
-                                TOOLITEM{IDM_SAVE_LAYOUT, 1, FALSE}};
-
-constexpr const char* kExtension = "*.mtpld";
-constexpr const char* kFilter = "ﾐﾙﾄﾗｽ 印刷ﾚｲｱｳﾄﾌｧｲﾙ (*.mtpld)|*.mtpld||";
-constexpr DWORD kFileFlags = OFN_HIDEREADONLY | OFN_PATHMUSTEXIST | OFN_FILEMUSTEXIST |
-                             OFN_EXPLORER | OFN_NODEREFERENCELINKS;
-
 constexpr std::array kMarginControls{IDC_LAYOUT_MARGIN, IDC_LAYOUT_MARGIN_LABEL,
                                      IDC_LAYOUT_MARGIN_UNIT, IDC_LAYOUT_SHOW_FRAME};
-
-// A refused number leaves the member as it was.
-
-void ExchangeCount(CDataExchange* pDX, int id, int& count) {
-  int read = count;
-  DDX_CalcText(pDX, id, read);
-  DDV_MinMaxInt(pDX, read, kFewest, kMost);
-  count = read;
-}
-
-template <class Number>
-void ExchangeLength(CDataExchange* pDX, int id, Number& length) {
-  Number read = length;
-  DDX_CalcText(pDX, id, read, 0, 0);
-  DDV_MinMaxDouble(pDX, read, 0.0, kLongest);
-  length = read;
-}
 
 }  // namespace
 
@@ -62,8 +30,6 @@ BEGIN_MESSAGE_MAP(CLayoutEditDlg, CPageEditDlg)
   ON_BN_CLICKED(IDC_INNER_LINE, &CLayoutEditDlg::OnLineSwitched)
   ON_BN_CLICKED(IDC_OUTER_LINE_COLOUR, &CLayoutEditDlg::OnOuterColor)
   ON_BN_CLICKED(IDC_INNER_LINE_COLOUR, &CLayoutEditDlg::OnInnerColor)
-  ON_COMMAND(IDM_OPEN_LAYOUT, &CLayoutEditDlg::OnOpen)
-  ON_COMMAND(IDM_SAVE_LAYOUT, &CLayoutEditDlg::OnSave)
 END_MESSAGE_MAP()
 
 CLayoutEditDlg::CLayoutEditDlg(CKivSysEnv* env, CLayoutPageData* page,
@@ -74,7 +40,7 @@ CLayoutEditDlg::CLayoutEditDlg(CKivSysEnv* env, CLayoutPageData* page,
       m_pCallersPage(page),
       m_page(*page),
       m_bLineMode(lineMode != 0) {
-  SetCurrentView(m_view);
+  SetCurrentView(&m_view);
   ReadPage();
   if (m_bLineMode) {
     m_outerLine.Read(m_page.GetByEdgeOutLine(), m_page.GetOutLineStatus());
@@ -100,18 +66,17 @@ void CLayoutEditDlg::ReadSizes() {
 
 void CLayoutEditDlg::DoDataExchange(CDataExchange* pDX) {
   CPageEditDlg::DoDataExchange(pDX);
-  ExchangeCount(pDX, IDC_LAYOUT_ROWS, m_nRows);
-  ExchangeCount(pDX, IDC_LAYOUT_COLUMNS, m_nColumns);
-  ExchangeLength(pDX, IDC_LAYOUT_HEIGHT, m_fHeight);
-  ExchangeLength(pDX, IDC_LAYOUT_WIDTH, m_fWidth);
-  ExchangeLength(pDX, IDC_LAYOUT_MARGIN, m_fMargin);
+  DDX_Count(pDX, IDC_LAYOUT_ROWS, m_nRows, kMost);
+  DDX_Count(pDX, IDC_LAYOUT_COLUMNS, m_nColumns, kMost);
+  DDX_Length(pDX, IDC_LAYOUT_HEIGHT, m_fHeight, 0);
+  DDX_Length(pDX, IDC_LAYOUT_WIDTH, m_fWidth, 0);
+  DDX_Length(pDX, IDC_LAYOUT_MARGIN, m_fMargin, 0);
   DDX_Check(pDX, IDC_LAYOUT_SHOW_FRAME, m_nShowFrame);
   m_outerLine.Exchange(pDX);
   m_innerLine.Exchange(pDX);
 }
 
 BOOL CLayoutEditDlg::OnInitDialog() {
-  m_bClosing = false;
   CPageEditDlg::OnInitDialog();
   if (m_bLineMode) {
     for (const int id : kMarginControls) {
@@ -124,21 +89,13 @@ BOOL CLayoutEditDlg::OnInitDialog() {
     m_innerLine.Hide(this);
   }
   m_view.Attach(IDC_LAYOUT_IMAGE, this);
-  CreateCelTools({m_view.DialogArea().left, m_view.DialogArea().top - kToolsAboveImage});
-  CreateFileTools();
+  const CRect& image = m_view.DialogArea();
+  CreateCelTools({image.left, image.top - kToolsAboveImage});
+  CreateFileTools({image.right - kFileToolsWidth, image.top - kToolsAboveImage}, m_bLineMode);
   LayOutViews();
   RefreshCommands();
   MoveToCallersPosition(Host().position);
   return TRUE;
-}
-
-void CLayoutEditDlg::CreateFileTools() {
-  const CPoint position(m_view.DialogArea().right - kFileToolsWidth,
-                        m_view.DialogArea().top - kToolsAboveImage);
-  m_fileTools.CreateToolCtrl(this, quorvel::kToolStyle, kFileTools.data(),
-                             static_cast<int>(kFileTools.size()), IDB_FILE_TOOLS,
-                             static_cast<int>(kFileTools.size()), position, 0,
-                             m_bLineMode ? TRUE : FALSE);
 }
 
 CPageView* CLayoutEditDlg::ViewAt(const CPoint& point) {
@@ -148,12 +105,6 @@ CPageView* CLayoutEditDlg::ViewAt(const CPoint& point) {
 void CLayoutEditDlg::LayOutViews() { m_view.LayOut(); }
 
 // ---- Fields
-
-/// Reads the fields where one of them has been left; a dialog that closes or is being cancelled reads
-/// none of them so.
-bool CLayoutEditDlg::ReadField() {
-  return !m_bClosing && ::GetFocus() != GetDlgItem(IDCANCEL) && UpdateData(TRUE) != FALSE;
-}
 
 void CLayoutEditDlg::OnCountLeft() {
   if (ReadField()) {
@@ -194,7 +145,7 @@ void CLayoutEditDlg::ApplyCounts() {
 }
 
 void CLayoutEditDlg::ApplyHeight(bool equal) {
-  if (equal || std::abs(m_fHeight - m_page.GetAllLengthRow()) > kSameLength) {
+  if (equal || !quorvel::IsSameLength(m_fHeight, m_page.GetAllLengthRow())) {
     EndTextEdit();
     m_block.SetHeight(m_fHeight, equal);
     LayOutViews();
@@ -202,7 +153,7 @@ void CLayoutEditDlg::ApplyHeight(bool equal) {
 }
 
 void CLayoutEditDlg::ApplyWidth(bool equal) {
-  if (equal || std::abs(m_fWidth - m_page.GetAllLengthCol()) > kSameLength) {
+  if (equal || !quorvel::IsSameLength(m_fWidth, m_page.GetAllLengthCol())) {
     EndTextEdit();
     m_block.SetWidth(m_fWidth, equal);
     LayOutViews();
@@ -222,16 +173,10 @@ void CLayoutEditDlg::OnInnerColor() { m_innerLine.PickColor(Host().env, this); }
 
 // ---- Files
 
-void CLayoutEditDlg::OnOpen() {
-  EndTextEdit();
-  CFileDialog dialog(TRUE, kExtension, "", kFileFlags, kFilter, this);
-  if (dialog.DoModal() != IDOK) {
-    return;
-  }
+bool CLayoutEditDlg::OpenPage(const std::wstring& path) {
   CLayoutPageData opened;
-  if (opened.OpenFileW(dialog.GetPathNameWide().c_str()) == 0) {
-    AfxMessageBox("ﾌｧｲﾙが正常に読み込み出来ません。", MB_ICONEXCLAMATION);
-    return;
+  if (opened.OpenFileW(path.c_str()) == 0) {
+    return false;
   }
   CancelDrag();
   m_page = opened;
@@ -239,17 +184,7 @@ void CLayoutEditDlg::OnOpen() {
   UpdateData(FALSE);
   LayOutViews();
   RefreshCommands();
-}
-
-void CLayoutEditDlg::OnSave() {
-  EndTextEdit();
-  if (UpdateData(TRUE) == FALSE) {
-    return;
-  }
-  CFileDialog dialog(FALSE, kExtension, "", kFileFlags | OFN_OVERWRITEPROMPT, kFilter, this);
-  if (dialog.DoModal() == IDOK) {
-    m_page.SaveFileW(dialog.GetPathNameWide().c_str());
-  }
+  return true;
 }
 
 // ---- The end
@@ -276,12 +211,10 @@ void CLayoutEditDlg::OnOK() {
     m_page.SetShowFrame(m_nShowFrame);
   }
   *m_pCallersPage = m_page;
-  m_bClosing = true;
-  EndDialog(IDOK);
+  Close(IDOK);
 }
 
 void CLayoutEditDlg::OnCancel() {
   WriteSettings();
-  m_bClosing = true;
-  EndDialog(IDCANCEL);
+  Close(IDCANCEL);
 }

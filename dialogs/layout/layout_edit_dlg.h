@@ -24,6 +24,9 @@ protected:
   void OnCancel() override;
   CPageView* ViewAt(const CPoint& point) override;
   void LayOutViews() override;
+  bool OpenPage(const std::wstring& path) override;
+  bool PrepareToSave() override { return UpdateData(TRUE) != FALSE; }
+  void SavePage(const std::wstring& path) override { m_page.SaveFileW(path.c_str()); }
 
   void OnCountLeft();
   void OnHeightLeft();
@@ -34,26 +37,20 @@ protected:
   void OnLineSwitched();
   void OnOuterColor();
   void OnInnerColor();
-  void OnOpen();
-  void OnSave();
-
   DECLARE_MESSAGE_MAP()
 
 private:
   void ReadPage();
   void ReadSizes();
-  bool ReadField();
   void ApplyCounts();
   void ApplyHeight(bool equal);
   void ApplyWidth(bool equal);
-  void CreateFileTools();
 
   CLayoutPageData* m_pCallersPage;
   CLayoutPageData m_page;
   quorvel::SheetBlock m_block{m_page};
   CPageView m_view{m_block, quorvel::kGridEditor.celStyle};
   bool m_bLineMode;
-  bool m_bClosing = false;
 
   int m_nRows = 1;
   int m_nColumns = 1;
@@ -63,5 +60,4 @@ private:
   int m_nShowFrame = 1;
   CLineFields m_outerLine{IDC_OUTER_LINE};
   CLineFields m_innerLine{IDC_INNER_LINE};
-  CKivToolCtrl m_fileTools;
 };

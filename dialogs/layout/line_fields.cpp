@@ -1,7 +1,7 @@
 #include "dialogs/layout/line_fields.h"
 
 #include "dialogs/colour/sel_color.h"
-#include "kivfcl/calc_text.h"
+#include "dialogs/layout/size_fields.h"
 
 #include <array>
 
@@ -14,7 +14,6 @@ constexpr int kWidth = 3;
 constexpr int kControlCount = 5;
 
 constexpr short kFewestDecimals = 1;
-constexpr double kWidestLine = 1e12;  ///< the longest that a page takes, millimetres
 
 // The index is the style of PEN_STATUS.
 constexpr std::array kTypes{"実線", "破線", "点線", "一点鎖線", "二点鎖線", "なし"};
@@ -36,10 +35,7 @@ void CLineFields::Exchange(CDataExchange* pDX) {
   if (type >= 0) {  // a style that the list lacks stays
     m_status.style = static_cast<short>(type);
   }
-  float width = m_status.width;
-  DDX_CalcText(pDX, m_nFirstId + kWidth, width, kFewestDecimals, 0);
-  DDV_MinMaxDouble(pDX, width, 0.0, kWidestLine);
-  m_status.width = width;
+  DDX_Length(pDX, m_nFirstId + kWidth, m_status.width, kFewestDecimals);
 }
 
 void CLineFields::Init(CWnd* dialog) {

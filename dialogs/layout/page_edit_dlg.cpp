@@ -4,8 +4,11 @@
 #include "dialogs/font/sel_font_ex_dlg.h"
 #include "framework/code_page.h"
 #include "framework/data_exchange.h"
+#include "framework/file_dialog.h"
+#include "framework/message_box.h"
 #include "framework/module_state.h"
 
+#include <array>
 #include <cstdio>
 #include <type_traits>
 
@@ -64,11 +67,16 @@ BEGIN_MESSAGE_MAP(CPageEditDlg, CKivDialog)
   ON_BN_CLICKED(IDC_LAYOUT_TEXT_COLOUR_ARROW, &CPageEditDlg::OnChooseTextColor)
   ON_BN_CLICKED(IDC_LAYOUT_BACK_COLOUR_ARROW, &CPageEditDlg::OnChooseBackColor)
   ON_CBN_SELCHANGE(IDC_LAYOUT_INSERTION, &CPageEditDlg::OnInsertion)
+  ON_COMMAND(IDM_OPEN_LAYOUT, &CPageEditDlg::OnOpen)
+  ON_COMMAND(IDM_SAVE_LAYOUT, &CPageEditDlg::OnSave)
 END_MESSAGE_MAP()
 
 CPageEditDlg::CPageEditDlg(UINT templateId, const quorvel::EditorSettings& settings,
                            const PageEditHost& host, CWnd* parent)
-    : CKivDialog(templateId, parent), m_settings(settings), m_host(host) {
+    : CKivDialog(templateId, parent),
+      m_settings(settings),
+      m_host(host),
+      m_nAppend(settings.appendsAtFirst ? 1 : 0) {
   m_btnTextColor.m_color = kFirstTextColor;
   m_btnBackColor.m_color = kFirstBackColor;
 }
@@ -85,38 +93,54 @@ void CPageEditDlg::DoDataExchange(CDataExchange* pDX) {
 }
 
 BOOL CPageEditDlg::OnInitDialog() {
+  m_bClosing = false;
+  ReadSettings();
   CKivDialog::OnInitDialog();
+  m_btnTextColor.Recolor(m_btnTextColor.m_color);
+  m_btnBackColor.Recolor(m_btnBackColor.m_color);
   m_bmpArrow.reset(static_cast<HBITMAP>(
       ::LoadImageW(AfxGetResourceHandle(), MAKEINTRESOURCEW(IDB_DROP_ARROW), IMAGE_BITMAP, 0, 0,
                    LR_DEFAULTCOLOR)));
   m_btnTextArrow.SetBitmap(m_bmpArrow.get());
   m_btnBackArrow.SetBitmap(m_bmpArrow.get());
-  ReadSettings();
   FillInsertions();
   return TRUE;
 }
 
-void CPageEditDlg::ReadSettings() {
-  COLORREF text = m_btnTextColor.m_color;
-  COLORREF back = m_btnBackColor.m_color;
-  if (m_host.env != nullptr) {
-    const CKivRegistry registry = m_host.env->GetRegistry(m_settings.section);
-    registry.ReadRegistry("TextColor", &text, sizeof text);
-    registry.ReadRegistry("BackColor", &back, sizeof back);
+std::optional<CKivRegistry> CPageEditDlg::Registry() const {
+  if (m_host.env == nullptr) {
+    return std::nullopt;
   }
-  m_btnTextColor.Recolor(text);
-  m_btnBackColor.Recolor(back);
+  return m_host.env->GetRegistry(m_settings.section);
+}
+
+void CPageEditDlg::ReadSettings() {
+  if (const std::optional<CKivRegistry> registry = Registry()) {
+    registry->ReadRegistry("TextColor", &m_btnTextColor.m_color, sizeof(COLORREF));
+    registry->ReadRegistry("BackColor", &m_btnBackColor.m_color, sizeof(COLORREF));
+    if (m_settings.appendSetting != nullptr) {
+      registry->ReadRegistry(m_settings.appendSetting, &m_nAppend, sizeof m_nAppend);
+    }
+  }
 }
 
 void CPageEditDlg::WriteSettings() {
-  if (m_host.env == nullptr) {
-    return;
+  if (std::optional<CKivRegistry> registry = Registry()) {
+    registry->WriteRegistry("TextColor", REG_BINARY, &m_btnTextColor.m_color, sizeof(COLORREF));
+    registry->WriteRegistry("BackColor", REG_BINARY, &m_btnBackColor.m_color, sizeof(COLORREF));
+    if (m_settings.appendSetting != nullptr) {
+      registry->WriteRegistry(m_settings.appendSetting, REG_BINARY, &m_nAppend, sizeof m_nAppend);
+    }
   }
-  CKivRegistry registry = m_host.env->GetRegistry(m_settings.section);
-  const COLORREF text = m_btnTextColor.m_color;
-  const COLORREF back = m_btnBackColor.m_color;
-  registry.WriteRegistry("TextColor", REG_BINARY, &text, sizeof text);
-  registry.WriteRegistry("BackColor", REG_BINARY, &back, sizeof back);
+}
+
+bool CPageEditDlg::ReadField() {
+  return !m_bClosing && ::GetFocus() != GetDlgItem(IDCANCEL) && UpdateData(TRUE) != FALSE;
+}
+
+void CPageEditDlg::Close(INT_PTR result) {
+  m_bClosing = true;
+  EndDialog(result);
 }
 
 // ---- The mouse
@@ -126,7 +150,7 @@ void CPageEditDlg::PassOn(UINT message, UINT flags, const CPoint& point) {
 }
 
 void CPageEditDlg::OnLButtonDown(UINT flags, CPoint point) {
-  EndTextEdit();
+  EndTyping();
   m_bOpenedByDoubleClick = false;
   m_nToggledCel = -1;
   CPageView* const view = ViewAt(point);
@@ -134,7 +158,7 @@ void CPageEditDlg::OnLButtonDown(UINT flags, CPoint point) {
     PassOn(WM_LBUTTONDOWN, flags, point);
     return;
   }
-  SetCurrentView(*view);
+  TakeView(*view);
   m_drag = StartDrag(view->FromDialog(point));
   ShowDragCursor();
   ::SetCapture(m_hWnd);
@@ -176,7 +200,7 @@ void CPageEditDlg::OnLButtonUp(UINT flags, CPoint point) {
     PassOn(WM_LBUTTONUP, flags, point);
     return;
   }
-  EndTextEdit();
+  EndTyping();
   const Drag drag = m_drag;
   if (drag == Drag::kNone) {
     PassOn(WM_LBUTTONUP, flags, point);
@@ -199,12 +223,16 @@ void CPageEditDlg::EndCelDrag(const CPoint& point) {
     return;
   }
   const int end = m_pView->CelAt(m_pView->FromDialog(point));
+  if (anchor < 0 || end < 0) {
+    return;
+  }
   const bool adds = m_settings.shiftAdds && IsPressed(VK_SHIFT);
   m_pView->InvalidateCels(quorvel::SelectCels(Block(), anchor, end, adds));
-  if (anchor == end && end >= 0 && Block().CelAt(end)->GetSelected() == 0) {
+  if (anchor == end && Block().CelAt(end)->GetSelected() == 0) {
     m_nToggledCel = end;
   }
   RefreshCommands();
+  OnSelected(anchor == end ? end : -1);
 }
 
 void CPageEditDlg::EndBorderDrag(const CPoint& point) {
@@ -221,23 +249,28 @@ void CPageEditDlg::EndBorderDrag(const CPoint& point) {
 }
 
 void CPageEditDlg::OnLButtonDblClk(UINT /*flags*/, CPoint point) {
-  EndTextEdit();
-  if (m_drag != Drag::kNone) {
-    return;
+  EndTyping();
+  if (m_drag == Drag::kNone) {
+    m_bOpenedByDoubleClick = OnDoubleClicked(ViewAt(point), point);
   }
+}
+
+bool CPageEditDlg::OnDoubleClicked(CPageView* view, const CPoint& point) {
   // A double click begins with a click, and that one deselects the only selected cell.
-  CPageView* const view = ViewAt(point);
-  if (m_nToggledCel >= 0 && view == m_pView && !Block().IsSelected() &&
+  if (m_nToggledCel >= 0 && view != nullptr && view == m_pView && !Block().IsSelected() &&
       view->CelAt(view->FromDialog(point)) == m_nToggledCel) {
     m_pView->InvalidateCels(quorvel::SelectCels(Block(), m_nToggledCel, m_nToggledCel, false));
     RefreshCommands();
   }
   m_nToggledCel = -1;
-  m_bOpenedByDoubleClick = OpenTextEdit();
+  return OpenTextEdit();
 }
 
 void CPageEditDlg::OnRButtonUp(UINT /*flags*/, CPoint point) {
-  EndTextEdit();
+  EndTyping();
+  if (m_drag == Drag::kBorder && OnRightDuringDrag()) {
+    return;
+  }
   CPageView* const view = ViewAt(point);
   if (view == nullptr || view != m_pView) {
     return;
@@ -313,7 +346,7 @@ BOOL CPageEditDlg::PreTranslateMessage(MSG* message) {
 
 /// Ctrl and an arrow key, unless they lead through the text of a field or open a list.
 bool CPageEditDlg::MovesSelection(const MSG& message) const {
-  if (message.wParam < VK_LEFT || message.wParam > VK_DOWN || !IsPressed(VK_CONTROL)) {
+  if (m_pView == nullptr || message.wParam < VK_LEFT || message.wParam > VK_DOWN || !IsPressed(VK_CONTROL)) {
     return false;
   }
   const LRESULT code = ::SendMessageW(message.hwnd, WM_GETDLGCODE, 0, 0);
@@ -329,6 +362,7 @@ void CPageEditDlg::SelectNeighbour(WPARAM key) {
   changed.insert(changed.end(), selected.begin(), selected.end());
   m_pView->InvalidateCels(changed);
   RefreshCommands();
+  OnTextGiven();
 }
 
 LRESULT CPageEditDlg::OnKeyDown(WPARAM wParam, LPARAM lParam) {
@@ -351,13 +385,14 @@ LRESULT CPageEditDlg::OnSetFocus(WPARAM wParam, LPARAM lParam) {
 
 /// From the keyboard the menu opens at the first selected cell.
 LRESULT CPageEditDlg::OnContextMenu(WPARAM wParam, LPARAM lParam) {
-  const std::optional<CRect> rect = m_pView->RectOf(quorvel::FirstSelectedCel(Block()));
+  const std::optional<CRect> rect =
+      HasSelection() ? m_pView->RectOf(quorvel::FirstSelectedCel(Block())) : std::nullopt;
   if (lParam != -1 || !rect) {
     return Default(WM_CONTEXTMENU, wParam, lParam);
   }
   CPoint point((rect->left + rect->right) / 2, (rect->top + rect->bottom) / 2);
   ::ClientToScreen(m_pView->m_hWnd, &point);
-  EndTextEdit();
+  EndTyping();
   ShowCelMenu(point);
   return 0;
 }
@@ -365,6 +400,9 @@ LRESULT CPageEditDlg::OnContextMenu(WPARAM wParam, LPARAM lParam) {
 // ---- Commands
 
 bool CPageEditDlg::IsCommandPossible(UINT command) const {
+  if (m_pView == nullptr) {
+    return false;
+  }
   switch (command) {
     case IDM_MERGE_CELLS:
       return Block().CanMerge();
@@ -382,6 +420,14 @@ void CPageEditDlg::CreateCelTools(const CPoint& position) {
                             position, 0, TRUE);
 }
 
+void CPageEditDlg::CreateFileTools(const CPoint& position, bool disabled) {
+  constexpr std::array kTools{TOOLITEM{IDM_OPEN_LAYOUT, 0, FALSE},
+                              TOOLITEM{IDM_SAVE_LAYOUT, 1, FALSE}};
+  constexpr int kCount = static_cast<int>(kTools.size());
+  m_fileTools.CreateToolCtrl(this, quorvel::kToolStyle, kTools.data(), kCount, IDB_FILE_TOOLS,
+                             kCount, position, 0, disabled ? TRUE : FALSE);
+}
+
 void CPageEditDlg::RefreshCommands() {
   for (const TOOLITEM& item : m_settings.celTools) {
     if (item.bSeparator == FALSE) {
@@ -389,7 +435,7 @@ void CPageEditDlg::RefreshCommands() {
     }
   }
   if (HasInsertions()) {
-    ::EnableWindow(m_cmbInsertion.m_hWnd, Block().IsSelected() ? TRUE : FALSE);
+    ::EnableWindow(m_cmbInsertion.m_hWnd, HasSelection() ? TRUE : FALSE);
   }
 }
 
@@ -399,7 +445,7 @@ void CPageEditDlg::ShowCelMenu(const CPoint& screenPoint) {
     if (item.text == nullptr) {
       ::AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
     } else {
-      ::AppendMenuW(menu.get(), IsCommandPossible(item.nCommand) ? MF_ENABLED : MF_GRAYED,
+      ::AppendMenuW(menu.get(), IsOffered(item.nCommand) ? MF_ENABLED : MF_GRAYED,
                     item.nCommand, quorvel::WideFromCodePage(item.text).c_str());
     }
   }
@@ -413,6 +459,9 @@ void CPageEditDlg::OnToolTipText(const NMHDR& notification) {
 void CPageEditDlg::OnEditText() { OpenTextEdit(); }
 
 bool CPageEditDlg::OpenTextEdit() {
+  if (!HasSelection()) {
+    return false;
+  }
   const int index = quorvel::FirstSelectedCel(Block());
   const std::optional<CRect> rect = m_pView->RectOf(index);
   if (m_pTextEdit != nullptr || !rect) {
@@ -434,6 +483,7 @@ bool CPageEditDlg::OpenTextEdit() {
   m_pTextEdit->SetWindowText(Block().CelAt(index)->GetText());
   ::SendMessageW(edit, EM_SETSEL, 0, -1);
   ::SendMessageW(edit, EM_SCROLLCARET, 0, 0);
+  m_pView->SetEditedCel(index);
   ::SetFocus(edit);
   return true;
 }
@@ -444,6 +494,7 @@ void CPageEditDlg::EndTextEdit() {
   }
   // Taken out first: the messages of its end find no field.
   const std::unique_ptr<CKivKeyCtrlEdit> edit = std::move(m_pTextEdit);
+  m_pView->SetEditedCel(-1);
   if (::SendMessageW(edit->m_hWnd, EM_GETMODIFY, 0, 0) != 0) {
     ::SendMessageW(edit->m_hWnd, EM_SETMODIFY, FALSE, 0);
     m_pView->InvalidateCels(quorvel::SetText(Block(), edit->GetWindowText()));
@@ -454,47 +505,51 @@ void CPageEditDlg::EndTextEdit() {
   edit->DestroyWindow();
 }
 
+CString CPageEditDlg::SelectedText() const {
+  return HasSelection() ? Block().CelAt(quorvel::FirstSelectedCel(Block()))->GetText() : CString();
+}
+
 void CPageEditDlg::OnEditFont() {
-  EndTextEdit();
-  const CLayoutCelData* const cel = Block().CelAt(quorvel::FirstSelectedCel(Block()));
-  if (cel == nullptr) {
+  EndTyping();
+  if (!HasSelection()) {
     return;
   }
+  const CLayoutCelData* const cel = Block().CelAt(quorvel::FirstSelectedCel(Block()));
   CKivFontEx font = *cel->GetFont();
   CSelFontExDlg dialog(m_host.env, "ｾﾙのﾌｫﾝﾄ編集", FALSE, kAllFontFields);
   if (dialog.Run(&font, m_host.dotsPerMm) == IDOK) {
-    m_pView->InvalidateCels(quorvel::SetFont(Block(), font));
+    ChangeCels([&](quorvel::PageBlock& block) { return quorvel::SetFont(block, font); });
   }
 }
 
 void CPageEditDlg::OnAlignVertically(UINT command) {
-  m_pView->InvalidateCels(
-      quorvel::SetVerticalPlace(Block(), static_cast<BYTE>(command - IDM_ALIGN_TOP)));
+  const BYTE place = static_cast<BYTE>(command - IDM_ALIGN_TOP);
+  ChangeCels([&](quorvel::PageBlock& block) { return quorvel::SetVerticalPlace(block, place); });
 }
 
 void CPageEditDlg::OnAlignHorizontally(UINT command) {
-  m_pView->InvalidateCels(
-      quorvel::SetHorizontalPlace(Block(), static_cast<BYTE>(command - IDM_ALIGN_LEFT)));
+  const BYTE place = static_cast<BYTE>(command - IDM_ALIGN_LEFT);
+  ChangeCels([&](quorvel::PageBlock& block) { return quorvel::SetHorizontalPlace(block, place); });
 }
 
 void CPageEditDlg::OnMerge() {
-  EndTextEdit();
-  m_pView->InvalidateCels(quorvel::MergeSelected(Block()));
+  EndTyping();
+  ChangeCels(&quorvel::MergeSelected);
   RefreshCommands();
 }
 
 void CPageEditDlg::OnSplit() {
-  EndTextEdit();
-  m_pView->InvalidateCels(quorvel::SplitSelected(Block()));
+  EndTyping();
+  ChangeCels(&quorvel::SplitSelected);
   RefreshCommands();
 }
 
 void CPageEditDlg::OnTextColor() {
-  m_pView->InvalidateCels(quorvel::SetTextColor(Block(), m_btnTextColor.m_color));
+  ApplyColor(m_btnTextColor, &quorvel::SetTextColor);
 }
 
 void CPageEditDlg::OnBackColor() {
-  m_pView->InvalidateCels(quorvel::SetBackColor(Block(), m_btnBackColor.m_color));
+  ApplyColor(m_btnBackColor, &quorvel::SetBackColor);
 }
 
 void CPageEditDlg::OnChooseTextColor() {
@@ -512,8 +567,12 @@ void CPageEditDlg::PickColor(int arrowId, CKivColorButton& button, CelCommand ap
   CSelColorDlg dialog(m_host.env, button.m_color, &corner, this);
   if (dialog.DoModal() == IDOK) {
     button.Recolor(dialog.m_color);
-    m_pView->InvalidateCels(apply(Block(), button.m_color));
+    ApplyColor(button, apply);
   }
+}
+
+void CPageEditDlg::ApplyColor(const CKivColorButton& button, CelCommand apply) {
+  ChangeCels([&](quorvel::PageBlock& block) { return apply(block, button.m_color); });
 }
 
 // ---- Insertions
@@ -542,10 +601,49 @@ void CPageEditDlg::FillInsertions() {
 
 void CPageEditDlg::OnInsertion() {
   const int choice = m_cmbInsertion.GetCurSel();
-  if (choice < 1 || !HasInsertions() || !Block().IsSelected()) {
+  if (choice < 1 || !HasInsertions() || !HasSelection()) {
     return;
   }
   const CString tag = quorvel::InsertionTag(*m_host.insertions, m_host.numbers, choice);
-  m_pView->InvalidateCels(quorvel::InsertText(Block(), tag, m_nAppend != 0));
+  ChangeCels([&](quorvel::PageBlock& block) {
+    return quorvel::InsertText(block, tag, m_nAppend != 0);
+  });
   m_cmbInsertion.SetCurSel(0);
+  OnTextGiven();
+}
+
+// ---- Files
+
+/// None when the user cancels, and for an editor without files.
+std::optional<std::wstring> CPageEditDlg::AskForFile(BOOL open) {
+  constexpr DWORD kFlags = OFN_HIDEREADONLY | OFN_PATHMUSTEXIST | OFN_FILEMUSTEXIST |
+                           OFN_EXPLORER | OFN_NODEREFERENCELINKS;
+  if (m_settings.fileExtension == nullptr) {
+    return std::nullopt;
+  }
+  CFileDialog dialog(open, m_settings.fileExtension, "",
+                     open != FALSE ? kFlags : kFlags | OFN_OVERWRITEPROMPT, m_settings.fileFilter,
+                     this);
+  if (dialog.DoModal() != IDOK) {
+    return std::nullopt;
+  }
+  return dialog.GetPathNameWide();
+}
+
+void CPageEditDlg::OnOpen() {
+  EndTyping();
+  const std::optional<std::wstring> path = AskForFile(TRUE);
+  if (path && !OpenPage(*path)) {
+    AfxMessageBox("ﾌｧｲﾙが正常に読み込み出来ません。", MB_ICONEXCLAMATION);
+  }
+}
+
+void CPageEditDlg::OnSave() {
+  EndTyping();
+  if (!PrepareToSave()) {
+    return;
+  }
+  if (const std::optional<std::wstring> path = AskForFile(FALSE)) {
+    SavePage(*path);
+  }
 }

@@ -8,6 +8,7 @@
 #include "dialogs/layout/page_view.h"
 #include "dialogs/layout/tool_tip.h"
 #include "framework/device_context.h"
+#include "kivdata/kiv_registry.h"
 #include "kivdata/sys_env.h"
 #include "kivfcl/kiv_color_button.h"
 #include "kivfcl/kiv_dialog.h"
@@ -15,6 +16,8 @@
 #include "kivfcl/kiv_tool_ctrl.h"
 
 #include <memory>
+#include <optional>
+#include <string>
 
 /// What a caller gives to each layout editor. All of it stays the caller's, and all pointers may be
 /// null.
@@ -46,20 +49,69 @@ protected:
   /// Lengths have changed: all views fit their pages anew.
   virtual void LayOutViews() = 0;
 
-  /// Makes a view the one that commands act on.
-  void SetCurrentView(CPageView& view) { m_pView = &view; }
+
+  // What an editor may do otherwise.
+
+  /// The left button has been pressed on a view, which becomes the current one.
+  virtual void TakeView(CPageView& view) { SetCurrentView(&view); }
+  /// A selection has been made with the mouse; `clicked` is the cell, -1 after a drag over several.
+  virtual void OnSelected(int /*clicked*/) {}
+  /// True when the button's release must not end what the double click has opened.
+  virtual bool OnDoubleClicked(CPageView* view, const CPoint& point);
+  /// The right button was released while a border is dragged: true when that was all.
+  virtual bool OnRightDuringDrag() { return false; }
+  /// The selected cells have got a text that was not typed.
+  virtual void OnTextGiven() {}
+  /// What is being typed goes to the selected cells.
+  virtual void EndTyping() { EndTextEdit(); }
+  virtual bool IsCommandPossible(UINT command) const;
+  /// Whether the menu of a cell offers a command.
+  virtual bool IsOffered(UINT command) const { return IsCommandPossible(command); }
+  /// For editors whose settings name a kind of files. Loads a page; false, and nothing changed, where
+  /// it cannot.
+  virtual bool OpenPage(const std::wstring& /*path*/) { return false; }
+  /// Before the user is asked for a file; false, and it is not saved, where a field is refused.
+  virtual bool PrepareToSave() { return false; }
+  virtual void SavePage(const std::wstring& /*path*/) {}
+  virtual void ReadSettings();
+  virtual void WriteSettings();
+
+  // What they all do.
+
+  /// Makes a view the one that commands act on; null for none, which all commands know.
+  void SetCurrentView(CPageView* view) { m_pView = view; }
+  CPageView* CurrentView() const { return m_pView; }
+  bool HasSelection() const { return m_pView != nullptr && Block().IsSelected(); }
+  /// Changes cells of the current view and has them painted.
+  template <class Change>
+  void ChangeCels(Change change) {
+    if (m_pView != nullptr) {
+      m_pView->InvalidateCels(change(Block()));
+    }
+  }
+  /// The text of the first selected cell; empty where none is.
+  CString SelectedText() const;
   bool HasInsertions() const;
   void CreateCelTools(const CPoint& position);
+  /// Two buttons, for files to open and to save.
+  void CreateFileTools(const CPoint& position, bool disabled);
   /// Which commands are possible depends on what is selected.
-  virtual void RefreshCommands();
+  void RefreshCommands();
   /// What has been typed into a cell goes to all selected ones, and the field is gone.
   void EndTextEdit();
+  CKivKeyCtrlEdit* TextEdit() const { return m_pTextEdit.get(); }
   /// Forgets a drag that is under way; lengths and selection stay.
   void CancelDrag();
-  void ReadSettings();
-  void WriteSettings();
+  /// Reads the fields where one of them has been left; a dialog that is being closed or cancelled
+  /// reads none of them so.
+  bool ReadField();
+  /// The dialog ends: fields that lose the focus are not read any more.
+  void Close(INT_PTR result);
+  /// None without an environment.
+  std::optional<CKivRegistry> Registry() const;
 
   const PageEditHost& Host() const { return m_host; }
+  const quorvel::EditorSettings& Settings() const { return m_settings; }
 
   void OnLButtonDown(UINT flags, CPoint point);
   void OnLButtonUp(UINT flags, CPoint point);
@@ -83,6 +135,8 @@ protected:
   void OnChooseTextColor();
   void OnChooseBackColor();
   void OnInsertion();
+  void OnOpen();
+  void OnSave();
 
   DECLARE_MESSAGE_MAP()
 
@@ -102,7 +156,8 @@ private:
   bool MovesSelection(const MSG& message) const;
   bool OpenTextEdit();
   void ShowCelMenu(const CPoint& screenPoint);
-  bool IsCommandPossible(UINT command) const;
+  void ApplyColor(const CKivColorButton& button, CelCommand apply);
+  std::optional<std::wstring> AskForFile(BOOL open);
   void PickColor(int arrowId, CKivColorButton& button, CelCommand apply);
   void FillInsertions();
 
@@ -121,11 +176,13 @@ private:
   std::unique_ptr<CKivKeyCtrlEdit> m_pTextEdit;
 
   CKivToolCtrl m_celTools;
+  CKivToolCtrl m_fileTools;
   quorvel::OwnedBitmap m_bmpArrow;  ///< outlives the buttons that show it
   CButton m_btnTextArrow;
   CButton m_btnBackArrow;
   CKivColorButton m_btnTextColor;
   CKivColorButton m_btnBackColor;
   CComboBox m_cmbInsertion;
-  int m_nAppend = 1;  ///< a tag goes behind the text of a cell instead of replacing it
+  int m_nAppend;  ///< a tag goes behind the text of a cell instead of replacing it
+  bool m_bClosing = false;
 };

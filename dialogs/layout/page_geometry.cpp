@@ -48,6 +48,21 @@ FittedPage FitPage(const CRect& control, const SizeInMm& page, const DotsPerInch
   return {area, vertical};
 }
 
+double ScaleToFit(const CRect& control, const SizeInMm& page, const DotsPerInch& dots) {
+  return FitPage(control, page, dots).scale;
+}
+
+FittedPage PlacePage(const CRect& control, const SizeInMm& page, const DotsPerInch& dots,
+                     double scale) {
+  const CRect inside = control.Grown(-kEdge, -kEdge);
+  const CSize natural = NaturalSize(page, dots);
+  const CSize size(TruncatedToInt(natural.cx * scale), TruncatedToInt(natural.cy * scale));
+  return {{CPoint(inside.left + (inside.Width() - size.cx) / 2,
+                  inside.top + (inside.Height() - size.cy) / 2),
+           size},
+          scale};
+}
+
 std::optional<BorderDrag> FindBorder(std::span<const CRect> table, int rows, int cols,
                                      const CPoint& point) {
   const auto at = [&](int row, int col) -> const CRect& {

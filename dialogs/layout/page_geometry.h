@@ -39,6 +39,12 @@ struct FittedPage {
 /// As large as it fits into a control one pixel from its edges, in the middle of what is left.
 FittedPage FitPage(const CRect& control, const SizeInMm& page, const DotsPerInch& dots);
 
+/// The largest scale at which a page fits so.
+double ScaleToFit(const CRect& control, const SizeInMm& page, const DotsPerInch& dots);
+/// In the middle of a control at a scale of somebody else's: that of pages that are shown together.
+FittedPage PlacePage(const CRect& control, const SizeInMm& page, const DotsPerInch& dots,
+                     double scale);
+
 /// A border between two rows or two columns that is being dragged.
 struct BorderDrag {
   int row = -1;  ///< the row above the border; -1 for a border between columns

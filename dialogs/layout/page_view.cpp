@@ -36,7 +36,19 @@ void CPageView::Attach(UINT id, CWnd* dialog) {
 }
 
 void CPageView::LayOut() {
-  m_page = quorvel::FitPage(GetClientRect(), {m_block.Width(), m_block.Height()}, m_dots);
+  Place(quorvel::FitPage(GetClientRect(), PageSize(), m_dots));
+}
+
+void CPageView::LayOutAt(double scale) {
+  Place(quorvel::PlacePage(GetClientRect(), PageSize(), m_dots, scale));
+}
+
+double CPageView::ScaleToFit() const {
+  return quorvel::ScaleToFit(GetClientRect(), PageSize(), m_dots);
+}
+
+void CPageView::Place(const quorvel::FittedPage& page) {
+  m_page = page;
   m_table = quorvel::RectTable(m_block, m_page.area);
   Invalidate();
 }
@@ -74,6 +86,11 @@ std::optional<CRect> CPageView::RectOf(int index) const {
 void CPageView::SetFixedTextHeight(bool fixed) {
   m_bFixedTextHeight = fixed;
   Invalidate();
+}
+
+void CPageView::SetEditedCel(int index) {
+  InvalidateCels({m_nEditedCel, index});
+  m_nEditedCel = index;
 }
 
 bool CPageView::TakeBorder(const CPoint& point) {

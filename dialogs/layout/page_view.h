@@ -29,6 +29,10 @@ public:
 
   /// Fits the page into the control and has it painted. Nothing is painted before the first time.
   void LayOut();
+  /// The same at a scale that pages share.
+  void LayOutAt(double scale);
+  /// The largest scale at which the page fits.
+  double ScaleToFit() const;
   void InvalidateCels(const quorvel::CelList& cels) const;
 
   /// The control's window in the dialog's client pixels: where the mouse counts.
@@ -44,7 +48,7 @@ public:
   /// Letters are 11 pixels high at any scale instead of as high as they are.
   void SetFixedTextHeight(bool fixed);
   /// A ruled cell that is edited in place is not painted; -1 for none.
-  void SetEditedCel(int index) { m_nEditedCel = index; }
+  void SetEditedCel(int index);
 
   /// Takes hold of the border at a point and draws the guide line; false where there is none.
   bool TakeBorder(const CPoint& point);
@@ -65,6 +69,8 @@ protected:
   DECLARE_MESSAGE_MAP()
 
 private:
+  quorvel::SizeInMm PageSize() const { return {m_block.Width(), m_block.Height()}; }
+  void Place(const quorvel::FittedPage& page);
   void Paint(HDC deviceContext, const CRect& part) const;
   void PaintCels(quorvel::CelPainter& painter, const CRect& part, int kind) const;
   void DrawGuide(HDC deviceContext) const;

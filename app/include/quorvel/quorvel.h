@@ -139,4 +139,11 @@ INT_PTR __CheckListDlg(const CString* title, const CArray<CString, CString&>* it
 /// null. TRUE when confirmed; `page` then is what the user made of it, otherwise it is untouched.
 BOOL __LayoutEditDlg(CKivSysEnv* env, CLayoutPageData* page, CStringArray* insertions,
                      CDWordArray* numbers, double dotsPerMm, int lineMode, CPoint* position);
+
+/// As __LayoutEditDlg for a page of three blocks, header, list and footer, which share their columns:
+/// up to 20 columns and 5 rows in each block. Each line of a cell can be shown or hidden, and cells can
+/// show values of the host's data: `fields` are the names of its data fields.
+BOOL __LayoutExEditDlg(CKivSysEnv* env, CLayoutExPageData* page, CStringArray* fields,
+                       CStringArray* insertions, CDWordArray* numbers, double dotsPerMm,
+                       CPoint* position);
 }

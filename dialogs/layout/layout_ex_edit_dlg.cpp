@@ -1,0 +1,323 @@
+#include "dialogs/layout/layout_ex_edit_dlg.h"
+
+#include "dialogs/layout/layout_list_edit_dlg.h"
+#include "dialogs/layout/size_fields.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+
+constexpr int kMostColumns = 20;
+constexpr int kMostRows = 5;
+constexpr int kMostRepeats = 200;
+constexpr int kLargestOffset = 1000;
+constexpr CPoint kFileTools(16, -40);  // from the dialog's bottom-left corner
+
+struct PartIds {
+  int image;
+  int use;
+  int height;
+  int rows;
+  int equalRows;
+};
+// In the order of the blocks.
+constexpr std::array kPartIds{
+    PartIds{IDC_HEADER_IMAGE, IDC_HEADER_USE, IDC_HEADER_HEIGHT, IDC_HEADER_ROWS,
+            IDC_HEADER_EQUAL_ROWS},
+    PartIds{IDC_LIST_IMAGE, IDC_LIST_USE, IDC_LIST_HEIGHT, IDC_LIST_ROWS, IDC_LIST_EQUAL_ROWS},
+    PartIds{IDC_FOOTER_IMAGE, IDC_FOOTER_USE, IDC_FOOTER_HEIGHT, IDC_FOOTER_ROWS,
+            IDC_FOOTER_EQUAL_ROWS},
+};
+constexpr std::array kShownOnIds{IDC_SHOW_ON_FIRST, IDC_SHOW_ON_MIDDLE, IDC_SHOW_ON_LAST};
+
+}  // namespace
+
+BEGIN_MESSAGE_MAP(CLayoutExEditDlg, CBlockEditDlg)
+  ON_EN_KILLFOCUS(IDC_HEADER_HEIGHT, &CLayoutExEditDlg::OnSizeLeft)
+  ON_EN_KILLFOCUS(IDC_HEADER_ROWS, &CLayoutExEditDlg::OnSizeLeft)
+  ON_EN_KILLFOCUS(IDC_LIST_HEIGHT, &CLayoutExEditDlg::OnSizeLeft)
+  ON_EN_KILLFOCUS(IDC_LIST_ROWS, &CLayoutExEditDlg::OnSizeLeft)
+  ON_EN_KILLFOCUS(IDC_FOOTER_HEIGHT, &CLayoutExEditDlg::OnSizeLeft)
+  ON_EN_KILLFOCUS(IDC_FOOTER_ROWS, &CLayoutExEditDlg::OnSizeLeft)
+  ON_EN_KILLFOCUS(IDC_LAYOUT_WIDTH, &CLayoutExEditDlg::OnSizeLeft)
+  ON_EN_KILLFOCUS(IDC_LAYOUT_COLUMNS, &CLayoutExEditDlg::OnSizeLeft)
+  ON_EN_KILLFOCUS(IDC_LIST_REPEAT, &CLayoutExEditDlg::OnFieldLeft)
+  ON_EN_KILLFOCUS(IDC_LIST_OFFSET, &CLayoutExEditDlg::OnFieldLeft)
+  ON_EN_KILLFOCUS(IDC_OUTER_LINE_WIDTH, &CLayoutExEditDlg::OnFieldLeft)
+  ON_EN_KILLFOCUS(IDC_INNER_LINE_WIDTH, &CLayoutExEditDlg::OnFieldLeft)
+  ON_BN_CLICKED(IDC_LAYOUT_APPEND, &CLayoutExEditDlg::OnFieldLeft)
+  ON_CONTROL_RANGE(BN_CLICKED, IDC_HEADER_EQUAL_ROWS, IDC_FOOTER_EQUAL_ROWS,
+                   &CLayoutExEditDlg::OnEqualRowsOf)
+  ON_BN_CLICKED(IDC_LAYOUT_EQUAL_COLUMNS, &CLayoutExEditDlg::OnEqualAllColumns)
+  ON_BN_CLICKED(IDC_HEADER_USE, &CLayoutExEditDlg::OnUse)
+  ON_BN_CLICKED(IDC_LIST_USE, &CLayoutExEditDlg::OnUse)
+  ON_BN_CLICKED(IDC_FOOTER_USE, &CLayoutExEditDlg::OnUse)
+  ON_BN_CLICKED(IDC_OUTER_LINE, &CLayoutExEditDlg::OnLineSwitched)
+  ON_BN_CLICKED(IDC_INNER_LINE, &CLayoutExEditDlg::OnLineSwitched)
+  ON_BN_CLICKED(IDC_OUTER_LINE_COLOUR, &CLayoutExEditDlg::OnOuterColor)
+  ON_BN_CLICKED(IDC_INNER_LINE_COLOUR, &CLayoutExEditDlg::OnInnerColor)
+END_MESSAGE_MAP()
+
+CLayoutExEditDlg::CLayoutExEditDlg(CKivSysEnv* env, CLayoutExPageData* page,
+                                   const CStringArray* fields, const CStringArray* insertions,
+                                   const CDWordArray* numbers, double dotsPerMm, CPoint* position,
+                                   CWnd* parent)
+    : CBlockEditDlg(IDD_LAYOUT_EX, quorvel::kExtendedEditor,
+                    {env, insertions, numbers, dotsPerMm, position}, fields, m_page, parent),
+      m_pCallersPage(page),
+      m_page(*page) {
+  ReadPage();
+}
+
+void CLayoutExEditDlg::ReadPage() {
+  ReadSizes();
+  for (Part& part : m_parts) {
+    part.use = m_page.GetUse(part.type);
+  }
+  for (std::size_t kind = 0; kind < kPageKindCount; ++kind) {
+    m_shownOn[kind] = m_page.GetListShowByPage(static_cast<int>(kind));
+  }
+  m_nRepeat = m_page.GetRepeatRow();
+  m_nOffset = static_cast<int>(m_page.GetStIndex());
+  m_outerLine.Read(m_page.GetByEdgeOutLine(), m_page.GetOutLineStatus());
+  m_innerLine.Read(m_page.GetByEdgeInLine(), m_page.GetInLineStatus());
+}
+
+void CLayoutExEditDlg::ReadSizes() {
+  m_nColumns = m_page.GetNumCol();
+  m_fWidth = m_page.GetAllLengthCol();
+  for (Part& part : m_parts) {
+    part.rows = m_page.GetNumRow(part.type);
+    part.height = m_page.GetAllLengthRow(part.type);
+  }
+}
+
+void CLayoutExEditDlg::DoDataExchange(CDataExchange* pDX) {
+  CBlockEditDlg::DoDataExchange(pDX);
+  for (std::size_t i = 0; i < kBlockCount; ++i) {
+    DDX_Check(pDX, kPartIds[i].use, m_parts[i].use);
+  }
+  for (std::size_t kind = 0; kind < kPageKindCount; ++kind) {
+    DDX_Check(pDX, kShownOnIds[kind], m_shownOn[kind]);
+  }
+  DDX_Length(pDX, IDC_LAYOUT_WIDTH, m_fWidth, 0);
+  DDX_Count(pDX, IDC_LAYOUT_COLUMNS, m_nColumns, kMostColumns);
+  for (std::size_t i = 0; i < kBlockCount; ++i) {
+    DDX_Length(pDX, kPartIds[i].height, m_parts[i].height, 1);
+    DDX_Count(pDX, kPartIds[i].rows, m_parts[i].rows, kMostRows);
+  }
+  DDX_Count(pDX, IDC_LIST_REPEAT, m_nRepeat, kMostRepeats);
+  DDX_Count(pDX, IDC_LIST_OFFSET, m_nOffset, kLargestOffset);
+  m_outerLine.Exchange(pDX);
+  m_innerLine.Exchange(pDX);
+}
+
+BOOL CLayoutExEditDlg::OnInitDialog() {
+  CBlockEditDlg::OnInitDialog();
+  m_outerLine.Init(this);
+  m_innerLine.Init(this);
+  for (std::size_t i = 0; i < kBlockCount; ++i) {
+    m_parts[i].view.Attach(static_cast<UINT>(kPartIds[i].image), this);
+  }
+  CPoint corner(GetWindowRect().left, GetWindowRect().bottom);
+  ::ScreenToClient(m_hWnd, &corner);
+  CreateFileTools({corner.x + kFileTools.x, corner.y + kFileTools.y}, false);
+  EnableUsed();
+  LayOutViews();
+  RefreshCommands();
+  MoveToCallersPosition(Host().position);
+  return TRUE;
+}
+
+// ---- Views
+
+CLayoutExPageData::LISTTYPE CLayoutExEditDlg::CurrentBlock() const {
+  const auto current = std::find_if(m_parts.begin(), m_parts.end(), [&](const Part& part) {
+    return &part.view == CurrentView();
+  });
+  return current->type;
+}
+
+CPageView* CLayoutExEditDlg::ViewAt(const CPoint& point) {
+  for (Part& part : m_parts) {
+    if (part.use != 0 && part.view.DialogArea().Contains(point)) {
+      return &part.view;
+    }
+  }
+  return nullptr;
+}
+
+void CLayoutExEditDlg::TakeView(CPageView& view) {
+  if (&view != CurrentView()) {
+    DeselectCels();
+    SetCurrentView(&view);
+    RefreshCommands();
+  }
+}
+
+bool CLayoutExEditDlg::OnDoubleClicked(CPageView* view, const CPoint& /*point*/) {
+  if (view == nullptr) {
+    return false;
+  }
+  TakeView(*view);
+  CLayoutListEditDlg dialog(Host().env, this, &m_page, Fields(), Host().insertions, Host().numbers,
+                            Host().dotsPerMm, CurrentBlock(), nullptr, nullptr);
+  dialog.DoModal();
+  OnPageChanged();
+  OnTextGiven();
+  return false;
+}
+
+/// One scale for all: the smallest that any of them needs.
+void CLayoutExEditDlg::LayOutViews() {
+  double scale = std::numeric_limits<double>::max();
+  for (const Part& part : m_parts) {
+    scale = std::min(scale, part.view.ScaleToFit());
+  }
+  for (Part& part : m_parts) {
+    part.view.LayOutAt(scale);
+  }
+}
+
+void CLayoutExEditDlg::OnPageChanged() {
+  CancelDrag();
+  ReadSizes();
+  LayOutViews();
+  RefreshCommands();
+  UpdateData(FALSE);
+}
+
+// ---- Fields
+
+void CLayoutExEditDlg::OnFieldLeft() { ReadField(); }
+
+void CLayoutExEditDlg::OnSizeLeft() {
+  if (ReadField()) {
+    ApplySizes();
+  }
+}
+
+/// New rows and columns make the page larger, which the fields show.
+void CLayoutExEditDlg::ApplySizes() {
+  bool changed = false;
+  const double dots = Host().dotsPerMm;
+  for (Part& part : m_parts) {
+    if (part.rows != m_page.GetNumRow(part.type) || m_nColumns != m_page.GetNumCol()) {
+      m_page.DividePage(part.type, static_cast<BYTE>(part.rows), static_cast<BYTE>(m_nColumns),
+                        dots);
+      part.height = m_page.GetAllLengthRow(part.type);
+      m_fWidth = m_page.GetAllLengthCol();
+      changed = true;
+    }
+    if (!quorvel::IsSameLength(part.height, m_page.GetAllLengthRow(part.type))) {
+      m_page.SetAllLengthRow(part.type, part.height, 0);
+      changed = true;
+    }
+  }
+  if (!quorvel::IsSameLength(m_fWidth, m_page.GetAllLengthCol())) {
+    m_page.SetAllLengthCol(m_fWidth, 0);
+    changed = true;
+  }
+  if (changed) {
+    EndTextEdit();
+    OnPageChanged();
+  }
+}
+
+void CLayoutExEditDlg::OnEqualRowsOf(UINT id) {
+  EndTyping();
+  const Part& part = m_parts[id - IDC_HEADER_EQUAL_ROWS];
+  m_page.SetAllLengthRow(part.type, part.height, 1);
+  LayOutViews();
+}
+
+void CLayoutExEditDlg::OnEqualAllColumns() {
+  EndTyping();
+  m_page.SetAllLengthCol(m_fWidth, 1);
+  LayOutViews();
+}
+
+void CLayoutExEditDlg::EnableUsed() const {
+  for (std::size_t i = 0; i < kBlockCount; ++i) {
+    const BOOL used = m_parts[i].use != 0 ? TRUE : FALSE;
+    for (const int id : {kPartIds[i].height, kPartIds[i].rows, kPartIds[i].equalRows}) {
+      ::EnableWindow(GetDlgItem(id), used);
+    }
+    if (m_parts[i].type == CLayoutExPageData::LISTTYPE_LIST) {
+      ::EnableWindow(GetDlgItem(IDC_LIST_REPEAT), used);
+    }
+  }
+}
+
+void CLayoutExEditDlg::OnUse() {
+  if (UpdateData(TRUE) != FALSE) {
+    EnableUsed();
+    for (const Part& part : m_parts) {
+      part.view.Invalidate();
+    }
+  }
+}
+
+void CLayoutExEditDlg::OnLineSwitched() {
+  if (UpdateData(TRUE) != FALSE) {
+    m_outerLine.EnableByCheck(this);
+    m_innerLine.EnableByCheck(this);
+  }
+}
+
+void CLayoutExEditDlg::OnOuterColor() { m_outerLine.PickColor(Host().env, this); }
+
+void CLayoutExEditDlg::OnInnerColor() { m_innerLine.PickColor(Host().env, this); }
+
+// ---- Files and the end
+
+bool CLayoutExEditDlg::OpenPage(const std::wstring& path) {
+  CLayoutExPageData opened;
+  if (opened.OpenFileW(path.c_str()) == 0) {
+    return false;
+  }
+  CancelDrag();
+  DeselectCels();
+  SetCurrentView(nullptr);
+  m_page = opened;
+  ReadPage();
+  m_outerLine.Init(this);
+  m_innerLine.Init(this);
+  OnPageChanged();
+  EnableUsed();
+  return true;
+}
+
+void CLayoutExEditDlg::OnOK() {
+  WriteSettings();
+  if (TakeTyped()) {
+    return;
+  }
+  EndTextEdit();
+  DeselectCels();
+  UpdateData(TRUE);  // of a field that is refused the last number counts
+  // Enter confirms without leaving the field that was typed in.
+  ApplySizes();
+  const PEN_STATUS outer = m_outerLine.Status();
+  const PEN_STATUS inner = m_innerLine.Status();
+  m_page.SetByEdgeOutLine(m_outerLine.IsOn());
+  m_page.SetByEdgeInLine(m_innerLine.IsOn());
+  m_page.SetOutLineStatus(&outer);
+  m_page.SetInLineStatus(&inner);
+  for (std::size_t kind = 0; kind < kPageKindCount; ++kind) {
+    m_page.SetListShowByPage(static_cast<int>(kind), m_shownOn[kind]);
+  }
+  for (const Part& part : m_parts) {
+    m_page.SetUse(part.type, part.use);
+  }
+  m_page.SetRepeatRow(static_cast<BYTE>(m_nRepeat));
+  m_page.SetStIndex(m_nOffset);
+  *m_pCallersPage = m_page;
+  Close(IDOK);
+}
+
+void CLayoutExEditDlg::OnCancel() {
+  WriteSettings();
+  Close(IDCANCEL);
+}
