@@ -149,10 +149,16 @@ void CLayoutEditDlg::LayOutViews() { m_view.LayOut(); }
 
 // ---- Fields
 
-/// Reads the fields where one of them has been left; a dialog that closes or is being cancelled reads
-/// none of them so.
+/// Reads the fields where one of them has been left. A dialog that closes or is being cancelled reads
+/// none of them so, and the user is not told of a refused one again when Windows change places.
 bool CLayoutEditDlg::ReadField() {
-  return !m_bClosing && ::GetFocus() != GetDlgItem(IDCANCEL) && UpdateData(TRUE) != FALSE;
+  const HWND focus = ::GetFocus();
+  const bool inDialog = ::IsChild(m_hWnd, focus) != FALSE;
+  if (m_bClosing || focus == GetDlgItem(IDCANCEL) || (m_bRefused && !inDialog)) {
+    return false;
+  }
+  m_bRefused = UpdateData(TRUE) == FALSE;
+  return !m_bRefused;
 }
 
 void CLayoutEditDlg::OnCountLeft() {

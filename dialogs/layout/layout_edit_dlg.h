@@ -54,6 +54,7 @@ private:
   CPageView m_view{m_block, quorvel::kGridEditor.celStyle};
   bool m_bLineMode;
   bool m_bClosing = false;
+  bool m_bRefused = false;  ///< the last field that was left
 
   int m_nRows = 1;
   int m_nColumns = 1;
