@@ -135,7 +135,13 @@ void CPageEditDlg::WriteSettings() {
 }
 
 bool CPageEditDlg::ReadField() {
-  return !m_bClosing && ::GetFocus() != GetDlgItem(IDCANCEL) && UpdateData(TRUE) != FALSE;
+  const HWND focus = ::GetFocus();
+  const bool inDialog = ::IsChild(m_hWnd, focus) != FALSE;
+  if (m_bClosing || focus == GetDlgItem(IDCANCEL) || (m_bRefused && !inDialog)) {
+    return false;
+  }
+  m_bRefused = UpdateData(TRUE) == FALSE;
+  return !m_bRefused;
 }
 
 void CPageEditDlg::Close(INT_PTR result) {

@@ -102,8 +102,9 @@ protected:
   CKivKeyCtrlEdit* TextEdit() const { return m_pTextEdit.get(); }
   /// Forgets a drag that is under way; lengths and selection stay.
   void CancelDrag();
-  /// Reads the fields where one of them has been left; a dialog that is being closed or cancelled
-  /// reads none of them so.
+  /// Reads the fields where one of them has been left. A dialog that closes or is being cancelled
+  /// reads none of them so, and the user is not told of a refused one again when Windows change
+  /// places.
   bool ReadField();
   /// The dialog ends: fields that lose the focus are not read any more.
   void Close(INT_PTR result);
@@ -185,4 +186,5 @@ private:
   CComboBox m_cmbInsertion;
   int m_nAppend;  ///< a tag goes behind the text of a cell instead of replacing it
   bool m_bClosing = false;
+  bool m_bRefused = false;  ///< the last field that was left
 };

@@ -50,10 +50,8 @@ protected:
   std::wstring Refusal(int id, const wchar_t* text) {
     std::wstring message;
     ModalScript script;
-    script.When(Painted(DialogWithControl(kImage)), [&](HWND dialog) {
-      ReplaceText(Control(dialog, id), text);
-      Click(dialog, IDOK);
-    });
+    script.When(Painted(DialogWithControl(kImage)),
+                [&](HWND dialog) { TypeAndLeave(dialog, id, text); });
     script.When(MessageBoxShown(), [&](HWND box) {
       message = Text(box, 0xFFFF);
       Click(box, IDOK);
