@@ -1,0 +1,413 @@
+#include "layout/extended_editor.h"
+#include "driver/picture.h"
+#include "res/ids.h"
+#include "support/colour_environment.h"
+
+#include <array>
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <string>
+#include <vector>
+
+namespace quorvel::test {
+namespace {
+
+using namespace extended_editor;
+using Cels = std::vector<int>;
+
+constexpr int kHeaderUse = 4032;
+constexpr int kListUse = 4034;
+constexpr int kFooterUse = 4036;
+constexpr int kWidth = 2024;
+constexpr int kColumns = 2022;
+constexpr int kOffset = 4045;
+constexpr int kRepeat = 4041;
+constexpr int kListEditorImage = 4031;
+constexpr std::array kHeights{4037, 4040, 4043};
+constexpr std::array kRows{4038, 4039, 4042};
+constexpr std::array kEqual{10004, 10005, 10006};
+constexpr std::uint32_t kBlack = 0x000000;
+constexpr std::uint32_t kRed = 0xFF0000;
+
+/// The three pictures, computed from the page alone.
+class PagesOnScreen {
+public:
+  PagesOnScreen(HWND dialog, const CLayoutExPageData& page) : m_dialog(dialog), m_page(page) {
+    constexpr double kMmPerInch = 25.4;
+    constexpr double kDots = 96.0;
+    const auto pixels = [&](double mm) {
+      return std::max(static_cast<int>(mm / kMmPerInch * kDots + 0.5), 1);
+    };
+    double scale = std::numeric_limits<double>::max();
+    for (std::size_t i = 0; i < kBlocks.size(); ++i) {
+      m_controls[i] = ClientRectOf(Control(dialog, kImages[i]));
+      scale = std::min({scale,
+                        static_cast<double>(m_controls[i].Width() - 2) /
+                            pixels(m_page.GetAllLengthCol()),
+                        static_cast<double>(m_controls[i].Height() - 2) /
+                            pixels(m_page.GetAllLengthRow(kBlocks[i]))});
+    }
+    for (std::size_t i = 0; i < kBlocks.size(); ++i) {
+      const int width = static_cast<int>(pixels(m_page.GetAllLengthCol()) * scale);
+      const int height = static_cast<int>(pixels(m_page.GetAllLengthRow(kBlocks[i])) * scale);
+      const CPoint corner(1 + (m_controls[i].Width() - 2 - width) / 2,
+                          1 + (m_controls[i].Height() - 2 - height) / 2);
+      m_areas[i] = CRect(corner, CSize(width, height));
+      m_tables[i].resize(static_cast<std::size_t>(m_page.GetCelSize(kBlocks[i])));
+      m_page.InitCelRect(kBlocks[i], &m_areas[i], m_tables[i].data());
+    }
+  }
+
+  /// Of a picture's control.
+  CRect RectOf(int block, int index) const {
+    CRect rect;
+    const auto at = static_cast<std::size_t>(block);
+    EXPECT_TRUE(m_page.GetCelRect(kBlocks[at], &rect, m_tables[at].data(), index, nullptr, nullptr));
+    return rect;
+  }
+  const CRect& Area(int block) const { return m_areas[static_cast<std::size_t>(block)]; }
+  CPoint CentreOf(int block, int index) const {
+    const CRect rect = RectOf(block, index);
+    return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
+  }
+  void Send(UINT message, WPARAM keys, int block, const CPoint& point) const {
+    const CRect& control = m_controls[static_cast<std::size_t>(block)];
+    ::SendMessageW(m_dialog, message, keys,
+                   MAKELPARAM(control.left + point.x, control.top + point.y));
+  }
+  void Press(int block, const CPoint& point) const {
+    Send(WM_LBUTTONDOWN, MK_LBUTTON, block, point);
+  }
+  void Release(int block, const CPoint& point) const { Send(WM_LBUTTONUP, 0, block, point); }
+  void DragCels(int block, int from, int to) const {
+    Press(block, CentreOf(block, from));
+    Release(block, CentreOf(block, to));
+  }
+  void ClickCel(int block, int index) const { DragCels(block, index, index); }
+
+private:
+  HWND m_dialog;
+  CLayoutExPageData m_page;
+  std::array<CRect, 3> m_controls;
+  std::array<CRect, 3> m_areas;
+  std::array<std::vector<CRect>, 3> m_tables;
+};
+
+void Command(HWND dialog, UINT command) { ::SendMessageW(dialog, WM_COMMAND, command, 0); }
+void Press(HWND dialog, int id) { ::SendMessageW(Control(dialog, id), BM_CLICK, 0, 0); }
+void TypeAndLeave(HWND dialog, int id, const wchar_t* text) {
+  ::SetFocus(Control(dialog, id));
+  ::SetWindowTextW(Control(dialog, id), text);
+  ::SetFocus(Control(dialog, IDOK));
+}
+void Type(HWND edit, wchar_t character) {
+  ::SendMessageW(edit, WM_CHAR, static_cast<WPARAM>(character), 0);
+}
+
+class LayoutExEditDlg : public ::testing::Test {
+protected:
+  ExtendedEditor m_editor;
+
+  BOOL Run(const std::function<void(HWND, const PagesOnScreen&)>& action) {
+    return m_editor.Run([&](HWND dialog) { action(dialog, {dialog, m_editor.page}); });
+  }
+  Cels Selected(CLayoutExPageData::LISTTYPE block) const {
+    Cels cels;
+    for (int index = 0; index < m_editor.page.GetCelSize(block); ++index) {
+      if (m_editor.page.GetCelAt(block, index)->GetSelected() != 0) {
+        cels.push_back(index);
+      }
+    }
+    return cels;
+  }
+};
+
+TEST_F(LayoutExEditDlg, AllBlocksAreShownAtOneScale) {
+  Run([](HWND dialog, const PagesOnScreen& pages) {
+    EXPECT_EQ(pages.Area(0).left, pages.Area(1).left);
+    EXPECT_EQ(pages.RectOf(0, 1).right, pages.RectOf(2, 1).right);
+    for (int block = 0; block < 3; ++block) {
+      const HWND image = Control(dialog, kImages[static_cast<std::size_t>(block)]);
+      ::UpdateWindow(image);
+      const Picture picture = ReadPixels(image);
+      const CRect cel = pages.RectOf(block, 1);
+      EXPECT_EQ(picture.At(cel.right, (cel.top + cel.bottom) / 2), kBlack) << block;
+      EXPECT_EQ(picture.At(pages.Area(block).left - 3, pages.Area(block).top + 3), 0xBFBFBFU);
+    }
+    Cancel(dialog);
+  });
+}
+
+TEST_F(LayoutExEditDlg, AClickMakesItsBlockTheCurrentOneAndShowsTheText) {
+  m_editor.Cel(kList, 5).SetText("品名");
+  Run([](HWND dialog, const PagesOnScreen& pages) {
+    pages.ClickCel(0, 2);
+    pages.ClickCel(1, 5);
+    EXPECT_EQ(Text(dialog, kTextLine), L"品名");
+    EXPECT_EQ(::GetFocus(), Control(dialog, kTextLine));
+    ::UpdateWindow(Control(dialog, kImages[0]));
+    const CRect old = pages.RectOf(0, 2);
+    EXPECT_EQ(ReadPixels(Control(dialog, kImages[0])).At(old.left, old.top + 5), kBlack);
+    ::UpdateWindow(Control(dialog, kImages[1]));
+    const CRect cel = pages.RectOf(1, 5);
+    const Picture picture = ReadPixels(Control(dialog, kImages[1]));
+    EXPECT_EQ(picture.At(cel.left, cel.top + 5), kRed);
+    EXPECT_EQ(picture.At(cel.right - 9, cel.bottom - 9), 0xFFE2E2U);
+    Command(dialog, IDM_ALIGN_BOTTOM);
+    Confirm(dialog);
+  });
+  EXPECT_EQ(m_editor.Cel(kList, 5).GetFont()->GetVPos(), 2);
+  EXPECT_EQ(m_editor.Cel(kHeader, 2).GetFont()->GetVPos(), 0);
+  EXPECT_EQ(Selected(kList), Cels());  // OK deselects
+}
+
+TEST_F(LayoutExEditDlg, CommandsWithoutACurrentBlockDoNothing) {
+  m_editor.Cel(kList, 0).SetSelected(1);
+  Run([](HWND dialog, const PagesOnScreen&) {
+    for (UINT command = IDM_EDIT_TEXT; command <= IDM_EQUAL_ROWS; ++command) {
+      if (command != IDM_OPEN_LAYOUT && command != IDM_SAVE_LAYOUT) {
+        Command(dialog, command);
+      }
+    }
+    ::SendMessageW(dialog, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(dialog), -1);
+    Confirm(dialog);
+  });
+  EXPECT_EQ(m_editor.page.GetNumCol(), 4);
+}
+
+TEST_F(LayoutExEditDlg, BlocksThatAreNotUsedIgnoreTheMouse) {
+  m_editor.page.SetUse(kList, 0);
+  Run([](HWND dialog, const PagesOnScreen& pages) {
+    pages.ClickCel(1, 5);
+    pages.Send(WM_LBUTTONDBLCLK, MK_LBUTTON, 1, pages.CentreOf(1, 5));
+    pages.Send(WM_RBUTTONUP, 0, 1, pages.CentreOf(1, 5));
+    EXPECT_EQ(VisibleDialogs().size(), 1U);
+    Command(dialog, IDM_ALIGN_BOTTOM);
+    EXPECT_FALSE(IsEnabled(dialog, kHeights[1]));
+    EXPECT_FALSE(IsEnabled(dialog, kRepeat));
+    EXPECT_TRUE(IsEnabled(dialog, kOffset));
+    Press(dialog, kListUse);
+    EXPECT_TRUE(IsEnabled(dialog, kRepeat));
+    Press(dialog, kFooterUse);
+    for (const int id : {kHeights[2], kRows[2], kEqual[2]}) {
+      EXPECT_FALSE(IsEnabled(dialog, id));
+    }
+    Confirm(dialog);
+  });
+  EXPECT_EQ(m_editor.Cel(kList, 5).GetFont()->GetVPos(), 0);
+  EXPECT_EQ(m_editor.page.GetUse(kList), 1);
+  EXPECT_EQ(m_editor.page.GetUse(kFooter), 0);
+  EXPECT_EQ(m_editor.page.GetUse(kHeader), 1);
+}
+
+TEST_F(LayoutExEditDlg, NearABorderItIsDraggedAndDeeperACelIsSelected) {
+  Run([](HWND dialog, const PagesOnScreen& pages) {
+    const CRect cel = pages.RectOf(1, 5);
+    const CPoint nearBorder(cel.right - 2, (cel.top + cel.bottom) / 2);
+    pages.Press(1, nearBorder);
+    pages.Release(1, {nearBorder.x + 30, nearBorder.y});
+    Confirm(dialog);
+  });
+  EXPECT_GT(m_editor.page.GetLengthCol(1), 40.0F);
+  EXPECT_EQ(m_editor.page.GetLengthCol(1) + m_editor.page.GetLengthCol(2), 80.0F);
+  m_editor = ExtendedEditor();
+  Run([](HWND dialog, const PagesOnScreen& pages) {
+    const CRect cel = pages.RectOf(1, 5);
+    const CPoint inside(cel.right - 4, cel.bottom - 3);
+    pages.Press(1, inside);
+    pages.Release(1, inside);
+    Command(dialog, IDM_ALIGN_RIGHT);
+    Confirm(dialog);
+  });
+  EXPECT_EQ(m_editor.Cel(kList, 5).GetFont()->GetHPos(), 2);
+}
+
+TEST_F(LayoutExEditDlg, TheRightButtonDuringADragAsksForExactLengths) {
+  ModalScript script;
+  script.When(Painted(DialogWithControl(kTextLine)), [&](HWND dialog) {
+    const PagesOnScreen pages(dialog, m_editor.page);
+    const CRect cel = pages.RectOf(1, 0);
+    pages.Press(1, {cel.right, cel.top + 10});
+    ::PostMessageW(dialog, WM_RBUTTONUP, 0, MAKELPARAM(5, 5));
+  });
+  script.When(Painted(DialogWithControl(4055)), [](HWND dialog) {
+    EXPECT_EQ(::GetCapture(), nullptr);
+    EXPECT_EQ(Text(dialog, 4055), L"40.0");
+    ReplaceText(Control(dialog, 4055), L"12.5");
+    PressKey(Control(dialog, 4055), VK_RETURN);
+  });
+  script.When(DialogWithControl(kTextLine), Confirm);
+  EXPECT_TRUE(m_editor.Run(script));
+  EXPECT_EQ(m_editor.page.GetLengthCol(0), 12.5F);
+  EXPECT_EQ(m_editor.page.GetLengthCol(1), 67.5F);
+}
+
+TEST_F(LayoutExEditDlg, WhatIsTypedIntoTheLineGoesToAllSelectedCels) {
+  Run([](HWND dialog, const PagesOnScreen& pages) {
+    pages.DragCels(1, 0, 5);
+    EXPECT_EQ(Text(dialog, kTextLine), L"");
+    Type(Control(dialog, kTextLine), L'x');
+    Command(dialog, IDOK);  // takes what was typed
+    EXPECT_TRUE(::IsWindowVisible(dialog));
+    Command(dialog, IDOK);
+  });
+  for (const int index : {0, 1, 4, 5}) {
+    EXPECT_EQ(m_editor.TextOf(kList, index), "x");
+  }
+  EXPECT_EQ(m_editor.TextOf(kList, 2), "");
+}
+
+TEST_F(LayoutExEditDlg, AModifiedLineKeepsOkFromClosing) {
+  Run([](HWND dialog, const PagesOnScreen& pages) {
+    pages.ClickCel(0, 1);
+    ::SetWindowTextW(Control(dialog, kTextLine), L"題名");
+    ::SendMessageW(Control(dialog, kTextLine), EM_SETMODIFY, TRUE, 0);
+    Command(dialog, IDOK);
+    Command(dialog, IDOK);
+  });
+  EXPECT_EQ(m_editor.TextOf(kHeader, 1), "題名");
+}
+
+TEST_F(LayoutExEditDlg, SwitchingBlocksLosesNoTypedText) {
+  Run([](HWND dialog, const PagesOnScreen& pages) {
+    pages.ClickCel(1, 0);
+    Type(Control(dialog, kTextLine), L'a');
+    pages.ClickCel(2, 1);
+    Command(dialog, IDM_EDIT_TEXT);
+    Type(Control(dialog, kTextEdit), L'b');
+    EXPECT_EQ(Text(dialog, kTextLine), L"b");
+    pages.ClickCel(0, 0);
+    Confirm(dialog);
+  });
+  EXPECT_EQ(m_editor.TextOf(kList, 0), "a");
+  EXPECT_EQ(m_editor.TextOf(kFooter, 1), "b");
+  EXPECT_EQ(m_editor.TextOf(kHeader, 0), "");
+}
+
+TEST_F(LayoutExEditDlg, ATextFieldThatWasChangedKeepsOkFromClosing) {
+  Run([](HWND dialog, const PagesOnScreen& pages) {
+    pages.ClickCel(1, 0);
+    Command(dialog, IDM_EDIT_TEXT);
+    Type(Control(dialog, kTextEdit), L'c');
+    Command(dialog, IDOK);
+    EXPECT_EQ(::GetDlgItem(dialog, kTextEdit), nullptr);
+    Command(dialog, IDOK);
+  });
+  EXPECT_EQ(m_editor.TextOf(kList, 0), "c");
+}
+
+TEST_F(LayoutExEditDlg, RowsAndColumnsComeAndGo) {
+  Run([](HWND dialog, const PagesOnScreen& pages) {
+    pages.ClickCel(1, 5);
+    Command(dialog, IDM_INSERT_COLUMN);
+    EXPECT_EQ(Text(dialog, kColumns), L"5");
+    EXPECT_EQ(Text(dialog, kWidth), L"200");
+    EXPECT_EQ(Text(dialog, kTextLine), L"");
+    Command(dialog, IDM_INSERT_ROW);  // nothing is selected any more
+    EXPECT_EQ(Text(dialog, kRows[1]), L"3");
+    Confirm(dialog);
+  });
+  EXPECT_EQ(m_editor.page.GetNumCol(), 5);
+  Run([](HWND dialog, const PagesOnScreen& pages) {
+    pages.ClickCel(1, 0);
+    Command(dialog, IDM_INSERT_ROW);
+    EXPECT_EQ(Text(dialog, kRows[1]), L"4");
+    Confirm(dialog);
+  });
+  EXPECT_EQ(m_editor.page.GetNumRow(kList), 4);
+  EXPECT_EQ(m_editor.page.GetNumRow(kFooter), 2);
+}
+
+TEST_F(LayoutExEditDlg, DeletingAsksFirst) {
+  for (const bool agrees : {false, true}) {
+    for (const auto& [command, question] :
+         {std::pair(IDM_DELETE_COLUMN, L"選択列を削除します。宜しいですか?"),
+          std::pair(IDM_DELETE_ROW, L"選択行を削除します。宜しいですか?")}) {
+      ModalScript script;
+      script.When(Painted(DialogWithControl(kTextLine)),
+                  [&, command = command](HWND dialog) {
+                    PagesOnScreen(dialog, m_editor.page).ClickCel(1, 5);
+                    ::PostMessageW(dialog, WM_COMMAND, static_cast<WPARAM>(command), 0);
+                  });
+      script.When(MessageBoxShown(), [agrees, question = question](HWND box) {
+        EXPECT_EQ(Text(box, 0xFFFF), question);
+        Click(box, agrees ? IDOK : IDCANCEL);
+      });
+      script.When(DialogWithControl(kTextLine), Confirm);
+      EXPECT_TRUE(m_editor.Run(script));
+    }
+    EXPECT_EQ(m_editor.page.GetNumCol(), agrees ? 3 : 4);
+    EXPECT_EQ(m_editor.page.GetNumRow(kList), agrees ? 2 : 3);
+  }
+}
+
+TEST_F(LayoutExEditDlg, CountsAndTotalsOfEachBlock) {
+  Run([](HWND dialog, const PagesOnScreen&) {
+    TypeAndLeave(dialog, kColumns, L"6");
+    EXPECT_EQ(Text(dialog, kWidth), L"240");
+    TypeAndLeave(dialog, kRows[2], L"5");
+    TypeAndLeave(dialog, kHeights[1], L"60+15");
+    TypeAndLeave(dialog, kWidth, L"180");
+    TypeAndLeave(dialog, kRepeat, L"12");
+    TypeAndLeave(dialog, kOffset, L"3");
+    Confirm(dialog);
+  });
+  for (const auto block : kBlocks) {
+    EXPECT_EQ(m_editor.page.GetCelSize(block), m_editor.page.GetNumRow(block) * 6);
+  }
+  EXPECT_EQ(m_editor.page.GetNumRow(kFooter), 5);
+  EXPECT_EQ(m_editor.page.GetAllLengthRow(kList), 75.0F);
+  EXPECT_EQ(m_editor.page.GetAllLengthCol(), 180.0F);
+  EXPECT_EQ(m_editor.page.GetRepeatRow(), 12);
+  EXPECT_EQ(m_editor.page.GetStIndex(), 3);
+}
+
+TEST_F(LayoutExEditDlg, ADoubleClickOpensTheListEditorOnThePage) {
+  ModalScript script;
+  script.When(Painted(DialogWithControl(kTextLine)), [&](HWND dialog) {
+    const PagesOnScreen pages(dialog, m_editor.page);
+    const CRect control = ClientRectOf(Control(dialog, kImages[2]));
+    const CPoint point = pages.CentreOf(2, 1);
+    ::PostMessageW(dialog, WM_LBUTTONDBLCLK, MK_LBUTTON,
+                   MAKELPARAM(control.left + point.x, control.top + point.y));
+  });
+  script.When(Painted(DialogWithTitle(L"ﾚｲｱｳﾄﾘｽﾄ編集")), [](HWND dialog) {
+    const CRect image = ClientRectOf(Control(dialog, kListEditorImage));
+    const LPARAM middle =
+        MAKELPARAM((image.left + image.right) / 2 + 20, (image.top + image.bottom) / 2 + 20);
+    ::SendMessageW(dialog, WM_LBUTTONDOWN, MK_LBUTTON, middle);
+    ::SendMessageW(dialog, WM_LBUTTONUP, 0, middle);
+    Type(Control(dialog, kTextLine), L'd');
+    Command(dialog, IDM_INSERT_COLUMN);
+    Cancel(dialog);  // keeps every change
+  });
+  script.When(DialogWithTitle(L"ﾚｲｱｳﾄ編集"), [](HWND dialog) {
+    EXPECT_EQ(Text(dialog, kColumns), L"5");
+    Confirm(dialog);
+  });
+  EXPECT_TRUE(m_editor.Run(script));
+  EXPECT_EQ(m_editor.page.GetNumCol(), 5);
+  EXPECT_EQ(m_editor.TextOf(kFooter, 8), "d");
+}
+
+TEST_F(LayoutExEditDlg, CancelLeavesThePageAndKeepsTheSettings) {
+  ColourEnvironment environment;
+  m_editor.env = &environment.Env();
+  m_editor.names.Add("図面名");
+  Run([](HWND dialog, const PagesOnScreen& pages) {
+    pages.ClickCel(1, 0);
+    Type(Control(dialog, kTextLine), L'e');
+    Press(dialog, 4029);
+    TypeAndLeave(dialog, kColumns, L"1");
+    Cancel(dialog);
+  });
+  EXPECT_EQ(m_editor.TextOf(kList, 0), "");
+  EXPECT_EQ(m_editor.page.GetNumCol(), 4);
+  int appends = 7;
+  environment.Env().GetRegistry("LayoutExEdit").ReadRegistry("MacroIns", &appends, sizeof appends);
+  EXPECT_EQ(appends, 1);
+}
+
+}  // namespace
+}  // namespace quorvel::test
