@@ -28,12 +28,15 @@ constexpr DWORD kFileFlags = OFN_HIDEREADONLY | OFN_PATHMUSTEXIST | OFN_FILEMUST
 constexpr std::array kMarginControls{IDC_LAYOUT_MARGIN, IDC_LAYOUT_MARGIN_LABEL,
                                      IDC_LAYOUT_MARGIN_UNIT, IDC_LAYOUT_SHOW_FRAME};
 
-// A refused number leaves the member as it was.
+// A refused number leaves the member as it was. A page may have more rows than can be made here:
+// they are not refused as long as they stay.
 
 void ExchangeCount(CDataExchange* pDX, int id, int& count) {
   int read = count;
   DDX_CalcText(pDX, id, read);
-  DDV_MinMaxInt(pDX, read, kFewest, kMost);
+  if (read != count) {
+    DDV_MinMaxInt(pDX, read, kFewest, kMost);
+  }
   count = read;
 }
 

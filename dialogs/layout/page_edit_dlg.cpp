@@ -8,6 +8,7 @@
 
 #include <cstdio>
 #include <type_traits>
+#include <utility>
 
 using quorvel::CelList;
 using quorvel::PairOfLengths;
@@ -64,6 +65,8 @@ BEGIN_MESSAGE_MAP(CPageEditDlg, CKivDialog)
   ON_BN_CLICKED(IDC_LAYOUT_TEXT_COLOUR_ARROW, &CPageEditDlg::OnChooseTextColor)
   ON_BN_CLICKED(IDC_LAYOUT_BACK_COLOUR_ARROW, &CPageEditDlg::OnChooseBackColor)
   ON_CBN_SELCHANGE(IDC_LAYOUT_INSERTION, &CPageEditDlg::OnInsertion)
+  ON_CONTROL(CBN_SELENDOK, IDC_LAYOUT_INSERTION, &CPageEditDlg::OnInsertionTaken)
+  ON_CONTROL(CBN_CLOSEUP, IDC_LAYOUT_INSERTION, &CPageEditDlg::OnInsertionClosed)
 END_MESSAGE_MAP()
 
 CPageEditDlg::CPageEditDlg(UINT templateId, const quorvel::EditorSettings& settings,
@@ -540,7 +543,22 @@ void CPageEditDlg::FillInsertions() {
   m_cmbInsertion.SetCurSel(0);
 }
 
+/// The arrow keys lead through an open list: only what it closes with is a choice.
 void CPageEditDlg::OnInsertion() {
+  if (::SendMessageW(m_cmbInsertion.m_hWnd, CB_GETDROPPEDSTATE, 0, 0) == 0) {
+    Insert();
+  }
+}
+
+void CPageEditDlg::OnInsertionTaken() { m_bInsertionTaken = true; }
+
+void CPageEditDlg::OnInsertionClosed() {
+  if (std::exchange(m_bInsertionTaken, false)) {
+    Insert();
+  }
+}
+
+void CPageEditDlg::Insert() {
   const int choice = m_cmbInsertion.GetCurSel();
   if (choice < 1 || !HasInsertions() || !Block().IsSelected()) {
     return;

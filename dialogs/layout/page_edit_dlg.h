@@ -83,6 +83,8 @@ protected:
   void OnChooseTextColor();
   void OnChooseBackColor();
   void OnInsertion();
+  void OnInsertionTaken();
+  void OnInsertionClosed();
 
   DECLARE_MESSAGE_MAP()
 
@@ -105,6 +107,7 @@ private:
   bool IsCommandPossible(UINT command) const;
   void PickColor(int arrowId, CKivColorButton& button, CelCommand apply);
   void FillInsertions();
+  void Insert();
 
   const quorvel::EditorSettings& m_settings;
   PageEditHost m_host;
@@ -127,5 +130,6 @@ private:
   CKivColorButton m_btnTextColor;
   CKivColorButton m_btnBackColor;
   CComboBox m_cmbInsertion;
+  bool m_bInsertionTaken = false;  ///< the open list closes with a choice
   int m_nAppend = 1;  ///< a tag goes behind the text of a cell instead of replacing it
 };

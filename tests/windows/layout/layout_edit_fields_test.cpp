@@ -273,14 +273,14 @@ TEST_F(LayoutEditFields, ATextThatIsEditedIsNotLostWhenTheGridChanges) {
 
 TEST_F(LayoutEditFields, APageWithMoreRowsThanOneMakesIsKept) {
   m_editor = LayoutEditor(25, 2, 250.0, 100.0);
-  ModalScript script;
-  script.When(Painted(DialogWithControl(kImage)), [](HWND dialog) {
+  m_editor.Run([](HWND dialog) {
     EXPECT_EQ(Text(dialog, kRows), L"25");
-    PressKey(Control(dialog, IDOK), VK_RETURN);
+    TypeAndLeave(dialog, kWidth, L"90");
+    Confirm(dialog);
   });
-  script.When(MessageBoxShown(), [](HWND box) { Click(box, IDOK); });
-  EXPECT_TRUE(m_editor.Run(script));
   EXPECT_EQ(m_editor.page.GetNumRow(), 25);
+  EXPECT_EQ(m_editor.page.GetAllLengthCol(), 90.0);
+  EXPECT_NE(Refusal(kRows, L"24"), L"");
 }
 
 // ---- Margin and frame
