@@ -327,7 +327,7 @@ std::vector<TourStop> LayoutTour(const Hand& hand) {
           .work = [hand](HWND dialog,
                          ModalScript& script) { WorkLayout(dialog, script, hand); },
           .outcome = kConfirmed,
-          .value = L"4 x 6 cells, 170 x 45 mm (30+30+22+38+20+30, 10+15+10+10), margin 5 mm, frame: "
+          .value = L"4 x 6 cells, 170 x 45 mm (30+28+22+36+20+34, 10+15+10+10), margin 5 mm, frame: "
                    L"工事名称 | <M>12 工事名称</M>[1x3] | 図面番号 | <M>11 図面番号</M> / "
                    L"図面名称 | １階平面図[1x3] | 縮尺 | 1/<M>31 縮尺</M> / "
                    L"設計 | <M>22 設計者</M> | 検図 | 山田 | 作成日 | <M>21 作成日</M> / "
@@ -371,7 +371,7 @@ std::vector<TourStop> LinesTour(const Hand& hand) {
                 Click(dialog, IDOK);
               },
           .outcome = kConfirmed,
-          .value = L"5 x 5 cells, 170 x 47 mm (15+55+35+20+45, 12+8+9+9+9), "
+          .value = L"5 x 5 cells, 170 x 47 mm (26+46+34+28+36, 12+8+9+9+9), "
                    L"outer line 1.5 mm style 1 #000000 (赤 0 緑 0 青 0), inner lines off: "
                    L"部品表[1x5] / 品番 | 品名 | 材質 | 数量 | 備考 / <M>1 品番</M> | "
                    L"<M>2 品名</M> | <M>3 材質</M> | <M>4 数量</M> | - / - | - | - | - | - / "

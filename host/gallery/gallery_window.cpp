@@ -23,8 +23,8 @@ constexpr int kFirstValueId = 2000;
 constexpr int kFirstPictureId = 3000;
 // In lines of text.
 constexpr int kRowLines = 2;
-constexpr int kPreviewLines = 6;
-constexpr int kPreviewColumns = 24;
+constexpr int kPreviewLines = 5;
+constexpr int kPreviewColumns = 20;
 
 /// The screen's device context with a control's font in it.
 class TextMeasure {

@@ -36,13 +36,13 @@ struct CelLook {
 
 constexpr CelLook kLabel{.height = 3, .back = kPaleBlue, .across = kCentre};
 constexpr CelLook kEntry{};
-constexpr CelLook kCentred{.across = kCentre};
+constexpr CelLook kCentred{.height = 3, .across = kCentre};
 constexpr CelLook kDrawingName{
     .face = kMincho, .height = 7, .weight = FW_BOLD, .color = kNavy, .across = kCentre};
 constexpr CelLook kCompany{.face = kMincho, .height = 5, .back = kPaleYellow, .across = kLast,
                            .down = kLast};
 constexpr CelLook kFormTitle{.face = kMincho, .height = 6, .weight = FW_BOLD, .across = kCentre};
-constexpr CelLook kNumber{.across = kLast};
+constexpr CelLook kNumber{.height = 3, .across = kLast};
 
 void Write(CLayoutPageData& page, int row, int col, const char* text, const CelLook& look) {
   CLayoutCelData& cel = *page.GetCelAt(page.GetIndexFromRowCol(row, col));
@@ -126,7 +126,7 @@ std::wstring Sum(const std::vector<double>& lengths) {
 }  // namespace
 
 CLayoutPageData TitleBlock() {
-  CLayoutPageData page = MakePage({10, 15, 10, 10}, {22, 38, 22, 38, 20, 30});
+  CLayoutPageData page = MakePage({10, 15, 10, 10}, {22, 36, 22, 36, 20, 34});
   Write(page, 0, 0, "工事名称", kLabel);
   Write(page, 0, 1, "<M>12 工事名称</M>", kEntry);
   Write(page, 0, 4, "図面番号", kLabel);
@@ -151,7 +151,7 @@ CLayoutPageData TitleBlock() {
 }
 
 CLayoutPageData PartsForm() {
-  CLayoutPageData page = MakePage({12, 8, 9, 9, 9}, {15, 55, 35, 20, 45});
+  CLayoutPageData page = MakePage({12, 8, 9, 9, 9}, {26, 46, 34, 28, 36});
   Write(page, 0, 0, "部品表", kFormTitle);
   Merge(page, 0, 0, 4);
   int col = 0;
