@@ -231,7 +231,9 @@ void GalleryWindow::LayOut() {
       MoveWindow(row.picture, left, top + inset, PictureWidth(exhibit), height - 2 * inset, TRUE);
       left += PictureWidth(exhibit) + gap;
     }
-    MoveWindow(row.value, left, top, std::max(0, width + gap - left), height, TRUE);
+    // A text of many lines keeps away from that of the next row.
+    const int valueHeight = height - (exhibit.preview ? m_lineHeight : 0);
+    MoveWindow(row.value, left, top, std::max(0, width + gap - left), valueHeight, TRUE);
     top += height + gap / 2;
   }
   MoveWindow(m_mousePick, gap, top, width, rowHeight, TRUE);
