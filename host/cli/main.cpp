@@ -341,7 +341,8 @@ void PreparePage(CLayoutPageData& page, const EditLayoutRequest& request) {
   const bool isThere = ::GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
   if (request.newPage) {
     if (isThere) {
-      throw std::runtime_error(JsonQuoted(request.file) + " is there already, --new replaces no file");
+      throw std::runtime_error(JsonQuoted(request.file) +
+                               " is there already, --new replaces no file");
     }
     page.DividePage(static_cast<BYTE>(request.newPage->rows),
                     static_cast<BYTE>(request.newPage->columns), request.dotsPerMm);

@@ -373,7 +373,8 @@ Exhibit SelectColorExhibit() {
   const auto hand = std::make_shared<ColorInHand>(RGB(255, 128, 64));
   return ColorExhibit(
       "select-color", L"__SelColorDlg", L"色選択(&B)", hand,
-      [hand] { return __SelColorDlg(hand->environment.Get(), &hand->color, nullptr); }, SelectColorTour(hand));
+      [hand] { return __SelColorDlg(hand->environment.Get(), &hand->color, nullptr); },
+      SelectColorTour(hand));
 }
 
 Exhibit SelectColorExExhibit() {
@@ -388,7 +389,8 @@ Exhibit EditColorExhibit() {
   const auto hand = std::make_shared<ColorInHand>(RGB(51, 102, 255));
   return ColorExhibit(
       "edit-color", L"__EditColorDlg", L"色編集(&H)", hand,
-      [hand] { return __EditColorDlg(hand->environment.Get(), &hand->color, nullptr); }, EditColorTour(hand));
+      [hand] { return __EditColorDlg(hand->environment.Get(), &hand->color, nullptr); },
+      EditColorTour(hand));
 }
 
 Exhibit SelectRgbExhibit() {

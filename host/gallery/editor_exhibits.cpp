@@ -31,7 +31,6 @@ namespace {
 using driver::Click;
 using driver::ClickAt;
 using driver::ClientRectOf;
-using driver::Condition;
 using driver::Control;
 using driver::DialogWithControl;
 using driver::DialogWithTitle;
@@ -138,8 +137,8 @@ CRect PageArea(HWND dialog) {
   return area;
 }
 
-/// A point of the dialog by millimetres from the page's top-left corner. `page` has the lengths that
-/// the dialog shows.
+/// A point of the dialog by millimetres from the page's top-left corner. `page` has the lengths
+/// that the dialog shows.
 POINT PointAt(HWND dialog, const CLayoutPageData& page, double across, double down) {
   const CRect area = PageArea(dialog);
   return {area.left + static_cast<LONG>(area.Width() * across / page.GetAllLengthCol()),
@@ -327,7 +326,8 @@ std::vector<TourStop> LayoutTour(const Hand& hand) {
           .work = [hand](HWND dialog,
                          ModalScript& script) { WorkLayout(dialog, script, hand); },
           .outcome = kConfirmed,
-          .value = L"4 x 6 cells, 170 x 45 mm (30+28+22+36+20+34, 10+15+10+10), margin 5 mm, frame: "
+          .value = L"4 x 6 cells, 170 x 45 mm (30+28+22+36+20+34, 10+15+10+10), "
+                   L"margin 5 mm, frame: "
                    L"工事名称 | <M>12 工事名称</M>[1x3] | 図面番号 | <M>11 図面番号</M> / "
                    L"図面名称 | １階平面図[1x3] | 縮尺 | 1/<M>31 縮尺</M> / "
                    L"設計 | <M>22 設計者</M> | 検図 | 山田 | 作成日 | <M>21 作成日</M> / "

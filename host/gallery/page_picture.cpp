@@ -118,10 +118,11 @@ private:
     if (isOn == 0) {
       return OwnedPen(::CreatePen(PS_NULL, 0, 0));
     }
-    const auto style = static_cast<std::size_t>(status.style);
+    const auto type = static_cast<std::size_t>(status.style);
+    const DWORD style = type < kPenStyles.size() ? kPenStyles.at(type) : PS_SOLID;
     const LOGBRUSH brush{BS_SOLID, status.color, 0};
     return OwnedPen(::ExtCreatePen(
-        PS_GEOMETRIC | PS_ENDCAP_FLAT | (style < kPenStyles.size() ? kPenStyles.at(style) : PS_SOLID),
+        PS_GEOMETRIC | PS_ENDCAP_FLAT | style,
         static_cast<DWORD>(std::max(Dots(double{status.width}), 1)), &brush, 0, nullptr));
   }
 

@@ -5,7 +5,6 @@
 #include <cstring>
 #include <initializer_list>
 #include <iterator>
-#include <vector>
 
 namespace quorvel::gallery {
 
@@ -72,7 +71,8 @@ void Merge(CLayoutPageData& page, int row, int firstCol, int lastCol) {
   }
 }
 
-CLayoutPageData MakePage(std::initializer_list<double> rows, std::initializer_list<double> columns) {
+CLayoutPageData MakePage(std::initializer_list<double> rows,
+                         std::initializer_list<double> columns) {
   CLayoutPageData page;
   page.DividePage(static_cast<BYTE>(rows.size()), static_cast<BYTE>(columns.size()),
                   kSampleDotsPerMm);
@@ -115,10 +115,12 @@ std::wstring RowInWords(const CLayoutPageData& page, int row) {
   return words;
 }
 
-std::wstring Sum(const std::vector<double>& lengths) {
+/// As many lengths as `count`, as a sum.
+std::wstring Sum(const CLayoutPageData& page, int count,
+                 double (CLayoutPageData::*length)(int) const) {
   std::wstring words;
-  for (const double length : lengths) {
-    words += (words.empty() ? L"" : L"+") + Number(length);
+  for (int line = 0; line < count; ++line) {
+    words += (line == 0 ? L"" : L"+") + Number((page.*length)(line));
   }
   return words;
 }
@@ -173,18 +175,12 @@ CLayoutPageData PartsForm() {
 }
 
 std::wstring PageInWords(const CLayoutPageData& page) {
-  std::vector<double> columns;
-  for (int col = 0; col < page.GetNumCol(); ++col) {
-    columns.push_back(page.GetLengthCol(col));
-  }
-  std::vector<double> rows;
-  for (int row = 0; row < page.GetNumRow(); ++row) {
-    rows.push_back(page.GetLengthRow(row));
-  }
+  const std::wstring columns = Sum(page, page.GetNumCol(), &CLayoutPageData::GetLengthCol);
+  const std::wstring rows = Sum(page, page.GetNumRow(), &CLayoutPageData::GetLengthRow);
   std::wstring words = std::to_wstring(page.GetNumRow()) + L" x " +
                        std::to_wstring(page.GetNumCol()) + L" cells, " +
                        Number(page.GetAllLengthCol()) + L" x " + Number(page.GetAllLengthRow()) +
-                       L" mm (" + Sum(columns) + L", " + Sum(rows) + L"), ";
+                       L" mm (" + columns + L", " + rows + L"), ";
   if (page.GetType() != 0) {
     words += L"outer line " + LineInWords(page.GetByEdgeOutLine(), page.GetOutLineStatus()) +
              L", inner lines " + LineInWords(page.GetByEdgeInLine(), page.GetInLineStatus());

@@ -77,7 +77,8 @@ TEST(LayoutCommands, EditLayoutMakesPagesThatItsDialogTakes) {
     ExpectBadUsage({"edit-layout", "a", "--new", counts},
                    "quorvel: --new takes 1 to 20 rows and columns");
   }
-  for (const std::string counts : {"", "3", "x", "3x", "x4", "3x4x5", "3X4", "3,4", " 3x4", "3x4.5"}) {
+  for (const std::string counts :
+       {"", "3", "x", "3x", "x4", "3x4x5", "3X4", "3,4", " 3x4", "3x4.5"}) {
     ExpectBadUsage({"edit-layout", "a", "--new", counts},
                    "quorvel: --new needs counts as ROWSxCOLUMNS, not \"" + counts + "\"");
   }
