@@ -424,7 +424,7 @@ bool CPageEditDlg::OpenTextEdit() {
   m_pTextEdit = std::make_unique<CKivKeyCtrlEdit>();
   const CRect place = m_pView->ToDialog(*rect).Grown(-kTextEditEdge, -kTextEditEdge);
   if (m_pTextEdit->Create(WS_CHILD | WS_VISIBLE | WS_BORDER | ES_WANTRETURN | ES_AUTOHSCROLL, place,
-                          this, IDC_LAYOUT_TEXT_EDIT,
+                          this, kCelTextEditId,
                           KIVKEY_ENTER | KIVKEY_ESCAPE | KIVKEY_ARROWS) == FALSE) {
     m_pTextEdit.reset();
     return false;

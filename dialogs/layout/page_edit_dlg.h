@@ -16,6 +16,9 @@
 
 #include <memory>
 
+/// The field that is made when a text is edited in its cell.
+inline constexpr UINT kCelTextEditId = 200;
+
 /// What a caller gives to each layout editor. All of it stays the caller's, and all pointers may be
 /// null.
 struct PageEditHost {
