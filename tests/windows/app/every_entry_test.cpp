@@ -197,6 +197,8 @@ TEST(Entries, ADialogThatCannotBeCreatedGivesTheFailureValue) {
   CKivFontEx font;
   EXPECT_EQ(__SelFontDlg(nullptr, &font, 0.0, "", TRUE, FALSE, QUORVEL_FONT_ALL), FALSE);
   EXPECT_EQ(__SelFontExDlg(nullptr, &font, 0.0, "", FALSE, QUORVEL_FONT_ALL), FALSE);
+  CLayoutPageData page;
+  EXPECT_EQ(__LayoutEditDlg(nullptr, &page, nullptr, nullptr, 0.0, 0, nullptr), FALSE);
 }
 
 }  // namespace
