@@ -5,6 +5,7 @@
 // cancelled or confirmed at once.
 #include "driver/controls.h"
 #include "driver/leak_counters.h"
+#include "driver/modal_script.h"
 #include "res/ids.h"
 #include "support/random_messages.h"
 #include "support/same_page.h"
@@ -39,8 +40,9 @@ constexpr std::array kMouseMessages{UINT{WM_LBUTTONDOWN}, UINT{WM_LBUTTONUP},
 constexpr std::array kNumberFields{IDC_LAYOUT_ROWS,      IDC_LAYOUT_COLUMNS, IDC_LAYOUT_HEIGHT,
                                    IDC_LAYOUT_WIDTH,     IDC_LAYOUT_MARGIN,  IDC_OUTER_LINE_WIDTH,
                                    IDC_INNER_LINE_WIDTH};
-constexpr std::array kNumbers{L"1", L"2", L"3",  L"5",   L"8",     L"13",  L"20",  L"21", L"0",
-                              L"-1", L"", L"50", L"120", L"29.75", L"2+3", L"1e13", L"abc"};
+constexpr std::array kCounts{L"1", L"2", L"3", L"5", L"8", L"2*6", L"20"};
+constexpr std::array kLengths{L"0", L"1", L"29.75", L"120", L"１０００/3", L"1e12"};
+constexpr std::array kRefused{L"", L"0", L"21", L"-1", L"1e13", L"abc"};
 constexpr std::array kKeys{VK_LEFT, VK_RIGHT, VK_UP, VK_DOWN, VK_F2, VK_APPS};
 constexpr std::array kModifiers{VK_CONTROL, VK_SHIFT};
 constexpr std::array kTexts{L"", L"図", L"A&B", L"図面名称", L"<M>1 図番</M>",
@@ -96,8 +98,9 @@ protected:
 
   void SendOne(HWND dialog, HWND window) override {
     const int id = ::GetDlgCtrlID(window);
-    if ((id == IDOK || id == IDCANCEL) && Number(0, 20) != 0) {
-      return;  // or there would be nothing but openings
+    if (id == IDOK || id == IDCANCEL) {
+      EndNowAndThen(dialog);
+      return;
     }
     switch (Number(0, 11)) {
       case 0:
@@ -154,6 +157,14 @@ private:
     }
   }
 
+  /// Now and then, or there would be nothing but openings.
+  void EndNowAndThen(HWND dialog) {
+    constexpr int kRarity = 20;
+    if (Number(1, kRarity) == 1) {
+      ::SendMessageW(dialog, WM_COMMAND, Number(0, 1) == 0 ? IDOK : IDCANCEL, 0);
+    }
+  }
+
   /// In the dialog's client pixels.
   static CRect PictureOf(HWND dialog) {
     return CRect(driver::ClientRectOf(driver::Control(dialog, IDC_LAYOUT_IMAGE)));
@@ -200,7 +211,11 @@ private:
     if (::IsWindowVisible(field) == FALSE || ::IsWindowEnabled(field) == FALSE) {
       return;  // nobody can type there
     }
-    ::SetWindowTextW(field, OneOf(kNumbers));
+    constexpr int kRarity = 16;  // a message box takes its time
+    const bool isCount = id == IDC_LAYOUT_ROWS || id == IDC_LAYOUT_COLUMNS;
+    ::SetWindowTextW(field, Number(1, kRarity) == 1 ? OneOf(kRefused)
+                            : isCount               ? OneOf(kCounts)
+                                                    : OneOf(kLengths));
     ::SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(id, EN_KILLFOCUS),
                    reinterpret_cast<LPARAM>(field));
   }
@@ -283,6 +298,62 @@ CLayoutPageData FirstPage() {
   return page;
 }
 
+CStringArray Insertions() {
+  CStringArray insertions;
+  for (const char* name : {"図番", "縮尺", "日付"}) {
+    insertions.Add(name);
+  }
+  return insertions;
+}
+
+/// Each dialog that the editor opens, and the menu, once: the first of a kind fill the system's
+/// caches.
+void OpenEverything(int lineMode) {
+  const auto isEditor = driver::DialogWithControl(IDC_LAYOUT_IMAGE);
+  const auto findOpened = [] {
+    const std::vector<HWND> dialogs = driver::VisibleDialogs();
+    const bool isOpened =
+        !dialogs.empty() && ::GetDlgItem(dialogs.front(), IDC_LAYOUT_IMAGE) == nullptr;
+    return isOpened ? dialogs.front() : nullptr;
+  };
+  const driver::Condition isOpened{"a dialog above the editor", findOpened};
+  driver::ModalScript script;
+  script.When(driver::Painted(isEditor), [](HWND editor) {
+    const CRect picture(driver::ClientRectOf(driver::Control(editor, IDC_LAYOUT_IMAGE)));
+    driver::ClickAt(editor, {(picture.left + picture.right) / 2, picture.top + picture.Height() / 4});
+  });
+  std::vector<int> commands{IDM_EDIT_FONT, IDC_LAYOUT_TEXT_COLOUR_ARROW, IDM_OPEN_LAYOUT,
+                            IDM_SAVE_LAYOUT};
+  if (lineMode != 0) {
+    commands.push_back(IDC_OUTER_LINE_COLOUR);
+  }
+  for (const int command : commands) {
+    script.When(driver::Painted(isEditor), [command](HWND editor) {
+      ::PostMessageW(editor, WM_COMMAND, static_cast<WPARAM>(command), 0);
+    });
+    script.When(driver::Painted(isOpened),
+                [](HWND opened) { ::PostMessageW(opened, WM_COMMAND, IDCANCEL, 0); });
+  }
+  script.When(driver::Painted(isEditor), [](HWND editor) {
+    ::SetWindowTextW(driver::Control(editor, IDC_LAYOUT_ROWS), L"21");
+    ::PostMessageW(editor, WM_COMMAND, MAKEWPARAM(IDC_LAYOUT_ROWS, EN_KILLFOCUS), 0);
+  });
+  script.When(driver::Painted(isOpened),
+              [](HWND box) { ::PostMessageW(box, WM_COMMAND, IDCANCEL, 0); });
+  script.When(driver::Painted(isEditor),
+              [](HWND editor) { ::PostMessageW(editor, WM_CONTEXTMENU, 0, -1); });
+  script.When(driver::MenuShown(), [](HWND /*menu*/) {
+    ::PostMessageW(driver::VisibleDialogs().front(), WM_KEYDOWN, VK_ESCAPE, 1);
+  });
+  script.When(driver::Painted(isEditor),
+              [](HWND editor) { ::PostMessageW(editor, WM_COMMAND, IDCANCEL, 0); });
+  CKivSysEnv env(kKey);
+  CStringArray insertions = Insertions();
+  CLayoutPageData page = FirstPage();
+  __LayoutEditDlg(&env, &page, &insertions, nullptr, kDotsPerMm, lineMode, nullptr);
+  ASSERT_TRUE(script.Finished()) << script.Problem();
+}
+
 class RandomMessagesToEditor : public ::testing::TestWithParam<Case> {
 protected:
   void TearDown() override { ::RegDeleteTreeA(HKEY_CURRENT_USER, kKey); }
@@ -299,10 +370,7 @@ TEST_P(RandomMessagesToEditor, DoNoHarm) {
   const Watchdog watchdog;
   const auto run = [&](unsigned seed, int count) {
     CKivSysEnv env(kKey);
-    CStringArray insertions;
-    for (const char* name : {"図番", "縮尺", "日付"}) {
-      insertions.Add(name);
-    }
+    CStringArray insertions = Insertions();
     CLayoutPageData page = FirstPage();
     EditorMessages messages(seed, count, GetParam().lastCommand);
     int openings = 0;
@@ -322,6 +390,7 @@ TEST_P(RandomMessagesToEditor, DoNoHarm) {
     std::printf("%s: %d openings, %d confirmed\n", GetParam().name.c_str(), openings, confirmed);
   };
   FillSystemCaches();
+  OpenEverything(GetParam().lineMode);
   run(MessageSeed(), kWarmUps);  // the first dialogs of a kind fill the system's caches
   const LeakCounters before = CountResources();
   run(MessageSeed() + 1, MessageCount());

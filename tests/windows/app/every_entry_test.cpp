@@ -31,6 +31,14 @@ TEST_P(EveryEntry, ClosingTheWindowCancels) {
   EXPECT_TRUE(outcome.unchanged);
 }
 
+TEST_P(EveryEntry, ACancelRightBehindOkDoesNotUnsettleTheResult) {
+  const Outcome outcome = WorkDialog([this] { return Run(); }, [](HWND dialog) {
+    ::SendMessageW(dialog, WM_COMMAND, IDOK, 0);
+    ::SendMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+  });
+  EXPECT_TRUE(outcome.confirmed || outcome.unchanged);
+}
+
 TEST_P(EveryEntry, EscapeWorksFromEveryControl) {
   ModalScript script;
   script.When(Painted(AnyDialog()), [](HWND dialog) {
@@ -90,7 +98,7 @@ TEST_P(EveryEntry, APositionThatFitsIsTakenExactly) {
   if (!GetParam().hasPosition) {
     return;
   }
-  for (const CPoint wanted : {CPoint(300, 200), CPoint(0, 0), CPoint(1, 777)}) {
+  for (const CPoint wanted : {CPoint(300, 200), CPoint(0, 0), CPoint(1, 700)}) {
     CPoint position = wanted;
     WorkDialog([&] { return Run(&position); }, [&](HWND dialog) {
       const RECT rect = WindowRect(dialog);
