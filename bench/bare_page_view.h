@@ -28,6 +28,8 @@ public:
 
   HWND Window() const { return m_window.get(); }
 
+  const CRect& RectOf(int index) const { return m_rects[static_cast<std::size_t>(index)]; }
+
   /// Cell `index` is painted as selected, alone from now on, with its text at that place (DT_*).
   void SelectCel(int index, UINT verticalPlace);
   /// The cell's rectangle and what its lines reach.

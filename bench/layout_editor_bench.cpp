@@ -19,7 +19,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <functional>
+#include <memory>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -229,26 +231,21 @@ Row Repaint(int runs) {
   return {"layout editor, repaint of 20 x 20 cells", "times bare", ratio, kMost, runs};
 }
 
-/// A cell in the middle, and where it is.
-struct MiddleCel {
-  static constexpr int kIndex = kLines / 2 * kLines + kLines / 2;
+constexpr int kMiddleCel = kLines / 2 * kLines + kLines / 2;
 
-  explicit MiddleCel(const CSize& picture)
-      : centre(picture.cx / 2 + picture.cx / (2 * kLines),
-               picture.cy / 2 + picture.cy / (2 * kLines)) {}
-
-  CPoint centre;
-};
+CPoint CentreOf(const CRect& rect) {
+  return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
+}
 
 Row CelCommand(int runs) {
-  constexpr double kMost = 3.0;
+  constexpr double kMost = 2.0;
   constexpr std::array kPlaces{UINT{DT_VCENTER}, UINT{DT_TOP}};
   constexpr std::array kCommands{IDM_ALIGN_MIDDLE, IDM_ALIGN_TOP};
   double ratio = 0.0;
   InEditor([&](HWND dialog) {
     const EditorPicture picture(dialog);
     BarePageView bare(FullPage(), picture.Size());
-    picture.Click(MiddleCel(picture.Size()).centre);
+    picture.Click(CentreOf(bare.RectOf(kMiddleCel)));
     ::UpdateWindow(picture.Window());
     ratio = RatioOfSteps(
         runs,
@@ -259,7 +256,7 @@ Row CelCommand(int runs) {
           });
         },
         [&](int step) {
-          bare.SelectCel(MiddleCel::kIndex, kPlaces[static_cast<std::size_t>(step % 2)]);
+          bare.SelectCel(kMiddleCel, kPlaces[static_cast<std::size_t>(step % 2)]);
           const CRect area = bare.SelectedArea();
           return TimeOfRepaint(bare.Window(), &area);
         });
@@ -276,8 +273,7 @@ Row BorderDragStep(int runs) {
   InEditor([&](HWND dialog) {
     const EditorPicture picture(dialog);
     BarePageView bare(FullPage(), picture.Size());
-    // Its height leaves nothing over: the border in the middle of the page is in its middle.
-    const CPoint border(picture.Size().cx / 2, picture.Size().cy / 2);
+    const CPoint border(CentreOf(bare.RectOf(kMiddleCel)).x, bare.RectOf(kMiddleCel).bottom);
     const auto pointOf = [&](int step) {
       return CPoint(border.x + step % 2, border.y + (step % (2 * kReach) - kReach));
     };
@@ -300,6 +296,17 @@ Row BorderDragStep(int runs) {
   return {"layout editor, step of a border's drag", "times bare", ratio, kMost, runs};
 }
 
+/// Whether a line of a selected cell crosses x between two heights.
+bool HasSelectedFrame(const driver::Picture& picture, int x, int top, int bottom) {
+  constexpr std::uint32_t kRed = 0xFF0000;
+  for (int y = top; y < bottom; ++y) {
+    if (picture.At(x, y) == kRed) {
+      return true;
+    }
+  }
+  return false;
+}
+
 /// Drags from the first cell to the last one. The slowest step: of each, the median of the runs.
 std::vector<Row> SelectAll(int runs) {
   constexpr double kFrame = 16.0;
@@ -311,10 +318,9 @@ std::vector<Row> SelectAll(int runs) {
   std::vector<double> releases;
   InEditor([&](HWND dialog) {
     const EditorPicture picture(dialog);
-    constexpr int kEdge = 8;  // into the first cell, and the last
-    const CPoint first(kEdge, kEdge);
-    const CPoint last(picture.Size().cx - kEdge, picture.Size().cy - kEdge);
-    const driver::Picture before = ReadPixels(picture.Window());
+    const BarePageView bare(FullPage(), picture.Size());
+    const CPoint first = CentreOf(bare.RectOf(0));
+    const CPoint last = CentreOf(bare.RectOf(kLines * kLines - 1));
     for (int drag = 0; drag < drags; ++drag) {
       picture.Mouse(WM_LBUTTONDOWN, first);
       for (int step = 0; step < kSteps; ++step) {
@@ -325,7 +331,10 @@ std::vector<Row> SelectAll(int runs) {
       }
       releases.push_back(TimeOf(picture.Window(), [&] { picture.Mouse(WM_LBUTTONUP, last); }));
     }
-    Require(ReadPixels(picture.Window()) != before, "nothing was selected");
+    const driver::Picture selected = ReadPixels(picture.Window());
+    Require(HasSelectedFrame(selected, first.x, 0, first.y) &&
+                HasSelectedFrame(selected, last.x, last.y, picture.Size().cy),
+            "not all cells were selected");
   });
   double slowestMove = 0.0;
   for (const std::vector<double>& step : moves) {

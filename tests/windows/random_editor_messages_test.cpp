@@ -320,7 +320,9 @@ void OpenEverything(int lineMode) {
   driver::ModalScript script;
   script.When(driver::Painted(isEditor), [](HWND editor) {
     const CRect picture(driver::ClientRectOf(driver::Control(editor, IDC_LAYOUT_IMAGE)));
-    driver::ClickAt(editor, {(picture.left + picture.right) / 2, picture.top + picture.Height() / 4});
+    const CPoint centre((picture.left + picture.right) / 2, (picture.top + picture.bottom) / 2);
+    driver::Drag(editor, centre, {centre.x, centre.y + 5});  // the border of the third row
+    driver::ClickAt(editor, {centre.x, centre.y + 15});
   });
   std::vector<int> commands{IDM_EDIT_FONT, IDC_LAYOUT_TEXT_COLOUR_ARROW, IDM_OPEN_LAYOUT,
                             IDM_SAVE_LAYOUT};
@@ -338,8 +340,11 @@ void OpenEverything(int lineMode) {
     ::SetWindowTextW(driver::Control(editor, IDC_LAYOUT_ROWS), L"21");
     ::PostMessageW(editor, WM_COMMAND, MAKEWPARAM(IDC_LAYOUT_ROWS, EN_KILLFOCUS), 0);
   });
-  script.When(driver::Painted(isOpened),
-              [](HWND box) { ::PostMessageW(box, WM_COMMAND, IDCANCEL, 0); });
+  script.When(driver::Painted(isOpened), [](HWND box) {
+    const HWND editor = ::GetWindow(box, GW_OWNER);
+    ::SetWindowTextW(driver::Control(editor, IDC_LAYOUT_ROWS), L"6");
+    ::PostMessageW(box, WM_COMMAND, IDCANCEL, 0);
+  });
   script.When(driver::Painted(isEditor),
               [](HWND editor) { ::PostMessageW(editor, WM_CONTEXTMENU, 0, -1); });
   script.When(driver::MenuShown(), [](HWND /*menu*/) {

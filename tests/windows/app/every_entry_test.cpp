@@ -31,14 +31,6 @@ TEST_P(EveryEntry, ClosingTheWindowCancels) {
   EXPECT_TRUE(outcome.unchanged);
 }
 
-TEST_P(EveryEntry, ACancelRightBehindOkDoesNotUnsettleTheResult) {
-  const Outcome outcome = WorkDialog([this] { return Run(); }, [](HWND dialog) {
-    ::SendMessageW(dialog, WM_COMMAND, IDOK, 0);
-    ::SendMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
-  });
-  EXPECT_TRUE(outcome.confirmed || outcome.unchanged);
-}
-
 TEST_P(EveryEntry, EscapeWorksFromEveryControl) {
   ModalScript script;
   script.When(Painted(AnyDialog()), [](HWND dialog) {

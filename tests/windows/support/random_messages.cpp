@@ -251,6 +251,9 @@ void FillSystemCaches() {
   for (int i = 0; i < kMostContexts; ++i) {
     contexts.push_back(::GetDC(::GetDesktopWindow()));
   }
+  // The hatched brush, made when a scroll bar first asks for its colour.
+  ::DefWindowProcW(::GetDesktopWindow(), WM_CTLCOLORSCROLLBAR,
+                   reinterpret_cast<WPARAM>(contexts.front()), 0);
   for (const HDC context : contexts) {
     ::ReleaseDC(::GetDesktopWindow(), context);
   }
