@@ -131,7 +131,7 @@ void CPageView::OnPaint() {
   if (m_table.empty()) {
     return;
   }
-  const quorvel::PaintBuffer buffer(paint.Handle(), paint.Area());
+  const quorvel::PaintBuffer buffer(paint.Handle(), paint.Area(), &m_memory);
   Paint(buffer.Handle(), paint.Area());
 }
 
