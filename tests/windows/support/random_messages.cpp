@@ -245,6 +245,9 @@ void FillSystemCaches() {
   for (const int cursor : kSystemCursors) {
     ::LoadCursorW(nullptr, MAKEINTRESOURCEW(cursor));
   }
+  for (int color = 0; color <= COLOR_MENUBAR; ++color) {
+    ::GetSysColorBrush(color);
+  }
   constexpr int kMostContexts = 64;
   std::vector<HDC> contexts;
   contexts.reserve(kMostContexts);

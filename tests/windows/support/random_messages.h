@@ -82,7 +82,8 @@ int MessageCount();
 unsigned MessageSeed();
 
 /// What the system keeps once it was needed: otherwise it comes when a message box first shows its
-/// icon, or when the deepest nesting of the run so far wants one more device context at once.
+/// icon or a menu its mark, or when the deepest nesting of the run so far wants one more device
+/// context at once.
 void FillSystemCaches();
 
 }  // namespace quorvel::test
