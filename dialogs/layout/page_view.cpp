@@ -136,6 +136,7 @@ void CPageView::OnPaint() {
 }
 
 /// The painting covers all.
+// NOLINTNEXTLINE(readability-convert-member-functions-to-static): called as a member by the map
 LRESULT CPageView::OnEraseBackground(WPARAM /*wParam*/, LPARAM /*lParam*/) { return TRUE; }
 
 void CPageView::Paint(HDC deviceContext, const CRect& part) const {
