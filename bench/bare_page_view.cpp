@@ -61,7 +61,6 @@ OwnedBitmap MakePicture(const CSize& size) {
 
 BarePageView::BarePageView(const CLayoutPageData& page, const CSize& size)
     : m_all({0, 0}, size),
-      m_verticalPlace(DT_TOP),
       m_guidePen(::CreatePen(PS_DOT, 1, kGuideColor)),
       m_picture(std::make_unique<ReadyPicture>(MakePicture(size))) {
   WNDCLASSW description{};

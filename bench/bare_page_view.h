@@ -57,7 +57,7 @@ private:
   COLORREF m_textColor = 0;
   COLORREF m_backColor = 0;
   std::optional<std::size_t> m_selected;
-  UINT m_verticalPlace;
+  UINT m_verticalPlace = DT_TOP;
   OwnedPen m_guidePen;
   int m_guide = 0;
   int m_nextGuide = 0;

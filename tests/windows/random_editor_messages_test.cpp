@@ -167,7 +167,8 @@ private:
 
   /// In the dialog's client pixels.
   static CRect PictureOf(HWND dialog) {
-    return CRect(driver::ClientRectOf(driver::Control(dialog, IDC_LAYOUT_IMAGE)));
+    const CRect picture(driver::ClientRectOf(driver::Control(dialog, IDC_LAYOUT_IMAGE)));
+    return picture;
   }
 
   void SendMouseToPicture(HWND dialog) {
