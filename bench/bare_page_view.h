@@ -11,10 +11,10 @@
 
 namespace quorvel::bench {
 
-/// A plain window as large as the editor's picture. It has the rectangles, the texts and a picture in
-/// memory made before, and one look for all cells. It
-/// - paints the page whole into the picture and blits it: grey, white, then of each cell a fill, the
-///   text and the frame, with one font and one pen that are made each time;
+/// A plain window as large as the editor's picture. It has the rectangles, the texts and a picture
+/// in memory made before, and one look for all cells. It
+/// - paints the page whole into the picture and blits it: grey, white, then of each cell a fill,
+///   the text and the frame, with one font and one pen that are made each time;
 /// - paints one selected cell alone;
 /// - at a mouse move erases the guide line, draws it elsewhere and sets a read-out: the text, and a
 ///   timer that begins anew.

@@ -1,6 +1,6 @@
-// The layout editor with a page of 20 x 20 cells, a text in each: opening against its bare template,
-// painting the page or one cell of it and a step of a border's drag against a window that only paints
-// the same, and selecting all cells against the time of a frame.
+// The layout editor with a page of 20 x 20 cells, a text in each: opening against its bare
+// template, painting the page or one cell of it and a step of a border's drag against a window that
+// only paints the same, and selecting all cells against the time of a frame.
 #include "bench/bare_page_view.h"
 #include "bench/benchmarks.h"
 #include "bench/opening.h"
@@ -172,8 +172,8 @@ private:
                                                  RGB(0xC0, 0xC0, 0xC0), IMAGE_BITMAP,
                                                  LR_DEFAULTCOLOR));
     const HWND bar =
-        ::CreateWindowExW(0, TOOLBARCLASSNAMEW, L"", kToolStyle, position.x, position.y, 0, 0, dialog,
-                          nullptr, m_module, nullptr);
+        ::CreateWindowExW(0, TOOLBARCLASSNAMEW, L"", kToolStyle, position.x, position.y, 0, 0,
+                          dialog, nullptr, m_module, nullptr);
     std::vector<TBBUTTON> buttons;
     for (const TOOLITEM& item : items) {
       TBBUTTON button{};

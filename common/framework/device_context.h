@@ -87,8 +87,8 @@ private:
   HDC m_hDC;
 };
 
-/// What one window's PaintBuffers draw into, kept from one painting to the next: a large bitmap takes
-/// long to make.
+/// What one window's PaintBuffers draw into, kept from one painting to the next: a large bitmap
+/// takes long to make.
 class FRAME_API PaintMemory {
 public:
   /// One that is large enough; null where it cannot be made.

@@ -1,5 +1,5 @@
-// Random messages to the layout editor do no harm: no crash, no hang, nothing left behind; a cancelled
-// dialog has not changed the caller's page, and a confirmed one gives a sound page.
+// Random messages to the layout editor do no harm: no crash, no hang, nothing left behind; a
+// cancelled dialog has not changed the caller's page, and a confirmed one gives a sound page.
 //
 // The environment variables are those of the other random messages. What the editor opens is
 // cancelled or confirmed at once.

@@ -100,8 +100,8 @@ CLayoutPageData Page() {
   return page;
 }
 
-/// Lets `act` do something to the editor, whose cell `from` has been clicked, or the cells from it to
-/// `to` been dragged over; what is left to be painted must lie in those cells and their lines.
+/// Lets `act` do something to the editor, whose cell `from` has been clicked, or the cells from it
+/// to `to` been dragged over; what is left to be painted must be those cells and their lines.
 void ExpectRepaint(int from, int to, const std::function<void(HWND dialog)>& act) {
   CLayoutPageData page = Page();
   CStringArray insertions;
