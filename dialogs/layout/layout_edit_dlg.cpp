@@ -261,9 +261,12 @@ void CLayoutEditDlg::OnSave() {
   }
 }
 
-// ---- The end
+// ---- The end. The first one counts: what OK has given to the caller cannot be cancelled.
 
 void CLayoutEditDlg::OnOK() {
+  if (m_bClosing) {
+    return;
+  }
   WriteSettings();
   EndTextEdit();
   UpdateData(TRUE);  // of a field that is refused the last number counts
@@ -290,6 +293,9 @@ void CLayoutEditDlg::OnOK() {
 }
 
 void CLayoutEditDlg::OnCancel() {
+  if (m_bClosing) {
+    return;
+  }
   WriteSettings();
   m_bClosing = true;
   EndDialog(IDCANCEL);

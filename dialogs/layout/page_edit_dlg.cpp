@@ -6,6 +6,7 @@
 #include "framework/data_exchange.h"
 #include "framework/module_state.h"
 
+#include <array>
 #include <cstdio>
 #include <type_traits>
 #include <utility>
@@ -33,9 +34,9 @@ HCURSOR LoadDragCursor(int id) {
 
 CString ReadOutText(const char* format, const PairOfLengths& lengths) {
   constexpr int kLongest = 700;  // two doubles with all their digits
-  char text[kLongest] = "";
-  std::snprintf(text, sizeof text, format, lengths.first, lengths.second);
-  return CString(text);
+  std::array<char, kLongest> text{};
+  std::snprintf(text.data(), text.size(), format, lengths.first, lengths.second);
+  return {text.data()};
 }
 
 bool IsPressed(int key) { return ::GetKeyState(key) < 0; }
@@ -315,7 +316,7 @@ BOOL CPageEditDlg::PreTranslateMessage(MSG* message) {
 }
 
 /// Ctrl and an arrow key, unless they lead through the text of a field or open a list.
-bool CPageEditDlg::MovesSelection(const MSG& message) const {
+bool CPageEditDlg::MovesSelection(const MSG& message) {
   if (message.wParam < VK_LEFT || message.wParam > VK_DOWN || !IsPressed(VK_CONTROL)) {
     return false;
   }
@@ -409,6 +410,7 @@ void CPageEditDlg::ShowCelMenu(const CPoint& screenPoint) {
   ::TrackPopupMenu(menu.get(), TPM_RIGHTBUTTON, screenPoint.x, screenPoint.y, 0, m_hWnd, nullptr);
 }
 
+// NOLINTNEXTLINE(readability-convert-member-functions-to-static): called as a member by the map
 void CPageEditDlg::OnToolTipText(const NMHDR& notification) {
   CKivToolCtrl::AnswerToolTip(notification);
 }

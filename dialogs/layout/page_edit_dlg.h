@@ -104,7 +104,7 @@ private:
   void ShowReadOut(const CPoint& point, const quorvel::PairOfLengths& lengths);
   void DropReadOut();
   void SelectNeighbour(WPARAM key);
-  bool MovesSelection(const MSG& message) const;
+  static bool MovesSelection(const MSG& message);
   bool OpenTextEdit();
   void ShowCelMenu(const CPoint& screenPoint);
   bool IsCommandPossible(UINT command) const;
