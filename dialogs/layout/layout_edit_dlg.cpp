@@ -261,12 +261,9 @@ void CLayoutEditDlg::OnSave() {
   }
 }
 
-// ---- The end. The first one counts: what OK has given to the caller cannot be cancelled.
+// ---- The end
 
 void CLayoutEditDlg::OnOK() {
-  if (m_bClosing) {
-    return;
-  }
   WriteSettings();
   EndTextEdit();
   UpdateData(TRUE);  // of a field that is refused the last number counts
@@ -293,9 +290,6 @@ void CLayoutEditDlg::OnOK() {
 }
 
 void CLayoutEditDlg::OnCancel() {
-  if (m_bClosing) {
-    return;
-  }
   WriteSettings();
   m_bClosing = true;
   EndDialog(IDCANCEL);

@@ -45,6 +45,7 @@ constexpr std::array kLengths{L"0", L"1", L"29.75", L"120", L"１０００/3", L
 constexpr std::array kRefused{L"", L"0", L"21", L"-1", L"1e13", L"abc"};
 constexpr std::array kKeys{VK_LEFT, VK_RIGHT, VK_UP, VK_DOWN, VK_F2, VK_APPS};
 constexpr std::array kModifiers{VK_CONTROL, VK_SHIFT};
+constexpr int kTextEdit = 200;
 constexpr std::array kTexts{L"", L"図", L"A&B", L"図面名称", L"<M>1 図番</M>",
                             L"long enough to be cut off at the edge of its cell"};
 
@@ -222,7 +223,7 @@ private:
   }
 
   void SendKey(HWND dialog) {
-    const HWND edit = ::GetDlgItem(dialog, IDC_LAYOUT_TEXT_EDIT);
+    const HWND edit = ::GetDlgItem(dialog, kTextEdit);
     if (edit != nullptr && Number(0, 1) == 0) {
       ::PostMessageW(edit, WM_KEYDOWN, Number(0, 1) == 0 ? VK_RETURN : VK_ESCAPE, 1);
     } else if (Number(0, 2) == 0) {
@@ -233,7 +234,7 @@ private:
   }
 
   void TypeIntoCell(HWND dialog) {
-    if (const HWND edit = ::GetDlgItem(dialog, IDC_LAYOUT_TEXT_EDIT); edit != nullptr) {
+    if (const HWND edit = ::GetDlgItem(dialog, kTextEdit); edit != nullptr) {
       ::SetWindowTextW(edit, OneOf(kTexts));
       ::SendMessageW(edit, EM_SETMODIFY, TRUE, 0);
     }

@@ -12,6 +12,8 @@
 namespace quorvel::test {
 namespace {
 
+constexpr int kTextEdit = 200;
+
 constexpr double kDotsPerMm = 11.811;
 constexpr int kRows = 6;
 constexpr int kCols = 5;
@@ -170,7 +172,7 @@ TEST(LayoutEditRepaint, InsertingIntoACelRepaintsThatCel) {
 TEST(LayoutEditRepaint, EditingATextRepaintsItsCel) {
   ExpectRepaintOf(kCel, [](HWND dialog) {
     ::SendMessageW(dialog, WM_COMMAND, IDM_EDIT_TEXT, 0);
-    const HWND edit = Control(dialog, IDC_LAYOUT_TEXT_EDIT);
+    const HWND edit = Control(dialog, kTextEdit);
     ::SetWindowTextW(edit, L"縮尺");
     ::SendMessageW(edit, EM_SETMODIFY, TRUE, 0);
     ::SendMessageW(dialog, WM_COMMAND, IDM_MERGE_CELLS, 0);  // ends the editing, and merges nothing
