@@ -47,7 +47,16 @@ endif
 test: native windows run-packages
 	@$(MAKE) --no-print-directory -j3 fuzz
 	@ctest --test-dir $(NATIVE) --output-on-failure
+	@$(MAKE) --no-print-directory -j3 -O windows-tests soak
+
+# On displays of their own, beside each other.
+.PHONY: windows-tests soak soak-0 soak-1
+windows-tests: windows run-packages
 	@$(SESSION) --virtual ctest --test-dir $(WINDOWS) --output-on-failure
+soak: soak-0 soak-1
+soak-0 soak-1: soak-%: windows run-packages
+	@QUORVEL_WINEPREFIX=$(abspath build)/wine-$@ GTEST_TOTAL_SHARDS=2 GTEST_SHARD_INDEX=$* \
+	  $(SESSION) --virtual wine $(WINDOWS)/bin/soak_tests.exe
 
 # Each parser against inputs that nobody thought of, for so many seconds each: `make fuzz SECONDS=7200`.
 # The seeds are made anew; inputs that found new ways stay in build/fuzz/found, a failing one in

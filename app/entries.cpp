@@ -166,7 +166,6 @@ INT_PTR __CheckListDlg(const CString* title, const CArray<CString, CString&>* it
   };
   return RunEntry(INT_PTR{-1}, body, title, items, states);
 }
-}
 
 BOOL __LayoutEditDlg(CKivSysEnv* env, CLayoutPageData* page, CStringArray* insertions,
                      CDWordArray* numbers, double dotsPerMm, int lineMode, CPoint* position) {
@@ -185,4 +184,5 @@ BOOL __LayoutExEditDlg(CKivSysEnv* env, CLayoutExPageData* page, CStringArray* f
     return dialog.DoModal() == IDOK ? TRUE : FALSE;
   };
   return RunEntry(FALSE, body, page);
+}
 }

@@ -20,6 +20,9 @@ std::vector<Row> FontDialogs(int runs);
 /// fields.
 std::vector<Row> LayoutDialogs(int runs);
 
+/// The layout editor with 20 x 20 cells: opening, painting, dragging, against bare calls.
+std::vector<Row> LayoutEditor(int runs);
+
 /// The page model at its largest: files, rectangles, changes, memory.
 std::vector<Row> PageModel(int runs);
 

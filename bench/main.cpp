@@ -17,7 +17,7 @@ int main(int argc, char** argv) {
     std::vector<Row> rows = InputDialogs(runs);
     for (const std::vector<Row>& family :
          {ColourDialogs(runs), FontDialogs(runs), LayoutDialogs(runs),
-          PageModel(runs / kRunsOfPages), ProductSize()}) {
+          LayoutEditor(runs), PageModel(runs / kRunsOfPages), ProductSize()}) {
       rows.insert(rows.end(), family.begin(), family.end());
     }
     PrintTable(rows);

@@ -17,9 +17,11 @@ std::vector<Row> CompareOpening(const std::string& name, UINT templateId, int ru
                                 const std::function<void()>& call);
 
 /// The same against another dialog of the platform, which `bare` runs for the owner that it gets.
-/// Opening may take `mostTimesBare` times as long.
+/// Opening may take `mostTimesBare` times as long, and `uncounted` milliseconds, which are taken
+/// off first.
 std::vector<Row> CompareOpening(const std::string& name, double mostTimesBare, int runs,
                                 const std::function<void()>& call,
-                                const std::function<void(HWND owner)>& bare);
+                                const std::function<void(HWND owner)>& bare,
+                                double uncounted = 0.0);
 
 }  // namespace quorvel::bench

@@ -116,7 +116,6 @@
 #define IDC_CURSOR_DRAG_ROW 202
 
 // What the layout editors have in common
-#define IDC_LAYOUT_TEXT_EDIT 200  // made when a text is edited in its cell
 #define IDC_LAYOUT_TEXT_COLOUR 2041
 #define IDC_LAYOUT_BACK_COLOUR 2042
 #define IDC_LAYOUT_TEXT_COLOUR_ARROW 2043

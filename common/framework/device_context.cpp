@@ -2,6 +2,8 @@
 
 #include "framework/code_page.h"
 
+#include <algorithm>
+
 CClientDC::CClientDC(const CWnd* window)
     : m_hWnd(window->m_hWnd), m_hDC(::GetDC(window->m_hWnd)) {}
 
@@ -50,13 +52,22 @@ OwnedBitmap BufferBitmap(const CSize& size) {
 
 }  // namespace
 
-PaintBuffer::PaintBuffer(HDC target, const CRect& area)
+HBITMAP PaintMemory::BitmapFor(const CSize& size) {
+  if (m_bitmap == nullptr || size.cx > m_size.cx || size.cy > m_size.cy) {
+    m_size = {std::max(size.cx, m_size.cx), std::max(size.cy, m_size.cy)};
+    m_bitmap.reset();  // both at once would be twice the memory
+    m_bitmap = BufferBitmap(m_size);
+  }
+  return m_bitmap.get();
+}
+
+PaintBuffer::PaintBuffer(HDC target, const CRect& area, PaintMemory* memory)
     : m_target(target),
       m_area(area),
       m_memory(target),
-      m_bitmap(BufferBitmap(area.Size())) {
+      m_bitmap((memory != nullptr ? *memory : m_ownMemory).BitmapFor(area.Size())) {
   if (m_bitmap != nullptr) {
-    m_previous = ::SelectObject(m_memory.Handle(), m_bitmap.get());
+    m_previous = ::SelectObject(m_memory.Handle(), m_bitmap);
     ::SetViewportOrgEx(m_memory.Handle(), -area.left, -area.top, nullptr);
     ::SetBrushOrgEx(m_memory.Handle(), -area.left, -area.top, nullptr);
   }

@@ -87,12 +87,25 @@ private:
   HDC m_hDC;
 };
 
+/// What one window's PaintBuffers draw into, kept from one painting to the next: a large bitmap
+/// takes long to make.
+class FRAME_API PaintMemory {
+public:
+  /// One that is large enough; null where it cannot be made.
+  HBITMAP BitmapFor(const CSize& size);
+
+private:
+  OwnedBitmap m_bitmap;
+  CSize m_size;
+};
+
 /// Paints without flicker: what is drawn into Handle() appears at once, when the object dies. Both
 /// device contexts have the same coordinates; `area` must be drawn whole. Where there is no memory
 /// for it, Handle() is the target itself.
 class FRAME_API PaintBuffer {
 public:
-  PaintBuffer(HDC target, const CRect& area);
+  /// `memory` must outlive the object, and serves one at a time; null for a bitmap of its own.
+  PaintBuffer(HDC target, const CRect& area, PaintMemory* memory = nullptr);
   ~PaintBuffer();
   PaintBuffer(const PaintBuffer&) = delete;
   PaintBuffer& operator=(const PaintBuffer&) = delete;
@@ -103,7 +116,8 @@ private:
   HDC m_target;
   CRect m_area;
   MemoryDC m_memory;
-  OwnedBitmap m_bitmap;
+  PaintMemory m_ownMemory;
+  HBITMAP m_bitmap;  ///< of one of the memories
   HGDIOBJ m_previous = nullptr;
 };
 

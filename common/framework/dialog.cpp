@@ -105,8 +105,8 @@ struct CDialog::Creation {
 };
 
 BEGIN_MESSAGE_MAP(CDialog, CWnd)
-  ON_COMMAND(IDOK, &CDialog::OnOK)
-  ON_COMMAND(IDCANCEL, &CDialog::OnCancel)
+  ON_COMMAND(IDOK, &CDialog::HandleOK)
+  ON_COMMAND(IDCANCEL, &CDialog::HandleCancel)
 END_MESSAGE_MAP()
 
 CDialog::CDialog(UINT nIDTemplate, CWnd* pParentWnd)
@@ -128,6 +128,7 @@ INT_PTR CDialog::DoModal() {
 INT_PTR CDialog::RunModal() {
   m_nModalResult = -1;
   m_bRunning = true;
+  m_bEnded = false;
   {
     ModalOwner owner(ModalOwnerWindow());
     const DestroyedAtEnd destroyed(*this, owner);
@@ -205,6 +206,9 @@ void CDialog::RunModalLoop(HWND owner) {
 }
 
 void CDialog::EndDialog(INT_PTR nResult) {
+  if (std::exchange(m_bEnded, true)) {
+    return;
+  }
   m_nModalResult = nResult;
   m_bRunning = false;
   // The loop may be waiting while a message sent from elsewhere ends the dialog.
@@ -321,6 +325,18 @@ BOOL CDialog::OnInitDialog() {
     return FALSE;
   }
   return TRUE;
+}
+
+void CDialog::HandleOK() {
+  if (!m_bEnded) {
+    OnOK();
+  }
+}
+
+void CDialog::HandleCancel() {
+  if (!m_bEnded) {
+    OnCancel();
+  }
 }
 
 void CDialog::OnOK() {

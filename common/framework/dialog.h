@@ -34,6 +34,7 @@ public:
   /// The window goes with the parent's. FALSE when it cannot be created.
   BOOL Create(UINT templateId, CWnd* parent);
 
+  /// The first end counts: OK and Cancel that come before the loop has ended are not handled.
   virtual void EndDialog(INT_PTR nResult);
 
   /// The window of this thread's innermost modal dialog; null while none runs.
@@ -72,6 +73,8 @@ private:
                                            LPARAM lParam);
   struct Creation;
 
+  void HandleOK();
+  void HandleCancel();
   bool IsPage() const;
   /// Null when it cannot be created.
   HWND CreateFromTemplate(UINT templateId, HWND parent);
@@ -85,6 +88,7 @@ private:
   CWnd* m_pParentWnd;
   INT_PTR m_nModalResult = -1;
   bool m_bRunning = false;
+  bool m_bEnded = false;
   bool m_bPlaced = false;
   CDialog* m_pOuterModal = nullptr;  ///< the modal dialog of this thread that was innermost before
   std::exception_ptr m_exception;

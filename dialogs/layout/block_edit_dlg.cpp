@@ -17,7 +17,7 @@ bool IsModified(HWND edit) { return ::SendMessageW(edit, EM_GETMODIFY, 0, 0) != 
 BEGIN_MESSAGE_MAP(CBlockEditDlg, CPageEditDlg)
   ON_EN_CHANGE(IDC_LAYOUT_TEXT_LINE, &CBlockEditDlg::OnLineChanged)
   ON_EN_KILLFOCUS(IDC_LAYOUT_TEXT_LINE, &CBlockEditDlg::OnLineLeft)
-  ON_EN_CHANGE(IDC_LAYOUT_TEXT_EDIT, &CBlockEditDlg::OnTextEditChanged)
+  ON_EN_CHANGE(kCelTextEditId, &CBlockEditDlg::OnTextEditChanged)
   ON_COMMAND(IDM_INSERT_COLUMN, &CBlockEditDlg::OnInsertColumn)
   ON_COMMAND(IDM_DELETE_COLUMN, &CBlockEditDlg::OnDeleteColumn)
   ON_COMMAND(IDM_EQUAL_COLUMNS, &CBlockEditDlg::OnEqualColumns)

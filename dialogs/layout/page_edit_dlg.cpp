@@ -11,6 +11,7 @@
 #include <array>
 #include <cstdio>
 #include <type_traits>
+#include <utility>
 
 using quorvel::CelList;
 using quorvel::PairOfLengths;
@@ -35,9 +36,9 @@ HCURSOR LoadDragCursor(int id) {
 
 CString ReadOutText(const char* format, const PairOfLengths& lengths) {
   constexpr int kLongest = 700;  // two doubles with all their digits
-  char text[kLongest] = "";
-  std::snprintf(text, sizeof text, format, lengths.first, lengths.second);
-  return CString(text);
+  std::array<char, kLongest> text{};
+  std::snprintf(text.data(), text.size(), format, lengths.first, lengths.second);
+  return {text.data()};
 }
 
 bool IsPressed(int key) { return ::GetKeyState(key) < 0; }
@@ -67,6 +68,8 @@ BEGIN_MESSAGE_MAP(CPageEditDlg, CKivDialog)
   ON_BN_CLICKED(IDC_LAYOUT_TEXT_COLOUR_ARROW, &CPageEditDlg::OnChooseTextColor)
   ON_BN_CLICKED(IDC_LAYOUT_BACK_COLOUR_ARROW, &CPageEditDlg::OnChooseBackColor)
   ON_CBN_SELCHANGE(IDC_LAYOUT_INSERTION, &CPageEditDlg::OnInsertion)
+  ON_CONTROL(CBN_SELENDOK, IDC_LAYOUT_INSERTION, &CPageEditDlg::OnInsertionTaken)
+  ON_CONTROL(CBN_CLOSEUP, IDC_LAYOUT_INSERTION, &CPageEditDlg::OnInsertionClosed)
   ON_COMMAND(IDM_OPEN_LAYOUT, &CPageEditDlg::OnOpen)
   ON_COMMAND(IDM_SAVE_LAYOUT, &CPageEditDlg::OnSave)
 END_MESSAGE_MAP()
@@ -352,7 +355,8 @@ BOOL CPageEditDlg::PreTranslateMessage(MSG* message) {
 
 /// Ctrl and an arrow key, unless they lead through the text of a field or open a list.
 bool CPageEditDlg::MovesSelection(const MSG& message) const {
-  if (m_pView == nullptr || message.wParam < VK_LEFT || message.wParam > VK_DOWN || !IsPressed(VK_CONTROL)) {
+  if (m_pView == nullptr || message.wParam < VK_LEFT || message.wParam > VK_DOWN ||
+      !IsPressed(VK_CONTROL)) {
     return false;
   }
   const LRESULT code = ::SendMessageW(message.hwnd, WM_GETDLGCODE, 0, 0);
@@ -458,6 +462,7 @@ void CPageEditDlg::ShowCelMenu(const CPoint& screenPoint) {
   ::TrackPopupMenu(menu.get(), TPM_RIGHTBUTTON, screenPoint.x, screenPoint.y, 0, m_hWnd, nullptr);
 }
 
+// NOLINTNEXTLINE(readability-convert-member-functions-to-static): called as a member by the map
 void CPageEditDlg::OnToolTipText(const NMHDR& notification) {
   CKivToolCtrl::AnswerToolTip(notification);
 }
@@ -476,7 +481,7 @@ bool CPageEditDlg::OpenTextEdit() {
   m_pTextEdit = std::make_unique<CKivKeyCtrlEdit>();
   const CRect place = m_pView->ToDialog(*rect).Grown(-kTextEditEdge, -kTextEditEdge);
   if (m_pTextEdit->Create(WS_CHILD | WS_VISIBLE | WS_BORDER | ES_WANTRETURN | ES_AUTOHSCROLL, place,
-                          this, IDC_LAYOUT_TEXT_EDIT,
+                          this, kCelTextEditId,
                           KIVKEY_ENTER | KIVKEY_ESCAPE | KIVKEY_ARROWS) == FALSE) {
     m_pTextEdit.reset();
     return false;
@@ -605,7 +610,22 @@ void CPageEditDlg::FillInsertions() {
   m_cmbInsertion.SetCurSel(0);
 }
 
+/// The arrow keys lead through an open list: only what it closes with is a choice.
 void CPageEditDlg::OnInsertion() {
+  if (::SendMessageW(m_cmbInsertion.m_hWnd, CB_GETDROPPEDSTATE, 0, 0) == 0) {
+    Insert();
+  }
+}
+
+void CPageEditDlg::OnInsertionTaken() { m_bInsertionTaken = true; }
+
+void CPageEditDlg::OnInsertionClosed() {
+  if (std::exchange(m_bInsertionTaken, false)) {
+    Insert();
+  }
+}
+
+void CPageEditDlg::Insert() {
   const int choice = m_cmbInsertion.GetCurSel();
   if (choice < 1 || !HasInsertions() || !HasSelection()) {
     return;

@@ -19,6 +19,9 @@
 #include <optional>
 #include <string>
 
+/// The field that is made when a text is edited in its cell.
+inline constexpr UINT kCelTextEditId = 200;
+
 /// What a caller gives to each layout editor. All of it stays the caller's, and all pointers may be
 /// null.
 struct PageEditHost {
@@ -136,6 +139,8 @@ protected:
   void OnChooseTextColor();
   void OnChooseBackColor();
   void OnInsertion();
+  void OnInsertionTaken();
+  void OnInsertionClosed();
   void OnOpen();
   void OnSave();
 
@@ -161,6 +166,7 @@ private:
   std::optional<std::wstring> AskForFile(BOOL open);
   void PickColor(int arrowId, CKivColorButton& button, CelCommand apply);
   void FillInsertions();
+  void Insert();
 
   const quorvel::EditorSettings& m_settings;
   PageEditHost m_host;
@@ -184,6 +190,8 @@ private:
   CKivColorButton m_btnTextColor;
   CKivColorButton m_btnBackColor;
   CComboBox m_cmbInsertion;
+  bool m_bInsertionTaken = false;  ///< the open list closes with a choice
+  int m_nAppend = 1;  ///< a tag goes behind the text of a cell instead of replacing it
   int m_nAppend;  ///< a tag goes behind the text of a cell instead of replacing it
   bool m_bClosing = false;
   bool m_bRefused = false;  ///< the last field that was left

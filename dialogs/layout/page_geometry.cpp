@@ -66,7 +66,8 @@ FittedPage PlacePage(const CRect& control, const SizeInMm& page, const DotsPerIn
 std::optional<BorderDrag> FindBorder(std::span<const CRect> table, int rows, int cols,
                                      const CPoint& point) {
   const auto at = [&](int row, int col) -> const CRect& {
-    return table[static_cast<std::size_t>(row * cols + col)];
+    return table[static_cast<std::size_t>(row) * static_cast<std::size_t>(cols) +
+                 static_cast<std::size_t>(col)];
   };
   for (int row = 0; row < rows - 1; ++row) {
     const CRect& rect = at(row, 0);

@@ -33,8 +33,8 @@ CSize NaturalSize(const SizeInMm& page, const DotsPerInch& dots);
 int ScaledPixels(double millimetres, double scale, double dotsPerInch);
 
 struct FittedPage {
-  CRect area;    ///< the page's pixels
-  double scale;  ///< of the natural size
+  CRect area;          ///< the page's pixels
+  double scale = 1.0;  ///< of the natural size
 };
 /// As large as it fits into a control one pixel from its edges, in the middle of what is left.
 FittedPage FitPage(const CRect& control, const SizeInMm& page, const DotsPerInch& dots);

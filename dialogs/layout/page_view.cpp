@@ -2,6 +2,9 @@
 
 #include "framework/device_context.h"
 
+#include <memory>
+#include <type_traits>
+
 using quorvel::PairOfLengths;
 
 namespace {
@@ -11,6 +14,11 @@ constexpr COLORREF kPaper = RGB(0xFF, 0xFF, 0xFF);
 constexpr COLORREF kGuideColor = RGB(0, 0, 0);
 /// A cell's lines reach this far out of its rectangle.
 constexpr int kLineReach = 1;
+
+struct RegionDeleter {
+  void operator()(HRGN region) const { ::DeleteObject(region); }
+};
+using OwnedRegion = std::unique_ptr<std::remove_pointer_t<HRGN>, RegionDeleter>;
 
 bool Overlap(const CRect& one, const CRect& other) {
   return one.left < other.right && other.left < one.right && one.top < other.bottom &&
@@ -54,11 +62,17 @@ void CPageView::Place(const quorvel::FittedPage& page) {
 }
 
 void CPageView::InvalidateCels(const quorvel::CelList& cels) const {
+  // Told cell by cell, the platform would need as long as for painting them.
+  const OwnedRegion changed(::CreateRectRgn(0, 0, 0, 0));
+  const OwnedRegion next(::CreateRectRgn(0, 0, 0, 0));
   for (const int index : cels) {
     if (const std::optional<CRect> rect = RectOf(index)) {
-      InvalidateRect(rect->Grown(kLineReach, kLineReach));
+      const CRect reach = rect->Grown(kLineReach, kLineReach);
+      ::SetRectRgn(next.get(), reach.left, reach.top, reach.right, reach.bottom);
+      ::CombineRgn(changed.get(), changed.get(), next.get(), RGN_OR);
     }
   }
+  ::InvalidateRgn(m_hWnd, changed.get(), TRUE);
 }
 
 CPoint CPageView::FromDialog(const CPoint& point) const {
@@ -134,11 +148,12 @@ void CPageView::OnPaint() {
   if (m_table.empty()) {
     return;
   }
-  const quorvel::PaintBuffer buffer(paint.Handle(), paint.Area());
+  const quorvel::PaintBuffer buffer(paint.Handle(), paint.Area(), &m_memory);
   Paint(buffer.Handle(), paint.Area());
 }
 
 /// The painting covers all.
+// NOLINTNEXTLINE(readability-convert-member-functions-to-static): called as a member by the map
 LRESULT CPageView::OnEraseBackground(WPARAM /*wParam*/, LPARAM /*lParam*/) { return TRUE; }
 
 void CPageView::Paint(HDC deviceContext, const CRect& part) const {
@@ -156,12 +171,16 @@ void CPageView::Paint(HDC deviceContext, const CRect& part) const {
 }
 
 void CPageView::PaintCels(quorvel::CelPainter& painter, const CRect& part, int kind) const {
-  const bool hidesEdited = m_style == quorvel::CelStyle::kRuled;
+  const bool ruled = m_style == quorvel::CelStyle::kRuled;
   const int count = m_block.Rows() * m_block.Cols();
   for (int index = 0; index < count; ++index) {
     const CLayoutCelData* const cel = m_block.CelAt(index);
-    if (cel == nullptr || (kind == quorvel::kSelectedCel && cel->GetSelected() == 0) ||
-        (hidesEdited && index == m_nEditedCel)) {
+    if (cel == nullptr || (ruled && index == m_nEditedCel)) {
+      continue;
+    }
+    // Of a framed cell nothing shows below its selected look; ruled ones have dotted lines.
+    const bool selected = cel->GetSelected() != 0;
+    if (kind == quorvel::kSelectedCel ? !selected : selected && !ruled) {
       continue;
     }
     const std::optional<CRect> rect = RectOf(index);

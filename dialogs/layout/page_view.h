@@ -10,6 +10,7 @@
 #include "dialogs/layout/cel_painter.h"
 #include "dialogs/layout/page_geometry.h"
 #include "framework/controls.h"
+#include "framework/device_context.h"
 
 #include <optional>
 #include <vector>
@@ -85,4 +86,5 @@ private:
   std::optional<quorvel::BorderDrag> m_border;
   int m_nEditedCel = -1;
   bool m_bFixedTextHeight = false;
+  quorvel::PaintMemory m_memory;
 };

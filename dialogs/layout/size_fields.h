@@ -22,11 +22,14 @@ inline bool IsSameLength(double one, double other) {
 
 }  // namespace quorvel
 
-/// A whole number from 1 to `most`.
+/// A whole number from 1 to `most`. A page may have more rows than can be made here: they are not
+/// refused as long as they stay.
 inline void DDX_Count(CDataExchange* pDX, int id, int& count, int most) {
   int read = count;
   DDX_CalcText(pDX, id, read);
-  DDV_MinMaxInt(pDX, read, 1, most);
+  if (read != count) {
+    DDV_MinMaxInt(pDX, read, 1, most);
+  }
   count = read;
 }
 

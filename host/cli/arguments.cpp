@@ -37,6 +37,29 @@ std::optional<NUMBER> ReadNumber(std::string_view text) {
   return number;
 }
 
+/// "3x4" as 3 and 4; nothing if it is no two whole numbers.
+std::optional<std::vector<int>> ReadCounts(std::string_view text) {
+  const std::size_t cross = text.find('x');
+  if (cross == std::string_view::npos) {
+    return std::nullopt;
+  }
+  const std::optional<int> first = ReadNumber<int>(text.substr(0, cross));
+  const std::optional<int> second = ReadNumber<int>(text.substr(cross + 1));
+  if (!first || !second) {
+    return std::nullopt;
+  }
+  return std::vector<int>{*first, *second};
+}
+
+std::vector<int> ReadCountsOf(const Option& option, std::string_view text) {
+  std::optional<std::vector<int>> counts = ReadCounts(text);
+  if (!counts) {
+    throw UsageError(Dashed(option.name) + " needs counts as " + std::string(option.valueName) +
+                     ", not " + JsonQuoted(text));
+  }
+  return *std::move(counts);
+}
+
 std::string ExpectedNumbers(const Option& option) {
   const std::string noun = option.kind == OptionKind::kWholeNumbers ? "whole number" : "number";
   if (option.mostValues == 1) {
@@ -95,6 +118,8 @@ OptionValue ReadValue(const Option& option, std::string_view text) {
       return ReadNumbers<double>(option, text);
     case OptionKind::kColour:
       return ReadColourOf(option, text);
+    case OptionKind::kCounts:
+      return ReadCountsOf(option, text);
     case OptionKind::kFlag:
       break;
   }
@@ -121,10 +146,33 @@ const Option& FindOption(std::span<const Option> table, std::string_view name) {
     return kHelpOption;
   }
   const auto found = std::ranges::find(table, name, &Option::name);
-  if (found == table.end()) {
+  if (found == table.end() || found->isOperand) {
     throw UsageError("unknown option " + JsonQuoted(Dashed(name)));
   }
   return *found;
+}
+
+/// Takes an argument that is no option as the next operand.
+void AddOperand(std::span<const Option> table, const std::string& argument, ParsedOptions& parsed) {
+  const auto next = std::ranges::find_if(table, [&parsed](const Option& option) {
+    return option.isOperand && !parsed.Has(option.name);
+  });
+  // An option with a single dash would be a file of that name otherwise.
+  if (next == table.end() || argument.starts_with('-')) {
+    throw UsageError("unexpected argument " + JsonQuoted(argument));
+  }
+  if (argument.empty()) {
+    throw UsageError(std::string(next->valueName) + " must not be empty");
+  }
+  parsed.Add(next->name, argument);
+}
+
+void RequireOperands(std::span<const Option> table, const ParsedOptions& parsed) {
+  for (const Option& option : table) {
+    if (option.isOperand && !parsed.Has(option.name)) {
+      throw UsageError(std::string(option.valueName) + " is missing");
+    }
+  }
 }
 
 void AddDefaults(std::span<const Option> table, ParsedOptions& parsed) {
@@ -138,6 +186,9 @@ void AddDefaults(std::span<const Option> table, ParsedOptions& parsed) {
 }
 
 std::string OptionUsage(const Option& option) {
+  if (option.isOperand) {
+    return std::string(option.valueName);
+  }
   std::string usage = Dashed(option.name);
   if (!option.valueName.empty()) {
     usage += ' ';
@@ -199,7 +250,8 @@ ParsedOptions ParseOptions(std::span<const Option> table, std::span<const std::s
   ParsedOptions parsed;
   for (std::size_t i = 0; i < arguments.size(); ++i) {
     if (!arguments[i].starts_with("--")) {
-      throw UsageError("unexpected argument " + JsonQuoted(arguments[i]));
+      AddOperand(table, arguments[i], parsed);
+      continue;
     }
     auto [name, value] = Split(arguments[i]);
     const Option& option = FindOption(table, name);
@@ -221,6 +273,7 @@ ParsedOptions ParseOptions(std::span<const Option> table, std::span<const std::s
     }
     parsed.Add(name, ReadValue(option, value.value_or("")));
   }
+  RequireOperands(table, parsed);
   AddDefaults(table, parsed);
   return parsed;
 }
@@ -235,6 +288,17 @@ std::string OptionHelp(std::span<const Option> table) {
     help += HelpLine(OptionUsage(option), width, OptionRemark(option));
   }
   return help + HelpLine(OptionUsage(kHelpOption), width, OptionRemark(kHelpOption));
+}
+
+std::string UsageOf(std::span<const Option> table) {
+  std::string usage;
+  for (const Option& option : table) {
+    if (option.isOperand) {
+      usage += option.valueName;
+      usage += ' ';
+    }
+  }
+  return usage + "[OPTION]...";
 }
 
 std::string HelpLine(std::string_view left, std::size_t width, std::string_view right) {

@@ -29,6 +29,7 @@ enum class OptionKind {
   kWholeNumbers,  // ints, separated by commas
   kNumbers,       // finite doubles, separated by commas
   kColour,        // one colour, as #RRGGBB
+  kCounts,        // two whole numbers, with an x between them
 };
 
 /// One row of an option table.
@@ -43,6 +44,8 @@ struct Option {
   /// that is not repeatable always has a value, if only the empty text.
   std::string_view defaultValue = {};
   bool isRepeatable = false;
+  /// A text that stands by itself, without the name, and must be there.
+  bool isOperand = false;
 };
 
 /// The value of one given option; which alternative is held follows from the option's kind.
@@ -84,14 +87,19 @@ private:
 };
 
 /// Parses "--name VALUE", "--name=VALUE" and flags in any order. The argument after a name is its
-/// value whatever it looks like, so any text can be given. "--help" is known in every table and
-/// ends the parsing. Throws UsageError on anything else: an unknown option, an argument that is no
-/// option, a missing or unexpected value, a bad number or colour, a second value for an option that
-/// is not repeatable.
+/// value whatever it looks like, so any text can be given. Arguments that do not begin with a dash
+/// are the table's operands, in their order. "--help" is known in every table and ends the parsing.
+/// Throws UsageError on anything else: an unknown option, an argument that is no option and no
+/// operand, a missing or empty operand, a missing or unexpected value, a bad number or colour, a
+/// second value for an option that is not repeatable.
 ParsedOptions ParseOptions(std::span<const Option> table, std::span<const std::string> arguments);
 
-/// One indented line for each option of the table and one for --help, each with its line end.
+/// One indented line for each option of the table and one for --help, each with its line end;
+/// operands are called as their values.
 std::string OptionHelp(std::span<const Option> table);
+
+/// The table's operands and "[OPTION]...", as they follow a subcommand.
+std::string UsageOf(std::span<const Option> table);
 
 /// Two columns of text: `left` indented by two blanks and padded to `width`, then `right`.
 std::string HelpLine(std::string_view left, std::size_t width, std::string_view right);

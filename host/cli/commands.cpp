@@ -16,12 +16,6 @@ constexpr Option kTitle = {
     .name = "title", .kind = kText, .valueName = "TEXT", .help = "title of the dialog"};
 constexpr Option kComment = {
     .name = "comment", .kind = kText, .valueName = "TEXT", .help = "explanation above the field"};
-constexpr Option kPosition = {.name = "position",
-                              .kind = kWholeNumbers,
-                              .valueName = "X,Y",
-                              .help = "top-left corner on the screen, in pixels",
-                              .fewestValues = 2,
-                              .mostValues = 2};
 
 constexpr std::array kInputTextOptions = {
     kTitle, kComment,
@@ -107,36 +101,28 @@ constexpr std::array kSelectRgbOptions = {kColor};
 
 constexpr std::string_view kColorAnswer = R"json({"result":"confirmed","color":"#3366FF"})json";
 
-std::optional<ScreenPosition> Position(const ParsedOptions& options) {
-  if (!options.Has(kPosition.name)) {
-    return std::nullopt;
-  }
-  const std::vector<int>& position = options.WholeNumbers(kPosition.name);
-  return ScreenPosition{.x = position[0], .y = position[1]};
-}
-
 Request BuildInputText(const ParsedOptions& options) {
   return InputTextRequest{.title = options.Text("title"),
                           .comment = options.Text("comment"),
                           .text = options.Text("text"),
-                          .position = Position(options)};
+                          .position = PositionOf(options)};
 }
 
 Request BuildInputScale(const ParsedOptions& options) {
   return InputScaleRequest{.title = options.Text("title"),
                            .comment = options.Text("comment"),
                            .scale = options.Number("scale"),
-                           .position = Position(options)};
+                           .position = PositionOf(options)};
 }
 
 Request BuildInputDpi(const ParsedOptions& options) {
-  return InputDpiRequest{.dpi = options.WholeNumber("dpi"), .position = Position(options)};
+  return InputDpiRequest{.dpi = options.WholeNumber("dpi"), .position = PositionOf(options)};
 }
 
 Request BuildInputPoint(const ParsedOptions& options) {
   return InputPointRequest{.point = options.Numbers("point"),
                            .allowsMousePick = options.Has("mouse-pick"),
-                           .position = Position(options)};
+                           .position = PositionOf(options)};
 }
 
 Request BuildUserPaper(const ParsedOptions& options) {
@@ -159,7 +145,7 @@ Request BuildCheckList(const ParsedOptions& options) {
 ColorArguments BuildColorArguments(const ParsedOptions& options) {
   return {.color = options.ColourValue(kColor.name),
           .key = options.Text(kKey.name),
-          .position = Position(options)};
+          .position = PositionOf(options)};
 }
 
 Request BuildSelectColor(const ParsedOptions& options) {
@@ -184,6 +170,10 @@ Request BuildSelectFont(const ParsedOptions& options) {
 
 Request BuildSelectFontEx(const ParsedOptions& options) {
   return ReadSelectFontEx(options);
+}
+
+Request BuildEditLayout(const ParsedOptions& options) {
+  return ReadEditLayout(options);
 }
 
 constexpr std::array kCommands = {
@@ -250,6 +240,11 @@ constexpr std::array kCommands = {
             .answer = kSelectFontExAnswer,
             .options = kSelectFontExOptions,
             .build = BuildSelectFontEx},
+    Command{.name = "edit-layout",
+            .summary = "lay out a page of cells and write it to its file",
+            .answer = kEditLayoutAnswer,
+            .options = kEditLayoutOptions,
+            .build = BuildEditLayout},
 };
 
 constexpr std::string_view kUsage = "usage: quorvel SUBCOMMAND [OPTION]...";
@@ -257,7 +252,9 @@ constexpr std::string_view kUsage = "usage: quorvel SUBCOMMAND [OPTION]...";
 std::string CommandHelp(const Command& command) {
   std::string help = "usage: quorvel ";
   help += command.name;
-  help += " [OPTION]...\n\nOpen a dialog to ";
+  help += ' ';
+  help += UsageOf(command.options);
+  help += "\n\nOpen a dialog to ";
   help += command.summary;
   help += ".\n\nOptions:\n";
   help += OptionHelp(command.options);
@@ -282,7 +279,7 @@ std::string GeneralHelp() {
   help += HelpLine("--version", kNameWidth, "print the version");
   help +=
       "\nAn option's value follows it as --name VALUE or --name=VALUE. Texts may hold any\n"
-      "character of code page 932.\n"
+      "character of code page 932, names of files any at all.\n"
       "\nExit status: 0 confirmed, 1 cancelled, 2 mouse pick or clear-all, 64 bad usage,\n"
       "70 failed.\n";
   return help;

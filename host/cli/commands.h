@@ -10,7 +10,9 @@
 
 #include "cli/arguments.h"
 #include "cli/font_commands.h"
+#include "cli/layout_commands.h"
 #include "cli/outcome.h"
+#include "cli/position.h"
 
 #include <optional>
 #include <span>
@@ -23,12 +25,6 @@ namespace quorvel::cli {
 
 /// The product's version, as the build names it.
 inline constexpr std::string_view kVersion = QUORVEL_VERSION;
-
-/// A point of the screen in pixels.
-struct ScreenPosition {
-  int x = 0;
-  int y = 0;
-};
 
 struct InputTextRequest {
   std::string title;
@@ -98,7 +94,8 @@ struct SelectRgbRequest {
 using Request = std::variant<InputTextRequest, InputScaleRequest, InputDpiRequest,
                              InputPointRequest, UserPaperRequest, CheckListRequest,
                              SelectColorRequest, SelectColorExRequest, EditColorRequest,
-                             SelectRgbRequest, SelectFontRequest, SelectFontExRequest>;
+                             SelectRgbRequest, SelectFontRequest, SelectFontExRequest,
+                             EditLayoutRequest>;
 
 /// One row of the table of subcommands.
 struct Command {

@@ -335,6 +335,56 @@ Outcome Run(const SelectFontExRequest& request) {
   return outcome;
 }
 
+/// The page that is to be edited. Throws std::runtime_error when it cannot be had.
+void PreparePage(CLayoutPageData& page, const EditLayoutRequest& request) {
+  const std::wstring path = WideFromBytes(CP_UTF8, request.file);
+  const bool isThere = ::GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+  if (request.newPage) {
+    if (isThere) {
+      throw std::runtime_error(JsonQuoted(request.file) +
+                               " is there already, --new replaces no file");
+    }
+    page.DividePage(static_cast<BYTE>(request.newPage->rows),
+                    static_cast<BYTE>(request.newPage->columns), request.dotsPerMm);
+  } else if (page.OpenFileW(path.c_str()) == 0) {
+    throw std::runtime_error(JsonQuoted(request.file) +
+                             (isThere ? " cannot be read as a layout file"
+                                      : " is not there, --new begins a new page"));
+  }
+}
+
+Outcome Run(const EditLayoutRequest& request) {
+  CLayoutPageData page;
+  PreparePage(page, request);
+  CStringArray insertions;
+  for (const std::string& name : request.insertions) {
+    insertions.Add(HostText(name));
+  }
+  CDWordArray numbers;
+  for (const int number : request.numbers) {
+    numbers.Add(static_cast<DWORD>(number));
+  }
+  std::optional<CKivSysEnv> env;
+  if (!request.key.empty()) {
+    env.emplace(HostText(request.key));
+  }
+  PositionArgument position(request.position);
+  if (__LayoutEditDlg(env ? &*env : nullptr, &page, &insertions, &numbers, request.dotsPerMm,
+                      request.isLineMode ? 1 : 0, position.Pointer()) == FALSE) {
+    return Cancelled();
+  }
+  if (page.SaveFileW(WideFromBytes(CP_UTF8, request.outFile).c_str()) == 0) {
+    throw std::runtime_error(JsonQuoted(request.outFile) + " cannot be written");
+  }
+  Outcome outcome = Confirmed();
+  outcome.answer.AddInteger("rows", page.GetNumRow())
+      .AddInteger("columns", page.GetNumCol())
+      .AddNumber("width", page.GetAllLengthCol())
+      .AddNumber("height", page.GetAllLengthRow())
+      .AddText("file", request.outFile);
+  return outcome;
+}
+
 /// False when the stream does not take the text.
 bool Print(std::FILE* stream, std::string_view text) {
   return std::fwrite(text.data(), 1, text.size(), stream) == text.size() &&

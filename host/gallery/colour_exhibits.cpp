@@ -1,6 +1,7 @@
 #include "gallery/colour_exhibits.h"
 
 #include "driver/controls.h"
+#include "gallery/environment.h"
 #include "gallery/exhibit_work.h"
 #include "gallery/value_text.h"
 
@@ -68,38 +69,12 @@ constexpr int kHsbBelowRgb = 2;
 constexpr int kPaletteColumns = 6;
 constexpr SIZE kPaletteItem{24, 16};
 
-// Where the user of the gallery keeps made colours, and the tour those of its own.
-constexpr const char* kUsersKey = "Software\\Quorvel\\Gallery";
-constexpr const char* kTourKey = "Software\\QuorvelGalleryTour";
-
 /// The colour in hand with the environment of its dialog.
-class ColorInHand {
-public:
+struct ColorInHand {
   explicit ColorInHand(COLORREF color) : color(color) {}
-  ~ColorInHand() {
-    if (m_isOnTour) {
-      ForgetTour();
-    }
-  }
-  ColorInHand(const ColorInHand&) = delete;
-  ColorInHand& operator=(const ColorInHand&) = delete;
-
-  /// From now on the tour's environment, with no colour made so far.
-  void BeginTour() {
-    m_isOnTour = true;
-    env = CKivSysEnv(kTourKey);
-    ForgetTour();
-  }
 
   COLORREF color;
-  CKivSysEnv env{kUsersKey};
-
-private:
-  static void ForgetTour() {
-    ::RegDeleteTreeW(HKEY_CURRENT_USER, Wide(CString(kTourKey)).c_str());
-  }
-
-  bool m_isOnTour = false;
+  Environment environment;
 };
 
 using Hand = std::shared_ptr<ColorInHand>;
@@ -108,7 +83,7 @@ using Work = std::function<void(HWND dialog, ModalScript& script)>;
 /// The first stop of an exhibit that keeps colours begins with none.
 std::function<void()> BeginWith(const Hand& hand, COLORREF color) {
   return [hand, color] {
-    hand->BeginTour();
+    hand->environment.BeginTour();
     hand->color = color;
   };
 }
@@ -398,14 +373,15 @@ Exhibit SelectColorExhibit() {
   const auto hand = std::make_shared<ColorInHand>(RGB(255, 128, 64));
   return ColorExhibit(
       "select-color", L"__SelColorDlg", L"色選択(&B)", hand,
-      [hand] { return __SelColorDlg(&hand->env, &hand->color, nullptr); }, SelectColorTour(hand));
+      [hand] { return __SelColorDlg(hand->environment.Get(), &hand->color, nullptr); },
+      SelectColorTour(hand));
 }
 
 Exhibit SelectColorExExhibit() {
   const auto hand = std::make_shared<ColorInHand>(RGB(128, 128, 255));
   return ColorExhibit(
       "select-color-ex", L"__SelColorDlgEx", L"色選択 3 ページ(&E)", hand,
-      [hand] { return __SelColorDlgEx(&hand->env, &hand->color, nullptr); },
+      [hand] { return __SelColorDlgEx(hand->environment.Get(), &hand->color, nullptr); },
       SelectColorExTour(hand));
 }
 
@@ -413,7 +389,8 @@ Exhibit EditColorExhibit() {
   const auto hand = std::make_shared<ColorInHand>(RGB(51, 102, 255));
   return ColorExhibit(
       "edit-color", L"__EditColorDlg", L"色編集(&H)", hand,
-      [hand] { return __EditColorDlg(&hand->env, &hand->color, nullptr); }, EditColorTour(hand));
+      [hand] { return __EditColorDlg(hand->environment.Get(), &hand->color, nullptr); },
+      EditColorTour(hand));
 }
 
 Exhibit SelectRgbExhibit() {

@@ -35,6 +35,8 @@ struct Scene {
   std::function<void(HWND dialog)> show;
   /// The picture's name, without ".png"; empty for a step on the way to another scene.
   std::string picture = {};
+  /// Whether what is to be pictured is in sight; empty where the dialog itself tells.
+  std::function<bool()> isInSight = {};
 };
 
 /// One visit of the tour: a dialog that is opened, worked and compared with what must come of it.
@@ -61,10 +63,12 @@ struct Exhibit {
   std::wstring entry;
   /// The button's text with its access key.
   std::wstring label;
-  /// The value in hand. Different values have different texts.
+  /// The value in hand. Different values have different texts, but for what the preview shows.
   std::function<std::wstring()> value;
   /// The colour in hand, shown beside the value; empty where the value is no colour.
   std::function<COLORREF()> color = {};
+  /// Draws the value in hand into a rectangle beside its text; empty where the text says it all.
+  std::function<void(HDC deviceContext, const RECT& area)> preview = {};
   /// Opens the dialog with the value in hand, which changes as the entry says.
   std::function<Outcome(const RunOptions&)> run;
   std::vector<TourStop> tour;

@@ -1,4 +1,5 @@
 #include "gallery/colour_exhibits.h"
+#include "gallery/editor_exhibits.h"
 #include "gallery/exhibit.h"
 #include "gallery/font_exhibits.h"
 #include "gallery/input_exhibits.h"
@@ -13,7 +14,7 @@ std::vector<Exhibit> AllExhibits() {
       CheckListExhibit(),     SelectColorExhibit(),   SelectColorExExhibit(),
       EditColorExhibit(),     SelectRgbExhibit(),     SelFontExhibit(),
       SelFontExExhibit(),     RuledLinesExhibit(),    FieldExhibit(),
-      CelSizeExhibit(),
+      CelSizeExhibit(),       LayoutExhibit(),        LayoutLinesExhibit(),
   };
 }
 

@@ -19,8 +19,12 @@ constexpr int kLogId = 102;
 constexpr int kFirstButtonId = 1000;
 /// The first exhibit's value; the others follow.
 constexpr int kFirstValueId = 2000;
-/// That of the first exhibit, if its value is a colour; the others follow.
-constexpr int kFirstSwatchId = 3000;
+/// That of the first exhibit, if its value has one; the others follow.
+constexpr int kFirstPictureId = 3000;
+// In lines of text.
+constexpr int kRowLines = 2;
+constexpr int kPreviewLines = 5;
+constexpr int kPreviewColumns = 20;
 
 /// The screen's device context with a control's font in it.
 class TextMeasure {
@@ -152,9 +156,14 @@ bool GalleryWindow::OnCommand(int id, int notification) {
 }
 
 bool GalleryWindow::OnDrawItem(const DRAWITEMSTRUCT& item) const {
-  const std::size_t index = item.CtlID - kFirstSwatchId;
+  const std::size_t index = item.CtlID - kFirstPictureId;
   if (index >= m_exhibits.size()) {
     return false;
+  }
+  if (m_exhibits[index].preview) {
+    FillRect(item.hDC, &item.rcItem, GetSysColorBrush(COLOR_BTNFACE));
+    m_exhibits[index].preview(item.hDC, item.rcItem);
+    return true;
   }
   SetDCBrushColor(item.hDC, m_exhibits[index].color());
   FillRect(item.hDC, &item.rcItem, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
@@ -166,13 +175,14 @@ void GalleryWindow::CreateControls() {
   for (std::size_t index = 0; index < m_exhibits.size(); ++index) {
     const int offset = static_cast<int>(index);
     const Exhibit& exhibit = m_exhibits[index];
+    const DWORD valueStyle = exhibit.preview ? SS_LEFT : SS_CENTERIMAGE | SS_ENDELLIPSIS;
     m_rows.push_back({
         CreateControl(L"BUTTON", exhibit.label, BS_PUSHBUTTON | WS_TABSTOP,
                       kFirstButtonId + offset),
-        CreateControl(L"STATIC", exhibit.value(), SS_NOPREFIX | SS_CENTERIMAGE | SS_ENDELLIPSIS,
-                      kFirstValueId + offset),
-        exhibit.color ? CreateControl(L"STATIC", L"", SS_OWNERDRAW, kFirstSwatchId + offset)
-                      : nullptr,
+        CreateControl(L"STATIC", exhibit.value(), SS_NOPREFIX | valueStyle, kFirstValueId + offset),
+        PictureWidth(exhibit) > 0
+            ? CreateControl(L"STATIC", L"", SS_OWNERDRAW, kFirstPictureId + offset)
+            : nullptr,
     });
   }
   m_mousePick =
@@ -207,18 +217,24 @@ void GalleryWindow::LayOut() {
   RECT client{};
   GetClientRect(Handle(), &client);
   const int gap = m_lineHeight / 2;
-  const int rowHeight = 2 * m_lineHeight;
+  const int rowHeight = kRowLines * m_lineHeight;
   const int width = std::max(0, static_cast<int>(client.right) - 2 * gap);
   int top = gap;
-  for (const Row& row : m_rows) {
-    MoveWindow(row.button, gap, top, m_buttonWidth, rowHeight, TRUE);
+  for (std::size_t index = 0; index < m_rows.size(); ++index) {
+    const Row& row = m_rows[index];
+    const Exhibit& exhibit = m_exhibits[index];
+    const int height = HeightOfRow(exhibit);
+    MoveWindow(row.button, gap, top + (height - rowHeight) / 2, m_buttonWidth, rowHeight, TRUE);
     int left = 2 * gap + m_buttonWidth;
-    if (row.swatch != nullptr) {
-      MoveWindow(row.swatch, left, top + gap, rowHeight, rowHeight - 2 * gap, TRUE);
-      left += rowHeight + gap;
+    if (row.picture != nullptr) {
+      const int inset = exhibit.preview ? 0 : gap;
+      MoveWindow(row.picture, left, top + inset, PictureWidth(exhibit), height - 2 * inset, TRUE);
+      left += PictureWidth(exhibit) + gap;
     }
-    MoveWindow(row.value, left, top, std::max(0, width + gap - left), rowHeight, TRUE);
-    top += rowHeight + gap / 2;
+    // A text of many lines keeps away from that of the next row.
+    const int valueHeight = height - (exhibit.preview ? m_lineHeight : 0);
+    MoveWindow(row.value, left, top, std::max(0, width + gap - left), valueHeight, TRUE);
+    top += height + gap / 2;
   }
   MoveWindow(m_mousePick, gap, top, width, rowHeight, TRUE);
   top += rowHeight;
@@ -228,17 +244,33 @@ void GalleryWindow::LayOut() {
              TRUE);
 }
 
+int GalleryWindow::HeightOfRow(const Exhibit& exhibit) const {
+  return (exhibit.preview ? kPreviewLines : kRowLines) * m_lineHeight;
+}
+
+/// 0 where the exhibit has no picture.
+int GalleryWindow::PictureWidth(const Exhibit& exhibit) const {
+  const int columns = exhibit.preview ? kPreviewColumns : exhibit.color ? kRowLines : 0;
+  return columns * std::max(m_lineHeight, 1);
+}
+
 void GalleryWindow::LimitSize(MINMAXINFO& info) const {
   // The rows, the option and a log of a few lines, with the buttons beside some text.
-  const int lines = 3 * static_cast<int>(m_rows.size()) + 12;
-  info.ptMinTrackSize = {2 * m_buttonWidth, lines * m_lineHeight};
+  constexpr int kOtherLines = 12;
+  int height = kOtherLines * m_lineHeight;
+  int picture = 0;
+  for (const Exhibit& exhibit : m_exhibits) {
+    height += HeightOfRow(exhibit) + m_lineHeight / 2;
+    picture = std::max(picture, PictureWidth(exhibit));
+  }
+  info.ptMinTrackSize = {2 * m_buttonWidth + picture, height};
 }
 
 void GalleryWindow::ShowValue(std::size_t index) {
   const Row& row = m_rows[index];
   SetWindowTextW(row.value, m_exhibits[index].value().c_str());
-  if (row.swatch != nullptr) {
-    InvalidateRect(row.swatch, nullptr, FALSE);
+  if (row.picture != nullptr) {
+    InvalidateRect(row.picture, nullptr, FALSE);
   }
 }
 

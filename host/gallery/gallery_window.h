@@ -46,8 +46,8 @@ private:
   struct Row {
     HWND button;
     HWND value;
-    /// Shows the colour in hand; null where the value is no colour.
-    HWND swatch;
+    /// Shows the colour in hand or the value's preview; null where there is neither.
+    HWND picture;
   };
 
   struct WindowDestroyer {
@@ -66,6 +66,8 @@ private:
   HWND CreateControl(const wchar_t* className, const std::wstring& text, DWORD style, int id);
   void MeasureLabels();
   void LayOut();
+  int HeightOfRow(const Exhibit& exhibit) const;
+  int PictureWidth(const Exhibit& exhibit) const;
   void LimitSize(MINMAXINFO& info) const;
   void ShowValue(std::size_t index);
   void Log(const std::wstring& line);

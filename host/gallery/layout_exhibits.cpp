@@ -164,7 +164,7 @@ Exhibit FieldExhibit() {
   return {
       .name = "layout-field-edit",
       .entry = L"CLayoutFieldEditDlg",
-      .label = L"ﾌｨｰﾙﾄﾞ設定(&F)",
+      .label = L"ﾌｨｰﾙﾄﾞ設定(&G)",
       .value = [hand] { return NamedText(L"macro", hand->macro); },
       .run =
           [hand](const RunOptions&) {

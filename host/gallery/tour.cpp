@@ -6,8 +6,10 @@
 #include "driver/text.h"
 
 #include <cstdio>
+#include <functional>
 #include <string>
 #include <system_error>
+#include <utility>
 
 namespace quorvel::gallery {
 
@@ -37,6 +39,17 @@ std::wstring Difference(const TourStop& stop, const driver::ModalScript& script,
   return report.value == stop.value ? L"" : L"expected the value " + stop.value;
 }
 
+/// `condition` once `holds` does, too; always if that is empty.
+driver::Condition Once(std::function<bool()> holds, driver::Condition condition) {
+  if (!holds) {
+    return condition;
+  }
+  std::string what = condition.what + ", all in sight";
+  return {std::move(what), [holds = std::move(holds), find = std::move(condition.find)] {
+            return holds() ? find() : nullptr;
+          }};
+}
+
 /// Visits one stop; the dialog's picture goes to `picture` unless that is empty, those of its scenes
 /// to `folder`.
 bool Visit(GalleryWindow& gallery, std::size_t index, const TourStop& stop,
@@ -55,7 +68,7 @@ bool Visit(GalleryWindow& gallery, std::size_t index, const TourStop& stop,
   for (const Scene& scene : stop.scenes) {
     script.When(steady(), scene.show);
     if (!scene.picture.empty()) {
-      script.When(steady(), [&](HWND dialog) {
+      script.When(Once(scene.isInSight, steady()), [&](HWND dialog) {
         TakePicture(dialog, folder / (scene.picture + ".png"));
       });
     }

@@ -5,6 +5,17 @@
 
 namespace quorvel::gallery {
 
+namespace {
+
+template <class Value>
+std::wstring Shortest(Value value) {
+  std::array<char, 32> digits{};  // the longest shortest form of a double has 24 characters
+  char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+  return {digits.data(), end};
+}
+
+}  // namespace
+
 std::wstring Wide(const CString& text) {
   constexpr UINT kJapanese = 932;
   const int size =
@@ -19,9 +30,11 @@ std::wstring NamedText(std::wstring_view name, const CString& text) {
 }
 
 std::wstring Number(double value) {
-  std::array<char, 32> digits{};  // the longest shortest form of a double has 24 characters
-  char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
-  return {digits.data(), end};
+  return Shortest(value);
+}
+
+std::wstring Number(float value) {
+  return Shortest(value);
 }
 
 std::wstring NamedNumber(std::wstring_view name, double value) {

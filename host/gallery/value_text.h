@@ -19,6 +19,7 @@ std::wstring NamedText(std::wstring_view name, const CString& text);
 
 /// The shortest text that reads back as the same number.
 std::wstring Number(double value);
+std::wstring Number(float value);
 std::wstring NamedNumber(std::wstring_view name, double value);
 
 std::wstring ColorText(COLORREF color);

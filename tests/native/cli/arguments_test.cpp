@@ -217,6 +217,70 @@ TEST(ParseOptions, MessagesStayOnOneLine) {
   EXPECT_EQ(Refusal({"--count", "1\n"}), R"(--count needs a whole number, not "1\n")");
 }
 
+constexpr std::array kOperands = {
+    Option{.name = "from",
+           .kind = OptionKind::kText,
+           .valueName = "SOURCE",
+           .help = "where from",
+           .isOperand = true},
+    Option{.name = "size",
+           .kind = OptionKind::kCounts,
+           .valueName = "AxB",
+           .help = "how large",
+           .defaultValue = "1x2"},
+    Option{.name = "to",
+           .kind = OptionKind::kText,
+           .valueName = "TARGET",
+           .help = "where to",
+           .isOperand = true},
+};
+
+std::string OperandRefusal(const std::vector<std::string>& arguments) {
+  try {
+    ParseOptions(kOperands, arguments);
+  } catch (const UsageError& error) {
+    return error.what();
+  }
+  return "";
+}
+
+TEST(ParseOptions, TakesOperandsInTheirOrderAmongOptions) {
+  const std::vector<std::string> arguments = {"a", "--size", "7x-8", "b c"};
+  const ParsedOptions parsed = ParseOptions(kOperands, arguments);
+  EXPECT_EQ(parsed.Text("from"), "a");
+  EXPECT_EQ(parsed.Text("to"), "b c");
+  EXPECT_EQ(parsed.WholeNumbers("size"), (std::vector<int>{7, -8}));
+  const std::vector<std::string> operands = {"a", "b"};
+  EXPECT_EQ(ParseOptions(kOperands, operands).WholeNumbers("size"), (std::vector<int>{1, 2}));
+}
+
+TEST(ParseOptions, AsksForEveryOperandOnce) {
+  EXPECT_EQ(OperandRefusal({}), "SOURCE is missing");
+  EXPECT_EQ(OperandRefusal({"a"}), "TARGET is missing");
+  EXPECT_EQ(OperandRefusal({"a", ""}), "TARGET must not be empty");
+  EXPECT_EQ(OperandRefusal({"a", "b", "c"}), R"(unexpected argument "c")");
+  EXPECT_EQ(OperandRefusal({"a", "-b"}), R"(unexpected argument "-b")");
+  EXPECT_EQ(OperandRefusal({"a", "--to", "b"}), R"(unknown option "--to")");
+  EXPECT_TRUE(ParseOptions(kOperands, std::vector<std::string>{"--help"}).IsHelpWanted());
+}
+
+TEST(ParseOptions, RefusesBadCounts) {
+  for (const std::string text : {"", "1", "x", "1x", "x2", "1x2x3", "1X2", "99999999999x1"}) {
+    EXPECT_EQ(OperandRefusal({"a", "b", "--size", text}),
+              "--size needs counts as AxB, not \"" + text + "\"");
+  }
+}
+
+TEST(OptionHelp, CallsOperandsByTheirValues) {
+  EXPECT_EQ(OptionHelp(kOperands),
+            "  SOURCE      where from\n"
+            "  --size AxB  how large (default 1x2)\n"
+            "  TARGET      where to\n"
+            "  --help      print this help\n");
+  EXPECT_EQ(UsageOf(kOperands), "SOURCE TARGET [OPTION]...");
+  EXPECT_EQ(UsageOf(kTable), "[OPTION]...");
+}
+
 TEST(ParsedOptions, ReadingWhatTheTableDoesNotGiveIsAnError) {
   const ParsedOptions parsed = Parse({"--loud"});
   EXPECT_THROW(parsed.Text("scale"), std::logic_error);

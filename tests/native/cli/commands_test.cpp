@@ -284,6 +284,7 @@ TEST(Commands, HelpListsEverySubcommand) {
       "  select-rgb         ask for a colour by hue, saturation and brightness or by RGB\n"
       "  select-font        ask for a font with its size in millimetres\n"
       "  select-font-ex     ask for the font of a cell and the place of its text\n"
+      "  edit-layout        lay out a page of cells and write it to its file\n"
       "  help [SUBCOMMAND]  print this help or that of a subcommand\n"
       "\n"
       "Options:\n"
@@ -291,7 +292,7 @@ TEST(Commands, HelpListsEverySubcommand) {
       "  --version          print the version\n"
       "\n"
       "An option's value follows it as --name VALUE or --name=VALUE. Texts may hold any\n"
-      "character of code page 932.\n"
+      "character of code page 932, names of files any at all.\n"
       "\n"
       "Exit status: 0 confirmed, 1 cancelled, 2 mouse pick or clear-all, 64 bad usage,\n"
       "70 failed.\n";
@@ -324,12 +325,15 @@ TEST(Commands, HelpOfASubcommandComesFromItsTable) {
 TEST(Commands, HelpOfEverySubcommandNamesItsOptions) {
   for (const Command& command : Commands()) {
     const std::string help = ReadMessage({std::string(command.name), "--help"}).text;
-    EXPECT_TRUE(help.starts_with("usage: quorvel " + std::string(command.name) + " [OPTION]...\n"))
+    EXPECT_TRUE(help.starts_with("usage: quorvel " + std::string(command.name) + " " +
+                                 UsageOf(command.options) + "\n"))
         << help;
     EXPECT_NE(help.find(command.summary), std::string::npos) << help;
     EXPECT_NE(help.find(command.answer), std::string::npos) << help;
     for (const Option& option : command.options) {
-      EXPECT_NE(help.find("  --" + std::string(option.name) + " "), std::string::npos) << help;
+      const std::string shown = option.isOperand ? std::string(option.valueName)
+                                                 : "--" + std::string(option.name);
+      EXPECT_NE(help.find("  " + shown + " "), std::string::npos) << help;
       EXPECT_NE(help.find(option.help), std::string::npos) << help;
     }
     EXPECT_NE(ReadMessage({"--help"}).text.find("  " + std::string(command.name) + " "),
@@ -355,10 +359,14 @@ TEST(Commands, TheTableIsSound) {
       EXPECT_FALSE(option.help.empty()) << option.name;
       EXPECT_EQ(option.valueName.empty(), option.kind == OptionKind::kFlag) << option.name;
     }
-    // Builds from its defaults alone.
-    EXPECT_TRUE(
-        std::holds_alternative<Request>(ReadCommandLine(Arguments{std::string(command.name)})))
-        << command.name;
+    // Builds from its operands and its defaults alone.
+    Arguments arguments{std::string(command.name)};
+    for (const Option& option : command.options) {
+      if (option.isOperand) {
+        arguments.emplace_back("x");
+      }
+    }
+    EXPECT_TRUE(std::holds_alternative<Request>(ReadCommandLine(arguments))) << command.name;
   }
   EXPECT_EQ(names.size(), std::variant_size_v<Request>);
 }

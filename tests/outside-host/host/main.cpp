@@ -1,5 +1,5 @@
-// A host that knows nothing but the installed library. It answers its own dialog: a timer presses
-// Enter once the dialog is up.
+// A host that knows nothing but the installed library. It answers its own dialogs: a timer presses
+// Enter once a dialog is up.
 #include <quorvel/quorvel.h>
 
 #include <cstdio>
@@ -13,6 +13,31 @@ void CALLBACK PressEnter(HWND, UINT, UINT_PTR timer, DWORD) {
     PostMessageW(GetDlgItem(dialog, 10001), WM_CHAR, 0x8868, 0);  // 表, over the selected text
     PostMessageW(GetDlgItem(dialog, 10001), WM_KEYDOWN, VK_RETURN, 0);
   }
+}
+
+void CALLBACK ConfirmLayout(HWND, UINT, UINT_PTR timer, DWORD) {
+  const HWND dialog = FindWindowW(L"#32770", L"ﾚｲｱｳﾄ編集");
+  if (dialog != nullptr && IsWindowVisible(dialog)) {
+    KillTimer(nullptr, timer);
+    SetDlgItemTextW(dialog, 2011, L"3");  // the number of rows
+    PostMessageW(GetDlgItem(dialog, 2011), WM_KEYDOWN, VK_RETURN, 0);
+  }
+}
+
+/// Lets the user lay out a page: two rows become three.
+bool LaysOutAPage(CKivSysEnv& environment) {
+  CLayoutPageData page;
+  page.DividePage(2, 2, 11.811);
+  page.GetCelAt(0)->SetText("表");
+  CStringArray names;
+  names.Add("図面番号");
+  CDWordArray numbers;
+  numbers.Add(10);
+  CPoint position(50, 50);
+  SetTimer(nullptr, 0, 50, ConfirmLayout);
+  return __LayoutEditDlg(&environment, &page, &names, &numbers, 11.811, 0, &position) != FALSE &&
+         page.GetNumRow() == 3 && page.GetNumCol() == 2 && page.GetCelAt(0)->GetText() == "表" &&
+         __LayoutEditDlg(nullptr, nullptr, nullptr, nullptr, 0, 0, nullptr) == FALSE;
 }
 
 /// What a host does with a page, through the installed headers alone.
@@ -78,10 +103,12 @@ int main() {
   const BOOL confirmed = __InputTextDlg("題名", "説明", &text, &position);
   const bool typed = text == "表";
   const bool pages = WorksWithPages();
+  const bool laidOut = LaysOutAPage(environment);
   const bool colours = KeepsColours(environment);
-  std::printf("%s, %s\n", pages ? "pages kept" : "pages lost",
+  std::printf("%s, %s, %s\n", pages ? "pages kept" : "pages lost",
+              laidOut ? "page laid out" : "page not laid out",
               colours ? "colours kept" : "colours lost");
   std::printf("%s %s\n", confirmed != FALSE ? "confirmed" : "cancelled",
               typed ? "as typed" : "not as typed");
-  return confirmed != FALSE && typed && pages && colours ? 0 : 1;
+  return confirmed != FALSE && typed && pages && laidOut && colours ? 0 : 1;
 }

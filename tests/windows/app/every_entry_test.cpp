@@ -90,7 +90,7 @@ TEST_P(EveryEntry, APositionThatFitsIsTakenExactly) {
   if (!GetParam().hasPosition) {
     return;
   }
-  for (const CPoint wanted : {CPoint(300, 200), CPoint(0, 0), CPoint(1, 777)}) {
+  for (const CPoint wanted : {CPoint(300, 200), CPoint(0, 0), CPoint(1, 700)}) {
     CPoint position = wanted;
     WorkDialog([&] { return Run(&position); }, [&](HWND dialog) {
       const RECT rect = WindowRect(dialog);
@@ -197,6 +197,8 @@ TEST(Entries, ADialogThatCannotBeCreatedGivesTheFailureValue) {
   CKivFontEx font;
   EXPECT_EQ(__SelFontDlg(nullptr, &font, 0.0, "", TRUE, FALSE, QUORVEL_FONT_ALL), FALSE);
   EXPECT_EQ(__SelFontExDlg(nullptr, &font, 0.0, "", FALSE, QUORVEL_FONT_ALL), FALSE);
+  CLayoutPageData page;
+  EXPECT_EQ(__LayoutEditDlg(nullptr, &page, nullptr, nullptr, 0.0, 0, nullptr), FALSE);
 }
 
 }  // namespace

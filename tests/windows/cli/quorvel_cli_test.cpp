@@ -3,10 +3,14 @@
 #include "driver/controls.h"
 #include "support/colour_environment.h"
 
+#include <quorvel/quorvel.h>
+
 #include <gtest/gtest.h>
 
 #include <array>
 #include <cstdint>
+#include <filesystem>
+#include <fstream>
 #include <functional>
 #include <stdexcept>
 #include <string>
@@ -18,10 +22,12 @@ namespace quorvel::test {
 namespace {
 
 using driver::ClassName;
+using driver::ClientRectOf;
 using driver::Text;
 using driver::WindowRect;
 
 constexpr int kBadUsage = 64;
+constexpr int kFailed = 70;
 constexpr ULONGLONG kDeadline = 20'000;  // milliseconds
 constexpr DWORD kLookInterval = 10;  // milliseconds
 
@@ -308,7 +314,8 @@ TEST(CommandLine, BadUsageIsOneLineAndStatus64) {
   for (const wchar_t* arguments :
        {L"", L"no-such-dialog", L"input-dpi --dpi", L"input-dpi --dpi many", L"input-text --colour red",
         L"input-point --point 1", L"input-text --position 1", L"input-text --text caf\u00E9", L"select-rgb --color 3366FF",
-        L"select-color --key caf\u00E9"}) {
+        L"select-color --key caf\u00E9", L"edit-layout", L"edit-layout x --new 0x1",
+        L"edit-layout x --new 1x1 --insert caf\u00E9"}) {
     const Ended ended = RunProgram(arguments);
     EXPECT_EQ(ended.status, kBadUsage) << ended.output;
     EXPECT_EQ(ended.output, "");
@@ -322,7 +329,7 @@ TEST(CommandLine, HelpEverywhere) {
   EXPECT_EQ(all.status, 0);
   for (const char* command :
        {"input-text", "input-scale", "input-dpi", "input-point", "user-paper", "check-list",
-        "select-color", "select-color-ex", "edit-color", "select-rgb"}) {
+        "select-color", "select-color-ex", "edit-color", "select-rgb", "edit-layout"}) {
     EXPECT_NE(all.output.find(command), std::string::npos) << command;
     const std::string name(command);
     const Ended one = RunProgram(std::wstring(name.begin(), name.end()) + L" --help");
@@ -376,6 +383,148 @@ TEST(CommandLine, SelectFontRefusesAFaceThatARecordCannotHold) {
   EXPECT_EQ(ended.status, kBadUsage);
   EXPECT_TRUE(ended.errors.starts_with("quorvel: the name of a face has at most 31 bytes"))
       << ended.errors;
+}
+
+/// A folder with a layout file, under names that code page 932 lacks.
+class EditLayoutCommand : public ::testing::Test {
+protected:
+  void SetUp() override {
+    std::filesystem::remove_all(m_folder);
+    std::filesystem::create_directories(m_folder);
+    CLayoutPageData page;
+    page.DividePage(2, 2, 0);
+    page.GetCelAt(0)->SetText("表");
+    ASSERT_NE(page.SaveFileW(m_file.c_str()), 0);
+  }
+  void TearDown() override { std::filesystem::remove_all(m_folder); }
+
+  static std::wstring Quoted(const std::filesystem::path& path) {
+    return L"\"" + path.generic_wstring() + L"\"";
+  }
+  static std::string Confirmed(const std::string& page, const std::filesystem::path& path) {
+    return R"({"result":"confirmed",)" + page + R"(,"file":")" + Utf8(path.generic_u8string().c_str()) +
+           "\"}\n";
+  }
+  static CLayoutPageData Read(const std::filesystem::path& path) {
+    CLayoutPageData page;
+    EXPECT_NE(page.OpenFileW(path.c_str()), 0) << path;
+    return page;
+  }
+  void ExpectFailure(const std::wstring& arguments, const char8_t* complaint,
+                     const Worker& work = {}) const {
+    const Ended ended = RunProgram(L"edit-layout " + arguments, work);
+    EXPECT_EQ(ended.status, kFailed);
+    EXPECT_EQ(ended.output, "");
+    EXPECT_EQ(ended.errors.find('\n'), ended.errors.size() - 1) << ended.errors;
+    EXPECT_NE(ended.errors.find(Utf8(complaint)), std::string::npos) << ended.errors;
+  }
+
+  std::filesystem::path m_folder = std::filesystem::temp_directory_path() / L"quorvel café ソ";
+  std::filesystem::path m_file = m_folder / L"枠 é.mtpld";
+};
+
+constexpr int kRowsField = 2011;
+constexpr int kMarginField = 2026;
+constexpr int kOuterLineBox = 2030;
+constexpr int kPageImage = 2040;
+constexpr int kInsertionBox = 2045;
+
+/// Clicks the cell that lies at the middle of the picture and inserts the first name there.
+void InsertIntoTheMiddle(HWND dialog) {
+  const RECT image = ClientRectOf(::GetDlgItem(dialog, kPageImage));
+  const LPARAM point =
+      MAKELPARAM((image.left + image.right) / 2, (image.top + image.bottom) / 2);
+  ::SendMessageW(dialog, WM_LBUTTONDOWN, MK_LBUTTON, point);
+  ::SendMessageW(dialog, WM_LBUTTONUP, 0, point);
+  const HWND box = ::GetDlgItem(dialog, kInsertionBox);
+  ::SendMessageW(box, CB_SETCURSEL, 1, 0);
+  ::SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(kInsertionBox, CBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(box));
+}
+
+TEST_F(EditLayoutCommand, WritesThePageBackToItsFile) {
+  const Ended ended =
+      RunProgram(L"edit-layout " + Quoted(m_file), SetAndConfirm({{kRowsField, L"3"}}));
+  EXPECT_EQ(ended.status, 0) << ended.errors;
+  EXPECT_EQ(ended.output,
+            Confirmed(R"("rows":3,"columns":2,"width":20,"height":30)", m_file));
+  EXPECT_EQ(ended.errors, "");
+  const CLayoutPageData page = Read(m_file);
+  EXPECT_EQ(page.GetNumRow(), 3);
+  EXPECT_EQ(page.GetCelAt(0)->GetText(), "表");
+}
+
+TEST_F(EditLayoutCommand, WritesAnotherFileAndLeavesTheFirst) {
+  const std::filesystem::path out = m_folder / L"新 é.mtpld";
+  const Ended ended =
+      RunProgram(L"edit-layout --out " + Quoted(out) + L" " + Quoted(m_file), Confirm);
+  EXPECT_EQ(ended.status, 0) << ended.errors;
+  EXPECT_EQ(ended.output, Confirmed(R"("rows":2,"columns":2,"width":20,"height":20)", out));
+  EXPECT_EQ(Read(out).GetCelAt(0)->GetText(), "表");
+  EXPECT_EQ(Read(m_file).GetNumRow(), 2);
+}
+
+TEST_F(EditLayoutCommand, WritesNothingWhenCancelled) {
+  const std::filesystem::path out = m_folder / L"new.mtpld";
+  const Ended ended = RunProgram(L"edit-layout --new 1x1 " + Quoted(out), Cancel);
+  EXPECT_EQ(ended.status, 1);
+  EXPECT_EQ(ended.output, "{\"result\":\"cancelled\"}\n");
+  EXPECT_FALSE(std::filesystem::exists(out));
+}
+
+TEST_F(EditLayoutCommand, InsertsItsNamesWithTheirNumbersIntoANewPage) {
+  const std::filesystem::path out = m_folder / L"new.mtpld";
+  RECT place{};
+  const Ended ended = RunProgram(
+      L"edit-layout " + Quoted(out) + L" --new 3x3 --insert 図面番号 --number 41 --position 70,80",
+      [&place](HWND dialog) {
+        place = WindowRect(dialog);
+        InsertIntoTheMiddle(dialog);
+        Confirm(dialog);
+      });
+  EXPECT_EQ(ended.status, 0) << ended.errors;
+  EXPECT_EQ(ended.output, Confirmed(R"("rows":3,"columns":3,"width":30,"height":30)", out));
+  EXPECT_EQ(place.left, 70);
+  EXPECT_EQ(place.top, 80);
+  constexpr int kMiddle = 4;
+  EXPECT_EQ(Read(out).GetCelAt(kMiddle)->GetText(), "<M>42 図面番号</M>");
+  EXPECT_EQ(Read(out).GetCelAt(0)->GetText(), "");
+}
+
+TEST_F(EditLayoutCommand, LineModeMakesAPageWithLines) {
+  const auto isShown = [](HWND dialog, int id) {
+    return ::IsWindowVisible(::GetDlgItem(dialog, id)) != FALSE;
+  };
+  EXPECT_EQ(RunProgram(L"edit-layout --line-mode " + Quoted(m_file),
+                       [&](HWND dialog) {
+                         EXPECT_TRUE(isShown(dialog, kOuterLineBox));
+                         EXPECT_FALSE(isShown(dialog, kMarginField));
+                         Confirm(dialog);
+                       })
+                .status,
+            0);
+  EXPECT_EQ(Read(m_file).GetType(), 1);
+  EXPECT_EQ(RunProgram(L"edit-layout " + Quoted(m_file),
+                       [&](HWND dialog) {
+                         EXPECT_FALSE(isShown(dialog, kOuterLineBox));
+                         EXPECT_TRUE(isShown(dialog, kMarginField));
+                         Confirm(dialog);
+                       })
+                .status,
+            0);
+  EXPECT_EQ(Read(m_file).GetType(), 0);
+}
+
+TEST_F(EditLayoutCommand, FailsWithoutADialogWhereThereIsNoSuchPage) {
+  ExpectFailure(Quoted(m_folder / L"none é.mtpld"), u8"none é.mtpld\" is not there");
+  ExpectFailure(Quoted(m_file) + L" --new 2x2", u8"枠 é.mtpld\" is there already");
+  std::ofstream(m_folder / "other.mtpld") << "no layout";
+  ExpectFailure(Quoted(m_folder / "other.mtpld"), u8"cannot be read as a layout file");
+}
+
+TEST_F(EditLayoutCommand, FailsWhereThePageCannotBeWritten) {
+  ExpectFailure(Quoted(m_file) + L" --out " + Quoted(m_folder / "none" / "out.mtpld"),
+                u8"out.mtpld\" cannot be written", Confirm);
 }
 
 }  // namespace

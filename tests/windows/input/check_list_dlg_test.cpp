@@ -323,5 +323,20 @@ TEST(CheckListDlg, ATickIsPainted) {
   Ask({"甲", "乙"}, {0, 0}, script);
 }
 
+TEST(CheckListDlg, TheFirstAnswerCounts) {
+  const auto answerTwice = [](WPARAM first, WPARAM second) {
+    return Ask({"a"}, {7}, [=](HWND dialog) {
+      ::SendMessageW(dialog, WM_COMMAND, first, 0);
+      ::SendMessageW(dialog, WM_COMMAND, second, 0);
+    });
+  };
+  const Answer confirmed = answerTwice(IDOK, IDCANCEL);
+  EXPECT_EQ(confirmed.result, IDOK);
+  EXPECT_EQ(confirmed.states, std::vector<int>({1}));
+  const Answer cancelled = answerTwice(IDCANCEL, IDOK);
+  EXPECT_EQ(cancelled.result, IDCANCEL);
+  EXPECT_EQ(cancelled.states, std::vector<int>({7}));
+}
+
 }  // namespace
 }  // namespace quorvel::test

@@ -596,6 +596,34 @@ TEST_F(LayoutEditInsertions, WithoutASelectionTheListKeepsItsChoice) {
   EXPECT_EQ(m_editor.TextOf(1), "名: ");
 }
 
+TEST_F(LayoutEditInsertions, TheArrowKeysLeadThroughTheOpenList) {
+  for (const bool takes : {false, true}) {
+    ModalScript script;
+    script.When(Painted(DialogWithControl(kImage)), [&](HWND dialog) {
+      PageOnScreen(dialog, m_editor.page).ClickCel(3);
+      const HWND list = Control(dialog, kInsertion);
+      ::SetFocus(list);
+      ::SendMessageW(list, CB_SHOWDROPDOWN, TRUE, 0);
+      PressKey(list, VK_DOWN);
+      PressKey(list, VK_DOWN);
+      PressKey(list, VK_DOWN);
+      PressKey(list, takes ? VK_RETURN : VK_ESCAPE);
+    });
+    script.When({"the list is closed",
+                 [] {
+                   const HWND dialog = DialogWithControl(kImage).find();
+                   return dialog != nullptr && ::SendMessageW(Control(dialog, kInsertion),
+                                                              CB_GETDROPPEDSTATE, 0, 0) == 0
+                              ? dialog
+                              : nullptr;
+                 }},
+                Confirm);
+    EXPECT_TRUE(m_editor.Run(script));
+    EXPECT_EQ(m_editor.TextOf(3), takes ? "<M>3 縮尺</M>" : "");
+    m_editor.Cel(3).SetSelected(0);
+  }
+}
+
 TEST_F(LayoutEditInsertions, WithoutNamesThereIsNoList) {
   m_editor.names.SetSize(0);
   Run([](HWND dialog, const PageOnScreen& page) {

@@ -2,18 +2,18 @@
 
 #include "driver/dialog_owner.h"
 #include "res/ids.h"
+#include "support/same_page.h"
 
 #include <commdlg.h>
 
 #include <array>
-#include <cstring>
 
 namespace quorvel::test {
 
 namespace {
 
 /// An environment of the tests' own, empty when a run of the tests begins.
-CKivSysEnv& ColourEnv() {
+CKivSysEnv& TestEnv() {
   static constexpr const char* kKey = "Software\\QuorvelTests\\Entries";
   static CKivSysEnv env = [] {
     ::RegDeleteTreeA(HKEY_CURRENT_USER, kKey);
@@ -23,22 +23,23 @@ CKivSysEnv& ColourEnv() {
 }
 
 constexpr COLORREF kColor = RGB(153, 102, 51);
+constexpr double kDotsPerMm = 11.811;
 
 Outcome RunSelColor(CPoint* position) {
   COLORREF color = kColor;
-  const bool confirmed = __SelColorDlg(&ColourEnv(), &color, position) != FALSE;
+  const bool confirmed = __SelColorDlg(&TestEnv(), &color, position) != FALSE;
   return {confirmed, color == kColor};
 }
 
 Outcome RunSelColorEx(CPoint* position) {
   COLORREF color = kColor;
-  const bool confirmed = __SelColorDlgEx(&ColourEnv(), &color, position) != FALSE;
+  const bool confirmed = __SelColorDlgEx(&TestEnv(), &color, position) != FALSE;
   return {confirmed, color == kColor};
 }
 
 Outcome RunEditColor(CPoint* position) {
   COLORREF color = kColor;
-  const bool confirmed = __EditColorDlg(&ColourEnv(), &color, position) != FALSE;
+  const bool confirmed = __EditColorDlg(&TestEnv(), &color, position) != FALSE;
   return {confirmed, color == kColor};
 }
 
@@ -112,15 +113,6 @@ Font StruckOutFont() {
   return font;
 }
 
-/// Whether the two hold the same in all that the dialogs may write.
-bool IsSameFont(const CKivFont& one, const CKivFont& other) {
-  const LOGFONTA oneRecord = one.GetLogFont(0);
-  const LOGFONTA otherRecord = other.GetLogFont(0);
-  return std::memcmp(&oneRecord, &otherRecord, sizeof oneRecord) == 0 &&
-         one.GetColor() == other.GetColor() && one.GetV() == other.GetV() &&
-         one.GetH() == other.GetH() && one.GetStrikeOutType() == other.GetStrikeOutType();
-}
-
 Outcome RunFont(CPoint* /*position*/) {
   auto font = StruckOutFont<CKivFont>();
   const CKivFont before = font;
@@ -134,9 +126,47 @@ Outcome RunFontEx(CPoint* /*position*/) {
   const CKivFontEx before = font;
   const bool confirmed =
       __SelFontExDlg(nullptr, &font, 0.0, "文字", FALSE, QUORVEL_FONT_ALL) != FALSE;
-  return {confirmed, IsSameFont(font, before) && font.GetBackColor() == before.GetBackColor() &&
-                         font.GetVPos() == before.GetVPos() &&
-                         font.GetHPos() == before.GetHPos()};
+  return {confirmed, IsSameFont(font, before)};
+}
+
+/// Two rows and three columns, with something in everything that a page can have.
+CLayoutPageData PageWithEverything() {
+  CLayoutPageData page;
+  page.DividePage(2, 3, kDotsPerMm);
+  page.SetAllLengthRow(25.5, 0);
+  page.SetLengthCol(1, 31.25);
+  page.SetMargin(2.5F);
+  page.SetShowFrame(1);
+  page.SetByEdgeOutLine(1);
+  const PEN_STATUS line{.color = kColor, .width = 0.25F, .style = 2};
+  page.SetOutLineStatus(&line);
+  page.SetInLineStatus(&line);
+  for (int index = 0; index < page.GetCelSize(); ++index) {
+    CLayoutCelData& cel = *page.GetCelAt(index);
+    cel.SetText("図面名称");
+    cel.GetFont()->SetHPos(static_cast<BYTE>(index % 3));
+    cel.GetFont()->SetBackColor(&kColor);
+    cel.SetShowLineVB(index % 2);
+    cel.SetSelected(index < 2 ? 1 : 0);
+  }
+  page.MeargeCel(0, 0);
+  page.GetCelAt(3)->SetSelected(1);
+  return page;
+}
+
+template <int LineMode>
+Outcome RunLayoutEdit(CPoint* position) {
+  CLayoutPageData page = PageWithEverything();
+  const CLayoutPageData before = page;
+  CStringArray insertions;
+  CDWordArray numbers;
+  for (const char* name : {"図番", "縮尺"}) {
+    insertions.Add(name);
+    numbers.Add(static_cast<DWORD>(numbers.GetSize()));
+  }
+  const bool confirmed = __LayoutEditDlg(&TestEnv(), &page, &insertions, &numbers, kDotsPerMm,
+                                         LineMode, position) != FALSE;
+  return {confirmed, IsSamePage(page, before)};
 }
 
 /// The system's own font dialog with our template and nothing of ours.
@@ -189,6 +219,12 @@ const std::vector<Entry>& AllEntries() {
        [] { return INT_PTR{__EditColorDlg(nullptr, nullptr, nullptr)}; }, FALSE},
       {"SelRgb", IDD_COLOUR_PICKER, RunSelRgb, false,
        [] { return INT_PTR{__SelRGBDlg(nullptr)}; }, FALSE},
+      {"LayoutEdit", IDD_LAYOUT, RunLayoutEdit<0>, true,
+       [] { return INT_PTR{__LayoutEditDlg(nullptr, nullptr, nullptr, nullptr, 0.0, 0, nullptr)}; },
+       FALSE},
+      {"LayoutEditOfLines", IDD_LAYOUT, RunLayoutEdit<1>, true,
+       [] { return INT_PTR{__LayoutEditDlg(nullptr, nullptr, nullptr, nullptr, 0.0, 1, nullptr)}; },
+       FALSE},
   };
   return entries;
 }

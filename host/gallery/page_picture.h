@@ -1,0 +1,14 @@
+// A page as the gallery draws it, with nothing but what the library's pages tell a host.
+//
+//   DrawPage(deviceContext, area, page);
+#pragma once
+
+#include <quorvel/quorvel.h>
+
+namespace quorvel::gallery {
+
+/// Draws the page as large as it fits into `area`, at its left: backgrounds, texts, the lines
+/// between cells and the line around the page. What `area` has left is untouched.
+void DrawPage(HDC deviceContext, const CRect& area, const CLayoutPageData& page);
+
+}  // namespace quorvel::gallery
