@@ -191,7 +191,6 @@ private:
   CKivColorButton m_btnBackColor;
   CComboBox m_cmbInsertion;
   bool m_bInsertionTaken = false;  ///< the open list closes with a choice
-  int m_nAppend = 1;  ///< a tag goes behind the text of a cell instead of replacing it
   int m_nAppend;  ///< a tag goes behind the text of a cell instead of replacing it
   bool m_bClosing = false;
   bool m_bRefused = false;  ///< the last field that was left
