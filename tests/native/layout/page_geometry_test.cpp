@@ -77,6 +77,20 @@ TEST(FitPage, APageWithoutWidthIsOnePixelWideByNature) {
   EXPECT_EQ(fitted.area.Height(), 300);
 }
 
+TEST(PlacePage, StandsInTheMiddleAtTheScaleGiven) {
+  const FittedPage placed = PlacePage(kControl, {254.0, 25.4}, kDots, 0.25);  // 960 x 96
+  EXPECT_EQ(placed.area, CRect(81, 139, 321, 163));
+  EXPECT_EQ(placed.scale, 0.25);
+  EXPECT_DOUBLE_EQ(ScaleToFit(kControl, {254.0, 25.4}, kDots), 400.0 / 960.0);
+}
+
+TEST(PlacePage, PagesOfOneWidthStandAboveEachOther) {
+  const FittedPage high = PlacePage({0, 0, 402, 302}, {180.0, 90.0}, kDots, 0.3);
+  const FittedPage low = PlacePage({0, 0, 402, 62}, {180.0, 10.0}, kDots, 0.3);
+  EXPECT_EQ(high.area.left, low.area.left);
+  EXPECT_EQ(high.area.right, low.area.right);
+}
+
 /// 3 x 2 cells of 40 x 50 pixels.
 class GridOfThreeByTwo : public ::testing::Test {
 protected:
