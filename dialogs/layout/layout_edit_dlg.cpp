@@ -23,7 +23,6 @@ BEGIN_MESSAGE_MAP(CLayoutEditDlg, CPageEditDlg)
   ON_EN_KILLFOCUS(IDC_LAYOUT_MARGIN, &CLayoutEditDlg::OnFieldLeft)
   ON_EN_KILLFOCUS(IDC_OUTER_LINE_WIDTH, &CLayoutEditDlg::OnFieldLeft)
   ON_EN_KILLFOCUS(IDC_INNER_LINE_WIDTH, &CLayoutEditDlg::OnFieldLeft)
-  ON_BN_CLICKED(IDC_LAYOUT_APPEND, &CLayoutEditDlg::OnFieldLeft)
   ON_BN_CLICKED(IDC_LAYOUT_EQUAL_ROWS, &CLayoutEditDlg::OnEqualRows)
   ON_BN_CLICKED(IDC_LAYOUT_EQUAL_COLUMNS, &CLayoutEditDlg::OnEqualColumns)
   ON_BN_CLICKED(IDC_OUTER_LINE, &CLayoutEditDlg::OnLineSwitched)
@@ -123,8 +122,6 @@ void CLayoutEditDlg::OnWidthLeft() {
     ApplyWidth(false);
   }
 }
-
-void CLayoutEditDlg::OnFieldLeft() { ReadField(); }
 
 void CLayoutEditDlg::OnEqualRows() { ApplyHeight(true); }
 

@@ -31,7 +31,6 @@ protected:
   void OnCountLeft();
   void OnHeightLeft();
   void OnWidthLeft();
-  void OnFieldLeft();
   void OnEqualRows();
   void OnEqualColumns();
   void OnLineSwitched();

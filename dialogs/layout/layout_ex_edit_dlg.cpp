@@ -46,7 +46,6 @@ BEGIN_MESSAGE_MAP(CLayoutExEditDlg, CBlockEditDlg)
   ON_EN_KILLFOCUS(IDC_LIST_OFFSET, &CLayoutExEditDlg::OnFieldLeft)
   ON_EN_KILLFOCUS(IDC_OUTER_LINE_WIDTH, &CLayoutExEditDlg::OnFieldLeft)
   ON_EN_KILLFOCUS(IDC_INNER_LINE_WIDTH, &CLayoutExEditDlg::OnFieldLeft)
-  ON_BN_CLICKED(IDC_LAYOUT_APPEND, &CLayoutExEditDlg::OnFieldLeft)
   ON_CONTROL_RANGE(BN_CLICKED, IDC_HEADER_EQUAL_ROWS, IDC_FOOTER_EQUAL_ROWS,
                    &CLayoutExEditDlg::OnEqualRowsOf)
   ON_BN_CLICKED(IDC_LAYOUT_EQUAL_COLUMNS, &CLayoutExEditDlg::OnEqualAllColumns)
@@ -189,8 +188,6 @@ void CLayoutExEditDlg::OnPageChanged() {
 }
 
 // ---- Fields
-
-void CLayoutExEditDlg::OnFieldLeft() { ReadField(); }
 
 void CLayoutExEditDlg::OnSizeLeft() {
   if (ReadField()) {

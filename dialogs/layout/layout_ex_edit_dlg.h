@@ -35,7 +35,6 @@ protected:
   void OnPageChanged() override;
 
   void OnSizeLeft();
-  void OnFieldLeft();
   void OnEqualRowsOf(UINT id);
   void OnEqualAllColumns();
   void OnUse();

@@ -70,6 +70,7 @@ BEGIN_MESSAGE_MAP(CPageEditDlg, CKivDialog)
   ON_CBN_SELCHANGE(IDC_LAYOUT_INSERTION, &CPageEditDlg::OnInsertion)
   ON_CONTROL(CBN_SELENDOK, IDC_LAYOUT_INSERTION, &CPageEditDlg::OnInsertionTaken)
   ON_CONTROL(CBN_CLOSEUP, IDC_LAYOUT_INSERTION, &CPageEditDlg::OnInsertionClosed)
+  ON_BN_CLICKED(IDC_LAYOUT_APPEND, &CPageEditDlg::OnFieldLeft)
   ON_COMMAND(IDM_OPEN_LAYOUT, &CPageEditDlg::OnOpen)
   ON_COMMAND(IDM_SAVE_LAYOUT, &CPageEditDlg::OnSave)
 END_MESSAGE_MAP()
@@ -146,6 +147,8 @@ bool CPageEditDlg::ReadField() {
   m_bRefused = UpdateData(TRUE) == FALSE;
   return !m_bRefused;
 }
+
+void CPageEditDlg::OnFieldLeft() { ReadField(); }
 
 void CPageEditDlg::Close(INT_PTR result) {
   m_bClosing = true;

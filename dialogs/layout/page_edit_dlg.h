@@ -138,6 +138,7 @@ protected:
   void OnBackColor();
   void OnChooseTextColor();
   void OnChooseBackColor();
+  void OnFieldLeft();
   void OnInsertion();
   void OnInsertionTaken();
   void OnInsertionClosed();

@@ -57,6 +57,7 @@ double CPageView::ScaleToFit() const {
 
 void CPageView::Place(const quorvel::FittedPage& page) {
   m_page = page;
+  m_bLaidOut = true;
   m_table = quorvel::RectTable(m_block, m_page.area);
   Invalidate();
 }
@@ -145,7 +146,7 @@ void CPageView::DropBorder() {
 
 void CPageView::OnPaint() {
   const CPaintDC paint(this);
-  if (m_table.empty()) {
+  if (!m_bLaidOut) {
     return;
   }
   const quorvel::PaintBuffer buffer(paint.Handle(), paint.Area(), &m_memory);

@@ -83,6 +83,7 @@ private:
   quorvel::DotsPerInch m_dots{};
   quorvel::FittedPage m_page{{}, 1.0};
   std::vector<CRect> m_table;
+  bool m_bLaidOut = false;
   std::optional<quorvel::BorderDrag> m_border;
   int m_nEditedCel = -1;
   bool m_bFixedTextHeight = false;

@@ -162,12 +162,12 @@ TEST_F(LayoutListEditDlg, TheCelThatIsEditedIsNotPainted) {
     Click(dialog, 1);
     const CRect image = ClientRectOf(Control(dialog, kImage));
     const CPoint centre = CentreOf(dialog, 1);
-    const auto tint = [&] {
-      return Image(dialog).At(centre.x - image.left, centre.y - image.top);
-    };
-    EXPECT_EQ(tint(), 0xFFE2E2U);
+    const int border = image.Width() / 3;  // on the left of the cell, where its field does not lie
+    const auto pixel = [&](int x) { return Image(dialog).At(x, centre.y - image.top); };
+    EXPECT_EQ(pixel(centre.x - image.left), 0xFFE2E2U);
+    EXPECT_EQ(pixel(border), 0xFF0000U);
     Command(dialog, IDM_EDIT_TEXT);
-    EXPECT_EQ(tint(), kWhite);
+    EXPECT_EQ(pixel(border), 0x000000U);
     Cancel(dialog);
     Cancel(dialog);
   });
