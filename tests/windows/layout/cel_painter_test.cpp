@@ -47,7 +47,7 @@ public:
     const int length = std::max(to.x - from.x, to.y - from.y);
     int count = 0;
     for (int i = 0; i < length; ++i) {
-      count += At(from.x + (to.x > from.x ? i : 0), from.y + (to.y > from.y ? i : 0)) == color;
+      count += At(from.x + (to.x > from.x ? i : 0), from.y + (to.y > from.y ? i : 0)) == color ? 1 : 0;
     }
     return count;
   }
@@ -101,12 +101,26 @@ TEST_F(CelPainting, AFramedCelDoesNotAskWhichLinesAreShown) {
   EXPECT_EQ(m_canvas.At(50, 10), kBlack);
 }
 
+struct Edge {
+  void (CLayoutCelData::*show)(int) = nullptr;
+  CPoint from;
+  CPoint to;
+};
+
+/// Solid and two pixels wide, or dotted and one.
+void ExpectEdge(const Canvas& canvas, const Edge& edge, std::uint32_t color, bool shown) {
+  const bool across = edge.from.y == edge.to.y;
+  const int length = across ? edge.to.x - edge.from.x : edge.to.y - edge.from.y;
+  const CPoint from(edge.from.x - (across ? 0 : 1), edge.from.y - (across ? 1 : 0));
+  const CPoint to(edge.to.x - (across ? 0 : 1), edge.to.y - (across ? 1 : 0));
+  const int drawn = canvas.Count(edge.from, edge.to, color);
+  const int beside = canvas.Count(from, to, color);
+  EXPECT_EQ(beside, shown ? length : 0);
+  EXPECT_EQ(drawn == length, shown);
+  EXPECT_GT(drawn, length / 4);
+}
+
 TEST_F(CelPainting, EachShownEdgeIsSolidAndEachHiddenOneDotted) {
-  struct Edge {
-    void (CLayoutCelData::*show)(int);
-    CPoint from;
-    CPoint to;
-  };
   const std::array edges{Edge{&CLayoutCelData::SetShowLineVT, {24, 10}, {76, 10}},
                          Edge{&CLayoutCelData::SetShowLineVB, {24, 50}, {76, 50}},
                          Edge{&CLayoutCelData::SetShowLineHR, {80, 14}, {80, 46}},
@@ -118,20 +132,7 @@ TEST_F(CelPainting, EachShownEdgeIsSolidAndEachHiddenOneDotted) {
       (m_cel.*hidden.show)(0);
       m_canvas.Draw(m_cel, CelStyle::kRuled, kind);
       for (const Edge& edge : edges) {
-        const int length = std::max(edge.to.x - edge.from.x, edge.to.y - edge.from.y);
-        const int drawn = m_canvas.Count(edge.from, edge.to, color);
-        const bool across = edge.from.y == edge.to.y;
-        const int beside =
-            m_canvas.Count({edge.from.x - (across ? 0 : 1), edge.from.y - (across ? 1 : 0)},
-                           {edge.to.x - (across ? 0 : 1), edge.to.y - (across ? 1 : 0)}, color);
-        if (&edge == &hidden) {
-          EXPECT_GT(drawn, length / 4);
-          EXPECT_LT(drawn, length);
-          EXPECT_EQ(beside, 0);
-        } else {
-          EXPECT_EQ(drawn, length);
-          EXPECT_EQ(beside, length);
-        }
+        ExpectEdge(m_canvas, edge, color, &edge != &hidden);
       }
     }
   }
@@ -164,12 +165,12 @@ TEST_F(CelPainting, LettersAreScaledOrElevenPixelsHigh) {
   fixed.fixedHeight = true;
   std::array<int, 2> fixedHeights{};
   std::array<int, 2> scaledHeights{};
-  for (const int i : {0, 1}) {
-    m_cel.GetFont()->SetV(i == 0 ? 3.0 : 9.0);
+  for (const std::size_t at : {0U, 1U}) {
+    m_cel.GetFont()->SetV(at == 0 ? 3.0 : 9.0);
     m_canvas.Draw(m_cel, CelStyle::kRuled, kNormalCel, fixed);
-    fixedHeights[static_cast<std::size_t>(i)] = m_canvas.LetterHeight(kWhite);
+    fixedHeights[at] = m_canvas.LetterHeight(kWhite);
     m_canvas.Draw(m_cel, CelStyle::kRuled, kNormalCel);
-    scaledHeights[static_cast<std::size_t>(i)] = m_canvas.LetterHeight(kWhite);
+    scaledHeights[at] = m_canvas.LetterHeight(kWhite);
   }
   EXPECT_EQ(fixedHeights[0], fixedHeights[1]);
   EXPECT_GT(fixedHeights[0], 5);

@@ -52,7 +52,7 @@ std::vector<int> Enabled(HWND dialog) {
   std::vector<int> commands;
   const HWND bar = ToolBars(dialog).at(0);
   for (const TBBUTTON& button : Buttons(bar)) {
-    const WPARAM command = static_cast<WPARAM>(button.idCommand);
+    const auto command = static_cast<WPARAM>(button.idCommand);
     if (button.fsStyle != BTNS_SEP && ::SendMessageW(bar, TB_ISBUTTONENABLED, command, 0) != 0) {
       commands.push_back(button.idCommand);
     }
@@ -290,7 +290,7 @@ struct ShownItem {
 
 std::vector<ShownItem> MenuItems(HWND menuWindow) {
   constexpr UINT kGetMenu = 0x01E1;  // MN_GETHMENU
-  const HMENU menu = reinterpret_cast<HMENU>(::SendMessageW(menuWindow, kGetMenu, 0, 0));
+  auto* const menu = reinterpret_cast<HMENU>(::SendMessageW(menuWindow, kGetMenu, 0, 0));
   std::vector<ShownItem> items;
   for (int i = 0; i < ::GetMenuItemCount(menu); ++i) {
     std::array<wchar_t, 64> text{};
@@ -467,7 +467,7 @@ TEST_F(LayoutEditCommands, CancelKeepsTheColourChoicesAlone) {
 TEST_F(LayoutEditCommands, TheArrowsShowTheirPicture) {
   Run([](HWND dialog, const PageOnScreen&) {
     for (const int arrow : {kTextArrow, kBackArrow}) {
-      const auto bitmap = reinterpret_cast<HBITMAP>(
+      auto* const bitmap = reinterpret_cast<HBITMAP>(
           ::SendMessageW(Control(dialog, arrow), BM_GETIMAGE, IMAGE_BITMAP, 0));
       BITMAP size{};
       ASSERT_NE(::GetObjectW(bitmap, sizeof size, &size), 0);

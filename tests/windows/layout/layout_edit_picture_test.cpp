@@ -346,7 +346,7 @@ TEST_F(LayoutEditPicture, EachDragHasItsCursor) {
       ::ClientToScreen(dialog, &onScreen);
       ::SetCursorPos(onScreen.x, onScreen.y);
       const LPARAM hit = MAKELPARAM(HTCLIENT, WM_MOUSEMOVE);
-      const WPARAM window = reinterpret_cast<WPARAM>(dialog);
+      const auto window = reinterpret_cast<WPARAM>(dialog);
       ::SendMessageW(dialog, WM_SETCURSOR, window, hit);
       EXPECT_NE(::GetCursor(), cursor(id));
       page.Press(point);

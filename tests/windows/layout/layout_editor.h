@@ -7,7 +7,7 @@
 #include <quorvel/quorvel.h>
 
 #include <algorithm>
-#include <optional>
+#include <cmath>
 #include <string>
 #include <utility>
 #include <vector>
@@ -73,7 +73,7 @@ struct LayoutEditor {
 /// The picture of a page in the dialog, computed from the page alone. Points are of the control.
 class PageOnScreen {
 public:
-  PageOnScreen(HWND dialog, CLayoutPageData page) : m_dialog(dialog), m_page(std::move(page)) {
+  PageOnScreen(HWND dialog, const CLayoutPageData& page) : m_dialog(dialog), m_page(page) {
     constexpr double kMmPerInch = 25.4;
     const CRect control = ClientRectOf(Control(dialog, layout_editor::kImage));
     m_origin = control.TopLeft();
@@ -82,10 +82,8 @@ public:
     const double dotsX = ::GetDeviceCaps(screen, LOGPIXELSX);
     const double dotsY = ::GetDeviceCaps(screen, LOGPIXELSY);
     ::ReleaseDC(nullptr, screen);
-    const int width = std::max(
-        static_cast<int>(m_page.GetAllLengthCol() / kMmPerInch * dotsX + 0.5), 1);
-    const int height = std::max(
-        static_cast<int>(m_page.GetAllLengthRow() / kMmPerInch * dotsY + 0.5), 1);
+    const int width = std::max(std::lround(m_page.GetAllLengthCol() / kMmPerInch * dotsX), 1L);
+    const int height = std::max(std::lround(m_page.GetAllLengthRow() / kMmPerInch * dotsY), 1L);
     const double across = static_cast<double>(area.Width()) / width;
     const double upright = static_cast<double>(area.Height()) / height;
     if (upright > across) {
