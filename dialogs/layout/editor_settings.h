@@ -19,6 +19,9 @@ enum class FirstTest {
   kCel,     ///< a cell, taken smaller on all sides, then a border
 };
 
+/// The lower corner of a colour's arrow at which the colours to choose from open.
+enum class ColorsOpenAt { kRightCorner, kLeftCorner };
+
 /// An item of the menu of a cell; a line where it has no command.
 struct CelMenuItem {
   UINT nCommand = 0;
@@ -36,6 +39,7 @@ struct EditorSettings {
   bool asksToDelete;    ///< before a row or a column goes
   /// The menu offers ruled lines where a column can be inserted, instead of where a cell is selected.
   bool linesWithColumns;
+  ColorsOpenAt colorsOpenAt;
   std::span<const TOOLITEM> celTools;
   std::span<const CelMenuItem> celMenu;
   const char* fileExtension;  ///< of layout files; null where there are none
@@ -103,6 +107,7 @@ inline constexpr EditorSettings kGridEditor{
     .appendSetting = nullptr,
     .asksToDelete = false,
     .linesWithColumns = false,
+    .colorsOpenAt = ColorsOpenAt::kRightCorner,
     .celTools = kGridCelTools,
     .celMenu = kGridCelMenu,
     .fileExtension = "*.mtpld",
@@ -120,6 +125,7 @@ inline constexpr EditorSettings kExtendedEditor{
     .appendSetting = "MacroIns",
     .asksToDelete = true,
     .linesWithColumns = false,
+    .colorsOpenAt = ColorsOpenAt::kRightCorner,
     .celTools = kBlockCelTools,
     .celMenu = kBlockCelMenu,
     .fileExtension = "*.mtpld2",
@@ -137,6 +143,7 @@ inline constexpr EditorSettings kListEditor{
     .appendSetting = "MacroIns",
     .asksToDelete = false,
     .linesWithColumns = true,
+    .colorsOpenAt = ColorsOpenAt::kLeftCorner,
     .celTools = kBlockCelTools,
     .celMenu = kBlockCelMenu,
     .fileExtension = nullptr,

@@ -192,6 +192,7 @@ void CLayoutExEditDlg::OnPageChanged() {
 void CLayoutExEditDlg::OnSizeLeft() {
   if (ReadField()) {
     ApplySizes();
+    EnableUsed();  // a field that was refused keeps its block's fields enabled until it is mended
   }
 }
 

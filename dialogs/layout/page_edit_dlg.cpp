@@ -577,7 +577,8 @@ void CPageEditDlg::OnChooseBackColor() {
 void CPageEditDlg::PickColor(int arrowId, CKivColorButton& button, CelCommand apply) {
   RECT arrow{};
   ::GetWindowRect(GetDlgItem(arrowId), &arrow);
-  CPoint corner(arrow.right, arrow.bottom);
+  const bool atRight = m_settings.colorsOpenAt == quorvel::ColorsOpenAt::kRightCorner;
+  CPoint corner(atRight ? arrow.right : arrow.left, arrow.bottom);
   CSelColorDlg dialog(m_host.env, button.m_color, &corner, this);
   if (dialog.DoModal() == IDOK) {
     button.Recolor(dialog.m_color);

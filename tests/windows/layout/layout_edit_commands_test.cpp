@@ -3,8 +3,6 @@
 #include "res/ids.h"
 #include "support/colour_environment.h"
 
-#include <commctrl.h>
-
 #include <array>
 #include <functional>
 #include <string>
@@ -14,7 +12,6 @@ namespace quorvel::test {
 namespace {
 
 using layout_editor::kImage;
-using layout_editor::kTextEdit;
 using Cels = std::vector<int>;
 
 constexpr int kTextColour = 2041;
@@ -27,38 +24,6 @@ constexpr int kColourTabs = 1000;
 constexpr int kRedField = 110;
 constexpr int kFontSample = 1136;  // the list of faces
 constexpr int kFontVertical = 2007;
-
-/// The tool bars from left to right.
-std::vector<HWND> ToolBars(HWND dialog) {
-  std::vector<HWND> bars;
-  for (HWND bar = nullptr;
-       (bar = ::FindWindowExW(dialog, bar, TOOLBARCLASSNAMEW, nullptr)) != nullptr;) {
-    bars.push_back(bar);
-  }
-  return bars;
-}
-
-std::vector<TBBUTTON> Buttons(HWND bar) {
-  std::vector<TBBUTTON> buttons(
-      static_cast<std::size_t>(::SendMessageW(bar, TB_BUTTONCOUNT, 0, 0)));
-  for (std::size_t i = 0; i < buttons.size(); ++i) {
-    ::SendMessageW(bar, TB_GETBUTTON, i, reinterpret_cast<LPARAM>(&buttons[i]));
-  }
-  return buttons;
-}
-
-/// The commands of the cell tool bar that are enabled.
-std::vector<int> Enabled(HWND dialog) {
-  std::vector<int> commands;
-  const HWND bar = ToolBars(dialog).at(0);
-  for (const TBBUTTON& button : Buttons(bar)) {
-    const auto command = static_cast<WPARAM>(button.idCommand);
-    if (button.fsStyle != BTNS_SEP && ::SendMessageW(bar, TB_ISBUTTONENABLED, command, 0) != 0) {
-      commands.push_back(button.idCommand);
-    }
-  }
-  return commands;
-}
 
 const std::vector<int> kAlways{31000, 31001, 31002, 31003, 31004, 31005, 31006, 31007};
 
@@ -84,34 +49,12 @@ TEST_F(LayoutEditCommands, TheToolBarsHaveTheirButtons) {
   Run([](HWND dialog, const PageOnScreen&) {
     const std::vector<HWND> bars = ToolBars(dialog);
     ASSERT_EQ(bars.size(), 2U);
-    constexpr std::array<std::pair<int, int>, 13> kExpected{{{31000, 0},
-                                                             {31001, 1},
-                                                             {0, 0},
-                                                             {31002, 2},
-                                                             {31003, 3},
-                                                             {31004, 4},
-                                                             {0, 0},
-                                                             {31005, 5},
-                                                             {31006, 6},
-                                                             {31007, 7},
-                                                             {0, 0},
-                                                             {31009, 9},
-                                                             {31010, 10}}};
-    const std::vector<TBBUTTON> buttons = Buttons(bars[0]);
-    ASSERT_EQ(buttons.size(), kExpected.size());
-    for (std::size_t i = 0; i < buttons.size(); ++i) {
-      EXPECT_EQ(buttons[i].fsStyle == BTNS_SEP, kExpected[i].first == 0) << i;
-      if (kExpected[i].first != 0) {
-        EXPECT_EQ(buttons[i].idCommand, kExpected[i].first);
-        EXPECT_EQ(buttons[i].iBitmap, kExpected[i].second);
-      }
-    }
-    const std::vector<TBBUTTON> files = Buttons(bars[1]);
-    ASSERT_EQ(files.size(), 2U);
-    EXPECT_EQ(files[0].idCommand, 31011);
-    EXPECT_EQ(files[0].iBitmap, 0);
-    EXPECT_EQ(files[1].idCommand, 31012);
-    EXPECT_EQ(files[1].iBitmap, 1);
+    const std::vector<ToolButton> cellTools{{31000, 0}, {31001, 1}, {}, {31002, 2},
+                                            {31003, 3}, {31004, 4}, {}, {31005, 5},
+                                            {31006, 6}, {31007, 7}, {}, {31009, 9},
+                                            {31010, 10}};
+    EXPECT_EQ(ToolButtons(bars[0]), cellTools);
+    EXPECT_EQ(ToolButtons(bars[1]), std::vector<ToolButton>({{31011, 0}, {31012, 1}}));
     for (const HWND bar : bars) {
       EXPECT_EQ(::GetWindowLongPtrW(bar, GWL_STYLE) & 0x50000944, 0x50000944);
     }
@@ -128,15 +71,15 @@ TEST_F(LayoutEditCommands, TheToolBarsHaveTheirButtons) {
 
 TEST_F(LayoutEditCommands, WhatIsPossibleDependsOnTheSelection) {
   Run([](HWND dialog, const PageOnScreen& page) {
-    EXPECT_EQ(Enabled(dialog), std::vector<int>());
+    EXPECT_EQ(EnabledTools(dialog), std::vector<int>());
     page.ClickCel(5);
-    EXPECT_EQ(Enabled(dialog), kAlways);
+    EXPECT_EQ(EnabledTools(dialog), kAlways);
     page.DragCels(1, 6);
-    EXPECT_EQ(Enabled(dialog), AlwaysAnd(31009));
+    EXPECT_EQ(EnabledTools(dialog), AlwaysAnd(31009));
     Command(dialog, IDM_MERGE_CELLS);
-    EXPECT_EQ(Enabled(dialog), AlwaysAnd(31010));
+    EXPECT_EQ(EnabledTools(dialog), AlwaysAnd(31010));
     Command(dialog, IDM_SPLIT_CELLS);
-    EXPECT_EQ(Enabled(dialog), std::vector<int>());
+    EXPECT_EQ(EnabledTools(dialog), std::vector<int>());
     Cancel(dialog);
   });
 }
@@ -144,7 +87,7 @@ TEST_F(LayoutEditCommands, WhatIsPossibleDependsOnTheSelection) {
 TEST_F(LayoutEditCommands, ASelectionFromBeforeCounts) {
   m_editor.Select({1, 2});
   Run([](HWND dialog, const PageOnScreen&) {
-    EXPECT_EQ(Enabled(dialog), AlwaysAnd(31009));
+    EXPECT_EQ(EnabledTools(dialog), AlwaysAnd(31009));
     Cancel(dialog);
   });
 }
@@ -267,12 +210,12 @@ TEST_F(LayoutEditCommands, TheFontCommandEndsTheTextField) {
   script.When(Painted(DialogWithControl(kImage)), [&](HWND dialog) {
     PageOnScreen(dialog, m_editor.page).ClickCel(0);
     Command(dialog, IDM_EDIT_TEXT);
-    ::SendMessageW(Control(dialog, kTextEdit), WM_CHAR, L'a', 0);
+    ::SendMessageW(Control(dialog, kCelTextEdit), WM_CHAR, L'a', 0);
     ::PostMessageW(dialog, WM_COMMAND, IDM_EDIT_FONT, 0);
   });
   script.When(Painted(DialogWithControl(kFontSample)), Cancel);
   script.When(DialogWithControl(kImage), [](HWND dialog) {
-    EXPECT_EQ(::GetDlgItem(dialog, kTextEdit), nullptr);
+    EXPECT_EQ(::GetDlgItem(dialog, kCelTextEdit), nullptr);
     Confirm(dialog);
   });
   EXPECT_TRUE(m_editor.Run(script));
@@ -280,27 +223,6 @@ TEST_F(LayoutEditCommands, TheFontCommandEndsTheTextField) {
 }
 
 // ---- The menu of a cell
-
-struct ShownItem {
-  UINT command;
-  std::wstring text;
-  bool enabled;
-  friend bool operator==(const ShownItem&, const ShownItem&) = default;
-};
-
-std::vector<ShownItem> MenuItems(HWND menuWindow) {
-  constexpr UINT kGetMenu = 0x01E1;  // MN_GETHMENU
-  auto* const menu = reinterpret_cast<HMENU>(::SendMessageW(menuWindow, kGetMenu, 0, 0));
-  std::vector<ShownItem> items;
-  for (int i = 0; i < ::GetMenuItemCount(menu); ++i) {
-    std::array<wchar_t, 64> text{};
-    ::GetMenuStringW(menu, static_cast<UINT>(i), text.data(), static_cast<int>(text.size()),
-                     MF_BYPOSITION);
-    const UINT state = ::GetMenuState(menu, static_cast<UINT>(i), MF_BYPOSITION);
-    items.push_back({::GetMenuItemID(menu, i), text.data(), (state & MF_GRAYED) == 0});
-  }
-  return items;
-}
 
 std::vector<ShownItem> ExpectedItems(bool merge, bool split) {
   return {{31000, L"ﾃｷｽﾄ編集(&T)", true},
@@ -326,7 +248,7 @@ TEST_F(LayoutEditCommands, TheMenuOfASelectedCel) {
     PressKey(menu, L'N');
   });
   script.When(DialogWithControl(kImage), [&](HWND dialog) {
-    EXPECT_EQ(Enabled(dialog), AlwaysAnd(31010));
+    EXPECT_EQ(EnabledTools(dialog), AlwaysAnd(31010));
     RightClick(dialog, PageOnScreen(dialog, m_editor.page), 1);
   });
   script.When(MenuShown(), [](HWND menu) {
@@ -359,8 +281,8 @@ TEST_F(LayoutEditCommands, TheMenuKeyOpensItToo) {
     EXPECT_EQ(MenuItems(menu).size(), 4U);
     PressKey(menu, L'T');
   });
-  script.When(DialogWithControl(kTextEdit), [](HWND dialog) {
-    TypeText(Control(dialog, kTextEdit), L"b");
+  script.When(DialogWithControl(kCelTextEdit), [](HWND dialog) {
+    TypeText(Control(dialog, kCelTextEdit), L"b");
     Click(dialog, IDOK);
   });
   EXPECT_TRUE(m_editor.Run(script));
@@ -480,16 +402,8 @@ TEST_F(LayoutEditCommands, TheArrowsShowTheirPicture) {
 
 // ---- Insertions
 
-void Choose(HWND dialog, int item) {
-  const HWND list = Control(dialog, kInsertion);
-  ::SendMessageW(list, CB_SETCURSEL, static_cast<WPARAM>(item), 0);
-  ::SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(kInsertion, CBN_SELCHANGE),
-                 reinterpret_cast<LPARAM>(list));
-}
-
-LRESULT Chosen(HWND dialog) {
-  return ::SendMessageW(Control(dialog, kInsertion), CB_GETCURSEL, 0, 0);
-}
+void Choose(HWND dialog, int item) { ChooseItem(dialog, kInsertion, item); }
+LRESULT Chosen(HWND dialog) { return ChosenItem(dialog, kInsertion); }
 
 class LayoutEditInsertions : public LayoutEditCommands {
 protected:

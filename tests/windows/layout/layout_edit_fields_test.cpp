@@ -3,8 +3,6 @@
 #include "res/ids.h"
 #include "support/templates.h"
 
-#include <commctrl.h>
-
 #include <array>
 #include <filesystem>
 #include <fstream>
@@ -18,7 +16,6 @@ namespace {
 
 using layout_editor::kDotsPerMm;
 using layout_editor::kImage;
-using layout_editor::kTextEdit;
 
 constexpr int kRows = 2011;
 constexpr int kColumns = 2022;
@@ -34,12 +31,6 @@ constexpr int kEqualColumns = 10003;
 constexpr int kType = 1;
 constexpr int kColour = 2;
 constexpr int kLineWidth = 3;
-
-void Press(HWND dialog, int id) { ::SendMessageW(Control(dialog, id), BM_CLICK, 0, 0); }
-
-bool IsChecked(HWND dialog, int id) {
-  return ::SendMessageW(Control(dialog, id), BM_GETCHECK, 0, 0) == BST_CHECKED;
-}
 
 /// The editor has the focus in a field: behind a message it comes back with some delay.
 Condition Focused(int id) {
@@ -263,9 +254,9 @@ TEST_F(LayoutEditFields, ATextThatIsEditedIsNotLostWhenTheGridChanges) {
   m_editor.Run([&](HWND dialog) {
     PageOnScreen(dialog, m_editor.page).ClickCel(0);
     Command(dialog, IDM_EDIT_TEXT);
-    ::SendMessageW(Control(dialog, kTextEdit), WM_CHAR, L'a', 0);
+    ::SendMessageW(Control(dialog, kCelTextEdit), WM_CHAR, L'a', 0);
     TypeAndLeave(dialog, kRows, L"2");
-    EXPECT_EQ(::GetDlgItem(dialog, kTextEdit), nullptr);
+    EXPECT_EQ(::GetDlgItem(dialog, kCelTextEdit), nullptr);
     Confirm(dialog);
   });
   EXPECT_EQ(m_editor.TextOf(0), "a");
@@ -429,32 +420,13 @@ TEST_F(LayoutEditLines, CancelChangesNothing) {
 
 // ---- Files
 
-constexpr int kFileName = 1148;  // of the platform's dialog
-
 class LayoutEditFiles : public LayoutEditFields {
 protected:
-  void SetUp() override {
-    std::filesystem::remove_all(m_folder);
-    std::filesystem::create_directories(m_folder);
-  }
-  void TearDown() override { std::filesystem::remove_all(m_folder); }
-
-  std::wstring PathOf(const char* name) const {
-    return (m_folder / name).make_preferred().wstring();
-  }
-  static Condition FileDialogShown() { return Painted(DialogWithControl(kFileName)); }
-  static void EnterName(HWND dialog, const std::wstring& name) {
-    ::SetDlgItemTextW(dialog, kFileName, name.c_str());
-    ::PostMessageW(dialog, WM_COMMAND, IDOK, 0);
-  }
-  /// Steps that choose a file by a command.
-  void Choose(ModalScript& script, UINT command, const std::wstring& path) {
-    script.When(Painted(DialogWithControl(kImage)),
-                [command](HWND dialog) { ::PostMessageW(dialog, WM_COMMAND, command, 0); });
-    script.When(FileDialogShown(), [path](HWND dialog) { EnterName(dialog, path); });
+  void Choose(ModalScript& script, UINT command, const char* name) const {
+    ChooseFile(script, kImage, command, m_folder.PathOf(name));
   }
 
-  std::filesystem::path m_folder = std::filesystem::temp_directory_path() / L"quorvel 配置 ソ";
+  FolderOfPages m_folder;
 };
 
 TEST_F(LayoutEditFiles, ASavedPageIsOpenedAgain) {
@@ -468,16 +440,16 @@ TEST_F(LayoutEditFiles, ASavedPageIsOpenedAgain) {
   m_editor.page = saved;
   {
     ModalScript saving;
-    Choose(saving, IDM_SAVE_LAYOUT, PathOf("page.mtpld"));
+    Choose(saving, IDM_SAVE_LAYOUT, "page.mtpld");
     saving.When(DialogWithControl(kImage), Cancel);
     EXPECT_FALSE(m_editor.Run(saving));
   }
-  ASSERT_TRUE(std::filesystem::exists(m_folder / "page.mtpld"));
+  ASSERT_TRUE(std::filesystem::exists(m_folder.Path() / "page.mtpld"));
 
   m_editor = LayoutEditor(3, 4, 60.0, 160.0);
   m_editor.Select({0, 1});
   ModalScript opening;
-  Choose(opening, IDM_OPEN_LAYOUT, PathOf("page.mtpld"));
+  Choose(opening, IDM_OPEN_LAYOUT, "page.mtpld");
   opening.When(Painted(DialogWithControl(kImage)), [&](HWND dialog) {
     EXPECT_EQ(Text(dialog, kRows), L"2");
     EXPECT_EQ(Text(dialog, kColumns), L"5");
@@ -500,14 +472,14 @@ TEST_F(LayoutEditFiles, SavingWritesWhatTheCommandsChangedAndNotTheMargin) {
     PageOnScreen(dialog, m_editor.page).ClickCel(0);
     Command(dialog, IDM_ALIGN_BOTTOM);
     Command(dialog, IDM_EDIT_TEXT);
-    ::SendMessageW(Control(dialog, kTextEdit), WM_CHAR, L'x', 0);
+    ::SendMessageW(Control(dialog, kCelTextEdit), WM_CHAR, L'x', 0);
     ::SetWindowTextW(Control(dialog, kMargin), L"9");
   });
-  Choose(script, IDM_SAVE_LAYOUT, PathOf("page.mtpld"));
+  Choose(script, IDM_SAVE_LAYOUT, "page.mtpld");
   script.When(DialogWithControl(kImage), Cancel);
   EXPECT_FALSE(m_editor.Run(script));
   CLayoutPageData saved;
-  ASSERT_TRUE(saved.OpenFileW(PathOf("page.mtpld").c_str()));
+  ASSERT_TRUE(saved.OpenFileW(m_folder.PathOf("page.mtpld").c_str()));
   EXPECT_EQ(saved.GetCelAt(0)->GetFont()->GetVPos(), 2);
   EXPECT_STREQ(saved.GetCelAt(0)->GetText(), "x");
   EXPECT_EQ(saved.GetMargin(), 0.0F);
@@ -526,13 +498,13 @@ TEST_F(LayoutEditFiles, NothingIsSavedWhileAFieldIsRefused) {
 
 TEST_F(LayoutEditFiles, AFileThatIsNoneOfThisKindIsRefused) {
   CLayoutExPageData other;
-  ASSERT_TRUE(other.SaveFileW(PathOf("other.mtpld").c_str()));
-  std::ofstream(m_folder / "damaged.mtpld") << "damaged";
+  ASSERT_TRUE(other.SaveFileW(m_folder.PathOf("other.mtpld").c_str()));
+  std::ofstream(m_folder.Path() / "damaged.mtpld") << "damaged";
   for (const char* name : {"other.mtpld", "damaged.mtpld"}) {
     m_editor = LayoutEditor(3, 4, 60.0, 160.0);
     m_editor.Cel(0).SetText("前のまま");
     ModalScript script;
-    Choose(script, IDM_OPEN_LAYOUT, PathOf(name));
+    Choose(script, IDM_OPEN_LAYOUT, name);
     script.When(MessageBoxShown(), [](HWND box) {
       EXPECT_EQ(Text(box, 0xFFFF), L"ﾌｧｲﾙが正常に読み込み出来ません。");
       Click(box, IDOK);
@@ -555,7 +527,7 @@ TEST_F(LayoutEditFiles, ACancelledFileDialogChangesNothing) {
     script.When(DialogWithControl(kImage), Confirm);
     EXPECT_TRUE(m_editor.Run(script));
   }
-  EXPECT_TRUE(std::filesystem::is_empty(m_folder));
+  EXPECT_TRUE(std::filesystem::is_empty(m_folder.Path()));
 }
 
 // ---- The dialog

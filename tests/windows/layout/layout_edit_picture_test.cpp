@@ -14,7 +14,6 @@ namespace quorvel::test {
 namespace {
 
 using layout_editor::kImage;
-using layout_editor::kTextEdit;
 using Cels = std::vector<int>;
 
 constexpr std::uint32_t kGrey = 0xBFBFBF;
@@ -22,7 +21,7 @@ constexpr std::uint32_t kWhite = 0xFFFFFF;
 constexpr std::uint32_t kBlack = 0x000000;
 constexpr std::uint32_t kRed = 0xFF0000;
 
-HWND TextEdit(HWND dialog) { return ::GetDlgItem(dialog, kTextEdit); }
+HWND TextEdit(HWND dialog) { return ::GetDlgItem(dialog, kCelTextEdit); }
 
 Picture Image(HWND dialog) {
   ::UpdateWindow(Control(dialog, kImage));
@@ -778,7 +777,7 @@ TEST_F(LayoutEditPicture, F2EditsAndConfirmingStoresWhatIsTyped) {
     PageOnScreen(dialog, m_editor.page).ClickCel(4);
     PressKey(Control(dialog, IDOK), VK_F2);
   });
-  script.When(DialogWithControl(kTextEdit), [](HWND dialog) {
+  script.When(DialogWithControl(kCelTextEdit), [](HWND dialog) {
     TypeText(TextEdit(dialog), L"確認");
     Click(dialog, IDOK);
   });

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "framework/geometry.h"
-#include "support/work.h"
+#include "layout/editor_tools.h"
 
 #include <quorvel/quorvel.h>
 
@@ -18,7 +18,6 @@ namespace layout_editor {
 
 inline constexpr double kDotsPerMm = 11.811;
 inline constexpr int kImage = 2040;
-inline constexpr int kTextEdit = 200;
 
 }  // namespace layout_editor
 
@@ -141,15 +140,5 @@ private:
   double m_pixelsPerMm = 1.0;
   std::vector<CRect> m_table;
 };
-
-/// A command of a tool bar or a menu, carried out when the call returns.
-inline void Command(HWND dialog, UINT command) { ::SendMessageW(dialog, WM_COMMAND, command, 0); }
-
-/// Puts a text into a field and leaves it: the focus goes to the OK button.
-inline void TypeAndLeave(HWND dialog, int id, const wchar_t* text) {
-  ::SetFocus(Control(dialog, id));
-  ::SetWindowTextW(Control(dialog, id), text);
-  ::SetFocus(Control(dialog, IDOK));
-}
 
 }  // namespace quorvel::test

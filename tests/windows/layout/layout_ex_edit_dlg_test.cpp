@@ -2,11 +2,9 @@
 #include "driver/picture.h"
 #include "res/ids.h"
 #include "support/colour_environment.h"
+#include "support/held_key.h"
 
 #include <array>
-#include <cmath>
-#include <functional>
-#include <limits>
 #include <string>
 #include <vector>
 
@@ -16,112 +14,11 @@ namespace {
 using namespace extended_editor;
 using Cels = std::vector<int>;
 
-constexpr int kHeaderUse = 4032;
-constexpr int kListUse = 4034;
-constexpr int kFooterUse = 4036;
-constexpr int kWidth = 2024;
-constexpr int kColumns = 2022;
-constexpr int kOffset = 4045;
-constexpr int kRepeat = 4041;
 constexpr int kListEditorImage = 4031;
-constexpr std::array kHeights{4037, 4040, 4043};
-constexpr std::array kRows{4038, 4039, 4042};
-constexpr std::array kEqual{10004, 10005, 10006};
 constexpr std::uint32_t kBlack = 0x000000;
 constexpr std::uint32_t kRed = 0xFF0000;
 
-/// The three pictures, computed from the page alone.
-class PagesOnScreen {
-public:
-  PagesOnScreen(HWND dialog, const CLayoutExPageData& page) : m_dialog(dialog), m_page(page) {
-    constexpr double kMmPerInch = 25.4;
-    constexpr double kDots = 96.0;
-    const auto pixels = [&](double mm) {
-      return std::max(static_cast<int>(mm / kMmPerInch * kDots + 0.5), 1);
-    };
-    double scale = std::numeric_limits<double>::max();
-    for (std::size_t i = 0; i < kBlocks.size(); ++i) {
-      m_controls[i] = ClientRectOf(Control(dialog, kImages[i]));
-      scale = std::min({scale,
-                        static_cast<double>(m_controls[i].Width() - 2) /
-                            pixels(m_page.GetAllLengthCol()),
-                        static_cast<double>(m_controls[i].Height() - 2) /
-                            pixels(m_page.GetAllLengthRow(kBlocks[i]))});
-    }
-    for (std::size_t i = 0; i < kBlocks.size(); ++i) {
-      const int width = static_cast<int>(pixels(m_page.GetAllLengthCol()) * scale);
-      const int height = static_cast<int>(pixels(m_page.GetAllLengthRow(kBlocks[i])) * scale);
-      const CPoint corner(1 + (m_controls[i].Width() - 2 - width) / 2,
-                          1 + (m_controls[i].Height() - 2 - height) / 2);
-      m_areas[i] = CRect(corner, CSize(width, height));
-      m_tables[i].resize(static_cast<std::size_t>(m_page.GetCelSize(kBlocks[i])));
-      m_page.InitCelRect(kBlocks[i], &m_areas[i], m_tables[i].data());
-    }
-  }
-
-  /// Of a picture's control.
-  CRect RectOf(int block, int index) const {
-    CRect rect;
-    const auto at = static_cast<std::size_t>(block);
-    EXPECT_TRUE(m_page.GetCelRect(kBlocks[at], &rect, m_tables[at].data(), index, nullptr, nullptr));
-    return rect;
-  }
-  const CRect& Area(int block) const { return m_areas[static_cast<std::size_t>(block)]; }
-  CPoint CentreOf(int block, int index) const {
-    const CRect rect = RectOf(block, index);
-    return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
-  }
-  void Send(UINT message, WPARAM keys, int block, const CPoint& point) const {
-    const CRect& control = m_controls[static_cast<std::size_t>(block)];
-    ::SendMessageW(m_dialog, message, keys,
-                   MAKELPARAM(control.left + point.x, control.top + point.y));
-  }
-  void Press(int block, const CPoint& point) const {
-    Send(WM_LBUTTONDOWN, MK_LBUTTON, block, point);
-  }
-  void Release(int block, const CPoint& point) const { Send(WM_LBUTTONUP, 0, block, point); }
-  void DragCels(int block, int from, int to) const {
-    Press(block, CentreOf(block, from));
-    Release(block, CentreOf(block, to));
-  }
-  void ClickCel(int block, int index) const { DragCels(block, index, index); }
-
-private:
-  HWND m_dialog;
-  CLayoutExPageData m_page;
-  std::array<CRect, 3> m_controls;
-  std::array<CRect, 3> m_areas;
-  std::array<std::vector<CRect>, 3> m_tables;
-};
-
-void Command(HWND dialog, UINT command) { ::SendMessageW(dialog, WM_COMMAND, command, 0); }
-void Press(HWND dialog, int id) { ::SendMessageW(Control(dialog, id), BM_CLICK, 0, 0); }
-void TypeAndLeave(HWND dialog, int id, const wchar_t* text) {
-  ::SetFocus(Control(dialog, id));
-  ::SetWindowTextW(Control(dialog, id), text);
-  ::SetFocus(Control(dialog, IDOK));
-}
-void Type(HWND edit, wchar_t character) {
-  ::SendMessageW(edit, WM_CHAR, static_cast<WPARAM>(character), 0);
-}
-
-class LayoutExEditDlg : public ::testing::Test {
-protected:
-  ExtendedEditor m_editor;
-
-  BOOL Run(const std::function<void(HWND, const PagesOnScreen&)>& action) {
-    return m_editor.Run([&](HWND dialog) { action(dialog, {dialog, m_editor.page}); });
-  }
-  Cels Selected(CLayoutExPageData::LISTTYPE block) const {
-    Cels cels;
-    for (int index = 0; index < m_editor.page.GetCelSize(block); ++index) {
-      if (m_editor.page.GetCelAt(block, index)->GetSelected() != 0) {
-        cels.push_back(index);
-      }
-    }
-    return cels;
-  }
-};
+using LayoutExEditDlg = ExtendedEditorTest;
 
 TEST_F(LayoutExEditDlg, AllBlocksAreShownAtOneScale) {
   Run([](HWND dialog, const PagesOnScreen& pages) {
@@ -275,7 +172,7 @@ TEST_F(LayoutExEditDlg, SwitchingBlocksLosesNoTypedText) {
     Type(Control(dialog, kTextLine), L'a');
     pages.ClickCel(2, 1);
     Command(dialog, IDM_EDIT_TEXT);
-    Type(Control(dialog, kTextEdit), L'b');
+    Type(Control(dialog, kCelTextEdit), L'b');
     EXPECT_EQ(Text(dialog, kTextLine), L"b");
     pages.ClickCel(0, 0);
     Confirm(dialog);
@@ -289,12 +186,195 @@ TEST_F(LayoutExEditDlg, ATextFieldThatWasChangedKeepsOkFromClosing) {
   Run([](HWND dialog, const PagesOnScreen& pages) {
     pages.ClickCel(1, 0);
     Command(dialog, IDM_EDIT_TEXT);
-    Type(Control(dialog, kTextEdit), L'c');
+    Type(Control(dialog, kCelTextEdit), L'c');
     Command(dialog, IDOK);
-    EXPECT_EQ(::GetDlgItem(dialog, kTextEdit), nullptr);
+    EXPECT_EQ(::GetDlgItem(dialog, kCelTextEdit), nullptr);
     Command(dialog, IDOK);
   });
   EXPECT_EQ(m_editor.TextOf(kList, 0), "c");
+}
+
+TEST_F(LayoutExEditDlg, ShiftKeepsWhatWasSelected) {
+  m_editor.Cel(kList, 6).SetText("六");
+  Run([](HWND dialog, const PagesOnScreen& pages) {
+    pages.ClickCel(1, 1);
+    {
+      const HeldKey shift(VK_SHIFT);
+      pages.ClickCel(1, 6);
+      EXPECT_EQ(Text(dialog, kTextLine), L"六");
+      pages.DragCels(1, 11, 8);
+      EXPECT_EQ(Text(dialog, kTextLine), L"");
+      EXPECT_EQ(::GetFocus(), Control(dialog, kTextLine));
+    }
+    Command(dialog, IDM_ALIGN_BOTTOM);
+    Confirm(dialog);
+  });
+  for (int index = 0; index < 12; ++index) {
+    EXPECT_EQ(m_editor.Cel(kList, index).GetFont()->GetVPos() == 2,
+              index == 1 || index == 6 || index >= 8)
+        << index;
+  }
+}
+
+TEST_F(LayoutExEditDlg, WithoutShiftAClickSelectsOneCelAndTheSecondNone) {
+  m_editor.Cel(kList, 6).SetText("六");
+  Run([](HWND dialog, const PagesOnScreen& pages) {
+    pages.DragCels(1, 0, 5);
+    pages.ClickCel(1, 6);
+    Command(dialog, IDM_ALIGN_BOTTOM);
+    pages.ClickCel(1, 6);
+    EXPECT_EQ(Text(dialog, kTextLine), L"");  // nothing is selected any more
+    EXPECT_EQ(EnabledTools(dialog), Cels());
+    Confirm(dialog);
+  });
+  EXPECT_EQ(m_editor.Cel(kList, 0).GetFont()->GetVPos(), 0);
+  EXPECT_EQ(m_editor.Cel(kList, 6).GetFont()->GetVPos(), 2);
+}
+
+TEST_F(LayoutExEditDlg, ShiftWithAClickOnTheOnlySelectedCelKeepsIt) {
+  Run([](HWND dialog, const PagesOnScreen& pages) {
+    pages.ClickCel(1, 6);
+    const HeldKey shift(VK_SHIFT);
+    pages.ClickCel(1, 6);
+    EXPECT_NE(EnabledTools(dialog), Cels());
+    Cancel(dialog);
+  });
+}
+
+TEST_F(LayoutExEditDlg, ABlocksSelectionGoesWhenAnotherIsPressed) {
+  Run([](HWND dialog, const PagesOnScreen& pages) {
+    pages.DragCels(1, 0, 5);
+    const CRect cel = pages.RectOf(0, 1);
+    pages.Press(0, {cel.right, (cel.top + cel.bottom) / 2});  // a border
+    pages.Release(0, {cel.right, (cel.top + cel.bottom) / 2});
+    Command(dialog, IDM_ALIGN_BOTTOM);
+    pages.ClickCel(1, 11);
+    Command(dialog, IDM_ALIGN_RIGHT);
+    Confirm(dialog);
+  });
+  EXPECT_EQ(m_editor.Cel(kList, 0).GetFont()->GetVPos(), 0);
+  EXPECT_EQ(m_editor.Cel(kList, 0).GetFont()->GetHPos(), 0);
+  EXPECT_EQ(m_editor.Cel(kList, 11).GetFont()->GetHPos(), 2);
+}
+
+HWND ReadOut() { return ::FindWindowW(L"CToolTip", nullptr); }
+
+TEST_F(LayoutExEditDlg, TheReadOutHasOneDecimalAndTheDragWholeMillimetres) {
+  std::wstring readOut;
+  m_editor.page.SetAllLengthCol(161.0F, 1);  // 40.25 each
+  Run([&](HWND dialog, const PagesOnScreen& pages) {
+    const CRect cel = pages.RectOf(2, 1);
+    const CPoint border(cel.right, cel.top + 3);
+    const CPoint target(border.x + static_cast<int>(7.3 * pages.PixelsPerMm()), border.y);
+    pages.Press(2, border);
+    pages.MoveTo(2, target);
+    ASSERT_NE(ReadOut(), nullptr);
+    readOut = Text(ReadOut());
+    pages.Release(2, target);
+    EXPECT_EQ(ReadOut(), nullptr);
+    Confirm(dialog);
+  });
+  EXPECT_EQ(m_editor.page.GetLengthCol(1), 47.25F);
+  EXPECT_EQ(m_editor.page.GetLengthCol(2), 33.25F);
+  EXPECT_EQ(readOut, L"47.3mm / 33.3mm");
+}
+
+TEST_F(LayoutExEditDlg, RowsComeBeforeColumnsAndEachBlockHasItsRows) {
+  Run([](HWND dialog, const PagesOnScreen& pages) {
+    const CRect cel = pages.RectOf(1, 5);
+    pages.Press(1, {cel.right, cel.bottom});
+    pages.Release(1, {cel.right, cel.bottom + static_cast<int>(4.0 * pages.PixelsPerMm())});
+    Confirm(dialog);
+  });
+  EXPECT_GT(m_editor.page.GetLengthRow(kList, 1), m_editor.page.GetLengthRow(kList, 0));
+  EXPECT_LT(m_editor.page.GetLengthRow(kList, 2), m_editor.page.GetLengthRow(kList, 0));
+  EXPECT_EQ(m_editor.page.GetLengthCol(1), 40.0F);
+  EXPECT_EQ(m_editor.page.GetLengthRow(kFooter, 0), 5.0F);
+}
+
+TEST_F(LayoutExEditDlg, TheColumnsBorderMovesInAllPictures) {
+  Run([&](HWND dialog, const PagesOnScreen& pages) {
+    const CRect cel = pages.RectOf(0, 0);
+    pages.Press(0, {cel.right, cel.top + 3});
+    const CPoint target(cel.right - static_cast<int>(10.2 * pages.PixelsPerMm()), cel.top + 3);
+    pages.Release(0, target);
+    CLayoutExPageData moved = m_editor.page;
+    moved.SetLengthCol(0, 30.0F);
+    moved.SetLengthCol(1, 50.0F);
+    const PagesOnScreen after(dialog, moved);
+    for (int block = 0; block < 3; ++block) {
+      const HWND image = Control(dialog, kImages[static_cast<std::size_t>(block)]);
+      ::UpdateWindow(image);
+      const CRect now = after.RectOf(block, 0);
+      const int middle = (now.top + now.bottom) / 2;
+      EXPECT_EQ(ReadPixels(image).At(now.right, middle), kBlack) << block;
+      EXPECT_EQ(now.right, after.RectOf(0, 0).right);
+    }
+    Confirm(dialog);
+  });
+  EXPECT_EQ(m_editor.page.GetLengthCol(0), 30.0F);
+}
+
+TEST_F(LayoutExEditDlg, HiddenLinesAreDottedAndShownOnesSolid) {
+  CLayoutCelData& cel = m_editor.Cel(kList, 5);
+  cel.SetShowLineHR(0);
+  m_editor.Cel(kList, 6).SetShowLineHL(0);
+  Run([](HWND dialog, const PagesOnScreen& pages) {
+    const HWND image = Control(dialog, kImages[1]);
+    ::UpdateWindow(image);
+    const Picture picture = ReadPixels(image);
+    const CRect rect = pages.RectOf(1, 5);
+    int black = 0;
+    for (int y = rect.top + 3; y < rect.bottom - 3; ++y) {
+      black += picture.At(rect.right, y) == kBlack ? 1 : 0;
+      EXPECT_EQ(picture.At(rect.left, y), kBlack) << y;
+    }
+    EXPECT_GT(black, 0);
+    EXPECT_LT(black, rect.Height() - 8);
+    Cancel(dialog);
+  });
+}
+
+TEST_F(LayoutExEditDlg, TheTextLineTakesACelsTextAsItIs) {
+  m_editor.Cel(kList, 0).SetText("100%s ソ&");
+  Run([](HWND dialog, const PagesOnScreen& pages) {
+    pages.ClickCel(1, 0);
+    EXPECT_EQ(Text(dialog, kTextLine), L"100%s ソ&");
+    ::SetFocus(Control(dialog, IDOK));  // left, but not changed
+    pages.ClickCel(1, 1);
+    Confirm(dialog);
+  });
+  EXPECT_EQ(m_editor.TextOf(kList, 0), "100%s ソ&");
+  EXPECT_EQ(m_editor.TextOf(kList, 1), "");
+}
+
+TEST_F(LayoutExEditDlg, AfterTheLineWasLeftTheFirstOkCloses) {
+  EXPECT_TRUE(Run([](HWND dialog, const PagesOnScreen& pages) {
+    pages.ClickCel(1, 0);
+    Type(Control(dialog, kTextLine), L'q');
+    ::SetFocus(Control(dialog, IDOK));
+    Command(dialog, IDOK);
+  }));
+  EXPECT_EQ(m_editor.TextOf(kList, 0), "q");
+}
+
+TEST_F(LayoutExEditDlg, EnterTwiceInTheLine) {
+  ModalScript script;
+  script.When(EditorShown(), [&](HWND dialog) {
+    Pages(dialog).ClickCel(1, 4);
+    TypeText(Control(dialog, kTextLine), L"図");
+    PressKey(Control(dialog, kTextLine), VK_RETURN);
+  });
+  script.When(EditorShown(), [](HWND dialog) {
+    EXPECT_EQ(Text(dialog, kTextLine), L"図");
+    TypeText(Control(dialog, kTextLine), L"面");
+    PressKey(Control(dialog, kTextLine), VK_RETURN);
+  });
+  script.When(EditorShown(), [](HWND dialog) {
+    PressKey(Control(dialog, kTextLine), VK_RETURN);
+  });
+  EXPECT_TRUE(m_editor.Run(script));
+  EXPECT_EQ(m_editor.TextOf(kList, 4), "図面");
 }
 
 TEST_F(LayoutExEditDlg, RowsAndColumnsComeAndGo) {
@@ -366,11 +446,7 @@ TEST_F(LayoutExEditDlg, CountsAndTotalsOfEachBlock) {
 TEST_F(LayoutExEditDlg, ADoubleClickOpensTheListEditorOnThePage) {
   ModalScript script;
   script.When(Painted(DialogWithControl(kTextLine)), [&](HWND dialog) {
-    const PagesOnScreen pages(dialog, m_editor.page);
-    const CRect control = ClientRectOf(Control(dialog, kImages[2]));
-    const CPoint point = pages.CentreOf(2, 1);
-    ::PostMessageW(dialog, WM_LBUTTONDBLCLK, MK_LBUTTON,
-                   MAKELPARAM(control.left + point.x, control.top + point.y));
+    Pages(dialog).DoubleClickLater(2, 1);
   });
   script.When(Painted(DialogWithTitle(L"ﾚｲｱｳﾄﾘｽﾄ編集")), [](HWND dialog) {
     const CRect image = ClientRectOf(Control(dialog, kListEditorImage));

@@ -3,10 +3,13 @@
 #include "driver/picture.h"
 #include "driver/product_state.h"
 #include "framework/code_page.h"
+#include "layout/extended_editor.h"
 #include "support/colour_environment.h"
+#include "support/held_key.h"
 #include "support/templates.h"
 
 #include <array>
+#include <cmath>
 #include <functional>
 #include <string>
 #include <vector>
@@ -19,18 +22,12 @@ constexpr double kDotsPerMm = 11.811;
 constexpr int kImage = 4031;
 constexpr int kRealText = 4032;
 constexpr int kTextLine = 4044;
-constexpr int kTextEdit = 200;
 constexpr int kInsertion = 2045;
 constexpr int kAppend = 4029;
 constexpr int kField = 4030;
 constexpr std::uint32_t kGrey = 0xBFBFBF;
 constexpr std::uint32_t kWhite = 0xFFFFFF;
 
-void Command(HWND dialog, UINT command) { ::SendMessageW(dialog, WM_COMMAND, command, 0); }
-void Press(HWND dialog, int id) { ::SendMessageW(Control(dialog, id), BM_CLICK, 0, 0); }
-void Type(HWND edit, wchar_t character) {
-  ::SendMessageW(edit, WM_CHAR, static_cast<WPARAM>(character), 0);
-}
 Picture Image(HWND dialog) {
   ::UpdateWindow(Control(dialog, kImage));
   return ReadPixels(Control(dialog, kImage));
@@ -147,8 +144,8 @@ TEST_F(LayoutListEditDlg, ADoubleClickEditsInTheCel) {
     Click(dialog, 1);
     const CPoint point = CentreOf(dialog, 1);
     ::SendMessageW(dialog, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(point.x, point.y));
-    ASSERT_NE(::GetDlgItem(dialog, kTextEdit), nullptr);
-    Type(Control(dialog, kTextEdit), L'c');
+    ASSERT_NE(::GetDlgItem(dialog, kCelTextEdit), nullptr);
+    Type(Control(dialog, kCelTextEdit), L'c');
     EXPECT_EQ(Text(dialog, kTextLine), L"c");
     Command(dialog, IDOK);
     EXPECT_EQ(TextOf(1), "c");
@@ -243,8 +240,7 @@ TEST_F(LayoutListEditDlg, MacrosAreNumberedByPlaceOrByTheirNumbers) {
   const auto choose = [&] {
     Run([&](HWND dialog) {
       Click(dialog, 0);
-      ::SendMessageW(Control(dialog, kInsertion), CB_SETCURSEL, 2, 0);
-      ::SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(kInsertion, CBN_SELCHANGE), 0);
+      ChooseItem(dialog, kInsertion, 2);
       EXPECT_EQ(Text(dialog, kTextLine), WideFromCodePage(TextOf(0)));
       Cancel(dialog);
     });
@@ -287,6 +283,291 @@ TEST_F(LayoutListEditDlg, SettingsAreKeptHoweverItEnds) {
     EXPECT_EQ(realText, confirms ? 0 : 1);
     EXPECT_EQ(appends, confirms ? 1 : 0);
   }
+}
+
+// ---- Tools and menu
+
+TEST_F(LayoutListEditDlg, TheToolBarHasItsButtonsAndItsPlace) {
+  Run([&](HWND dialog) {
+    const std::vector<HWND> bars = ToolBars(dialog);
+    ASSERT_EQ(bars.size(), 1U);
+    const std::vector<ToolButton> tools{{31000, 0}, {31001, 1}, {}, {31002, 2}, {31003, 3},
+                                        {31004, 4}, {}, {31005, 5}, {31006, 6}, {31007, 7},
+                                        {}, {31008, 8}, {31009, 9}, {31010, 10}};
+    EXPECT_EQ(ToolButtons(bars[0]), tools);
+    const RECT line = ClientRectOf(Control(dialog, kTextLine));
+    EXPECT_EQ(ClientRectOf(bars[0]).left, line.left);
+    EXPECT_EQ(ClientRectOf(bars[0]).top, line.top - 26);
+    EXPECT_EQ(EnabledTools(dialog), std::vector<int>());
+    Click(dialog, 1);
+    EXPECT_EQ(EnabledTools(dialog), std::vector<int>({31000, 31001, 31002, 31003, 31004, 31005,
+                                                      31006, 31007, 31008}));
+    Drag(dialog, 1, 2);
+    EXPECT_EQ(EnabledTools(dialog).back(), 31009);
+    Command(dialog, IDM_MERGE_CELLS);
+    EXPECT_EQ(EnabledTools(dialog).back(), 31010);
+    Cancel(dialog);
+  });
+}
+
+class LayoutListEditMenu : public LayoutListEditDlg {
+protected:
+  std::vector<ShownItem> MenuOf(int from, int to) {
+    return MenuAfter([&](HWND dialog) {
+      Drag(dialog, from, to);
+      return CentreOf(dialog, from);
+    });
+  }
+  std::vector<ShownItem> MenuOfTheOnlyCel() {
+    return MenuAfter([](HWND dialog) {
+      const CRect image = ClientRectOf(Control(dialog, kImage));
+      const CPoint centre((image.left + image.right) / 2, (image.top + image.bottom) / 2);
+      const LPARAM point = MAKELPARAM(centre.x, centre.y);
+      ::SendMessageW(dialog, WM_LBUTTONDOWN, MK_LBUTTON, point);
+      ::SendMessageW(dialog, WM_LBUTTONUP, 0, point);
+      return centre;
+    });
+  }
+
+private:
+  /// `select` tells where the menu is to open.
+  template <class Select>
+  std::vector<ShownItem> MenuAfter(Select select) {
+    std::vector<ShownItem> items;
+    ModalScript script;
+    script.When(Painted(DialogWithControl(kTextLine)), [&](HWND dialog) {
+      const CPoint point = select(dialog);
+      ::PostMessageW(dialog, WM_RBUTTONUP, 0, MAKELPARAM(point.x, point.y));
+    });
+    script.When(MenuShown(), [&](HWND menu) {
+      items = MenuItems(menu);
+      PressKey(menu, VK_ESCAPE);
+    });
+    script.When(DialogWithControl(kTextLine), Cancel);
+    Run(script);
+    return items;
+  }
+};
+
+TEST_F(LayoutListEditMenu, HasTheItemsInTheirOrder) {
+  const ShownItem line;
+  EXPECT_EQ(MenuOf(1, 2), std::vector<ShownItem>({{31000, L"ﾃｷｽﾄ編集(&T)", true},
+                                                  {31001, L"ﾌｫﾝﾄ編集(&F)", true},
+                                                  line,
+                                                  {31013, L"列挿入(&C)", true},
+                                                  {31014, L"列削除(&O)", true},
+                                                  {31015, L"選択列均等(&E)", true},
+                                                  line,
+                                                  {31016, L"行挿入(&R)", true},
+                                                  {31017, L"行削除(&O)", true},
+                                                  {31018, L"選択行均等(&Q)", false},
+                                                  line,
+                                                  {31008, L"罫線編集(&L)", true},
+                                                  {31009, L"合成(&N)", true},
+                                                  {31010, L"合成解除(&D)", false}}));
+}
+
+TEST_F(LayoutListEditMenu, OffersRuledLinesWhereAColumnCanBeInserted) {
+  MergeAll(m_page, kBlock, 1, 255);
+  m_page.SetAllLengthCol(150.0F, 1);
+  m_page.SetAllLengthRow(kBlock, 40.0F, 1);
+  const std::vector<ShownItem> items = MenuOfTheOnlyCel();
+  EXPECT_TRUE(IsOffered(items, 31000));
+  EXPECT_FALSE(IsOffered(items, 31013));
+  EXPECT_FALSE(IsOffered(items, 31008));
+}
+
+TEST_F(LayoutListEditMenu, OpensOnSelectedCelsOnly) {
+  Run([&](HWND dialog) {
+    Click(dialog, 1);
+    const CPoint point = CentreOf(dialog, 2);
+    // Would not return while a menu is open.
+    ::SendMessageW(dialog, WM_RBUTTONUP, 0, MAKELPARAM(point.x, point.y));
+    EXPECT_EQ(VisibleMenu(), nullptr);
+    Cancel(dialog);
+  });
+}
+
+// ---- The mouse
+
+TEST_F(LayoutListEditDlg, ShiftAddsNothingHere) {
+  Run([&](HWND dialog) {
+    Click(dialog, 1);
+    const HeldKey shift(VK_SHIFT);
+    Click(dialog, 3);
+    EXPECT_EQ(Cel(1).GetSelected(), 0);
+    EXPECT_EQ(Cel(3).GetSelected(), 1);
+    Cancel(dialog);
+  });
+}
+
+TEST_F(LayoutListEditDlg, ABorderIsHeldNearItAndACelDeeperInside) {
+  Run([&](HWND dialog) {
+    const CPoint centre = CentreOf(dialog, 0);
+    const CRect image = ClientRectOf(Control(dialog, kImage));
+    const int border = image.left + 1 + (image.Width() - 2) / 3;
+    const auto drag = [&](int from, int to) {
+      ::SendMessageW(dialog, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(from, centre.y));
+      ::SendMessageW(dialog, WM_LBUTTONUP, 0, MAKELPARAM(to, centre.y));
+    };
+    drag(border - 6, border - 40);
+    EXPECT_EQ(m_page.GetLengthCol(0), 50.0F);
+    EXPECT_EQ(Cel(0).GetSelected(), 1);
+    drag(border - 2, border - 42);
+    EXPECT_LT(m_page.GetLengthCol(0), 50.0F);
+    EXPECT_EQ(m_page.GetLengthCol(0), std::round(m_page.GetLengthCol(0)));
+    Cancel(dialog);
+  });
+}
+
+TEST_F(LayoutListEditDlg, TheReadOutHasWholeMillimetres) {
+  Run([&](HWND dialog) {
+    const CPoint centre = CentreOf(dialog, 0);
+    const CRect image = ClientRectOf(Control(dialog, kImage));
+    const int border = image.left + 1 + (image.Width() - 2) / 3;
+    ::SendMessageW(dialog, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(border, centre.y));
+    ::SendMessageW(dialog, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(border + 40, centre.y));
+    const HWND readOut = ::FindWindowW(L"CToolTip", nullptr);
+    ASSERT_NE(readOut, nullptr);
+    const std::wstring shown = Text(readOut);
+    ::SendMessageW(dialog, WM_LBUTTONUP, 0, MAKELPARAM(border + 40, centre.y));
+    EXPECT_EQ(::FindWindowW(L"CToolTip", nullptr), nullptr);
+    const int first = static_cast<int>(m_page.GetLengthCol(0));
+    EXPECT_EQ(shown, std::to_wstring(first) + L"mm / " + std::to_wstring(100 - first) + L"mm");
+    Cancel(dialog);
+  });
+}
+
+TEST_F(LayoutListEditDlg, TheRightButtonDuringADragAsksForExactLengths) {
+  ModalScript script;
+  script.When(Painted(DialogWithControl(kTextLine)), [&](HWND dialog) {
+    const CRect image = ClientRectOf(Control(dialog, kImage));
+    const LPARAM border = MAKELPARAM(CentreOf(dialog, 0).x, (image.top + image.bottom) / 2);
+    ::SendMessageW(dialog, WM_LBUTTONDOWN, MK_LBUTTON, border);
+    ::PostMessageW(dialog, WM_RBUTTONUP, 0, border);
+  });
+  script.When(Painted(DialogWithControl(4055)), [](HWND dialog) {
+    EXPECT_EQ(Text(dialog), L"ｾﾙｻｲｽﾞ編集");
+    EXPECT_EQ(Text(dialog, 4055), L"20.0");
+    ReplaceText(Control(dialog, 4055), L"12.5");
+    PressKey(Control(dialog, 4055), VK_RETURN);
+  });
+  script.When(DialogWithControl(kTextLine), [&](HWND dialog) {
+    EXPECT_EQ(m_page.GetLengthRow(kBlock, 0), 12.5F);
+    EXPECT_EQ(m_page.GetLengthRow(kBlock, 1), 27.5F);
+    Cancel(dialog);
+  });
+  Run(script);
+}
+
+TEST_F(LayoutListEditDlg, KeysEndTheTextInItsCel) {
+  for (const WPARAM key : {VK_RETURN, VK_ESCAPE, VK_LEFT, VK_RIGHT}) {
+    Cel(0).SetText("");
+    Run([&](HWND dialog) {
+      Click(dialog, 0);
+      Command(dialog, IDM_EDIT_TEXT);
+      Type(Control(dialog, kCelTextEdit), L'k');
+      for (const WPARAM other : {VK_SHIFT, VK_CONTROL, VK_UP}) {
+        ::SendMessageW(dialog, WM_KEYDOWN, other, 0);
+        EXPECT_NE(::GetDlgItem(dialog, kCelTextEdit), nullptr);
+      }
+      ::SendMessageW(dialog, WM_KEYDOWN, key, 0);
+      EXPECT_EQ(::GetDlgItem(dialog, kCelTextEdit), nullptr);
+      EXPECT_EQ(TextOf(0), "k");
+      Cancel(dialog);
+    });
+    Cel(0).SetSelected(0);
+  }
+}
+
+// ---- Commands
+
+TEST_F(LayoutListEditDlg, EqualLengthsAndNewColumnsAreThePagesOwn) {
+  m_page.SetLengthCol(0, 20.0F);
+  Run([&](HWND dialog) {
+    m_page.GetCelAt(kBlock, 1)->SetSelected(1);
+    m_page.GetCelAt(kBlock, 0)->SetSelected(1);
+    Command(dialog, IDM_EQUAL_COLUMNS);
+    EXPECT_EQ(m_page.GetLengthCol(0), 35.0F);
+    EXPECT_EQ(m_page.GetLengthCol(1), 35.0F);
+    Command(dialog, IDM_INSERT_COLUMN);
+    EXPECT_EQ(m_page.GetNumCol(), 4);
+    EXPECT_EQ(m_page.IsSelected(kBlock), 0);
+    Command(dialog, IDM_DELETE_COLUMN);  // without a selection
+    EXPECT_EQ(m_page.GetNumCol(), 4);
+    Cancel(dialog);
+  });
+  EXPECT_EQ(m_page.GetCelSize(CLayoutExPageData::LISTTYPE_HEADER),
+            m_page.GetNumRow(CLayoutExPageData::LISTTYPE_HEADER) * 4);
+}
+
+TEST_F(LayoutListEditDlg, TheFieldOfTheFirstSelectedCelGoesToAll) {
+  m_fields.Add("数量");
+  m_fields.Add("単価");
+  ModalScript script;
+  script.When(Painted(DialogWithControl(kTextLine)), [&](HWND dialog) {
+    Drag(dialog, 1, 5);
+    driver::Click(dialog, kField);
+  });
+  script.When(Painted(DialogWithControl(4046)), [](HWND dialog) {
+    ChooseItem(dialog, 4046, 1);
+    driver::Click(dialog, IDOK);
+  });
+  script.When(DialogWithControl(kTextLine), [&](HWND dialog) {
+    EXPECT_EQ(Text(dialog, kTextLine), WideFromCodePage(TextOf(1)));
+    Cancel(dialog);
+  });
+  Run(script);
+  EXPECT_NE(TextOf(1).find("単価"), std::string::npos);
+  for (const int index : {2, 4, 5}) {
+    EXPECT_EQ(TextOf(index), TextOf(1));
+  }
+  EXPECT_EQ(TextOf(0), "");
+}
+
+TEST_F(LayoutListEditDlg, RuledLinesOfTheBlock) {
+  ModalScript script;
+  script.When(Painted(DialogWithControl(kTextLine)), [&](HWND dialog) {
+    Cel(0).SetText("線");
+    Click(dialog, 0);
+    ::PostMessageW(dialog, WM_COMMAND, IDM_EDIT_LINES, 0);
+  });
+  script.When(Painted(DialogWithControl(4019)), [](HWND dialog) {
+    Press(dialog, 4015);
+    driver::Click(dialog, IDOK);
+  });
+  script.When(DialogWithControl(kTextLine), [&](HWND dialog) {
+    EXPECT_EQ(Text(dialog, kTextLine), L"線");
+    Cancel(dialog);
+  });
+  Run(script);
+  EXPECT_EQ(Cel(0).GetShowLineVT(), 0);
+  EXPECT_EQ(Cel(5).GetShowLineVT(), 1);
+}
+
+TEST_F(LayoutListEditDlg, TheArrowsColoursOpenAtTheirLeftCorner) {
+  constexpr int kColourTabs = 1000;
+  for (const int arrow : {2043, 2044}) {
+    ModalScript script;
+    script.When(Painted(DialogWithControl(kTextLine)), [&](HWND dialog) {
+      Click(dialog, 4);
+      driver::Click(dialog, arrow);
+    });
+    script.When(Painted(DialogWithControl(kColourTabs)), [&](HWND dialog) {
+      const RECT button = WindowRect(Control(::GetWindow(dialog, GW_OWNER), arrow));
+      EXPECT_EQ(WindowRect(dialog).left, button.left);
+      EXPECT_EQ(WindowRect(dialog).top, button.bottom);
+      ::SendMessageW(Control(dialog, kColourTabs), TCM_SETCURFOCUS, 1, 0);
+      ReplaceText(Control(ShownPage(dialog), 110), L"200");
+      driver::Click(dialog, IDOK);
+    });
+    script.When(DialogWithControl(kTextLine), Cancel);
+    Run(script);
+    Cel(4).SetSelected(0);
+  }
+  EXPECT_EQ(Cel(4).GetFont()->GetColor(), RGB(200, 0, 0));
+  EXPECT_EQ(Cel(4).GetFont()->GetBackColor(), RGB(200, 255, 255));
+  EXPECT_EQ(Cel(3).GetFont()->GetColor(), RGB(0, 0, 0));
 }
 
 }  // namespace
