@@ -1,6 +1,7 @@
 // The picture of the layout editor, and what mouse and keyboard do on it.
 #include "driver/picture.h"
 #include "layout/layout_editor.h"
+#include "layout/tip_picture.h"
 #include "res/ids.h"
 #include "support/pixels.h"
 
@@ -525,6 +526,7 @@ TEST_F(LayoutEditPicture, TheGuideLineOutlivesARepaint) {
 }
 
 TEST_F(LayoutEditPicture, TheReadOutShowsBothLengthsBesideThePointer) {
+  std::wstring expected;
   ModalScript script;
   script.When(Painted(AnyDialog()), [&](HWND dialog) {
     const PageOnScreen page(dialog, m_editor.page);
@@ -539,10 +541,15 @@ TEST_F(LayoutEditPicture, TheReadOutShowsBothLengthsBesideThePointer) {
     ::SetCursorPos(onScreen.x, onScreen.y);
     page.MoveTo(target);
     EXPECT_NE(ReadOut(), nullptr);
+    const long change = std::lround(20 / page.PixelsPerMm());
+    const auto length = [](double mm) { return std::to_wstring(std::lround(mm)) + L"mm"; };
+    expected = length(m_editor.page.GetLengthCol(2) + change) + L" / " +
+               length(m_editor.page.GetLengthCol(3) - change);
   });
   script.When({"the read-out is shown",
                [] { return ::IsWindowVisible(ReadOut()) != FALSE ? ReadOut() : nullptr; }},
-              [](HWND readOut) {
+              [&](HWND readOut) {
+                EXPECT_TRUE(ShowsLine(readOut, expected));
                 EXPECT_EQ(::GetWindow(readOut, GW_OWNER),
                           ::GetAncestor(VisibleDialogs().at(0), GA_ROOT));
               });

@@ -166,7 +166,7 @@ TEST_F(LayoutExEditMenu, OfAMergedCel) {
     pages.DragCels(1, 5, 6);
     Command(dialog, IDM_MERGE_CELLS);
   };
-  EXPECT_EQ(MenuAt(5, merge), ExpectedItems({.split = true}));
+  EXPECT_EQ(MenuAt(5, merge), ExpectedItems({.equalColumns = true, .split = true}));
 }
 
 TEST_F(LayoutExEditMenu, OfTheOnlyCel) {

@@ -1,4 +1,5 @@
 #include "layout/extended_editor.h"
+#include "layout/tip_picture.h"
 #include "driver/picture.h"
 #include "res/ids.h"
 #include "support/colour_environment.h"
@@ -260,23 +261,30 @@ TEST_F(LayoutExEditDlg, ABlocksSelectionGoesWhenAnotherIsPressed) {
 HWND ReadOut() { return ::FindWindowW(L"CToolTip", nullptr); }
 
 TEST_F(LayoutExEditDlg, TheReadOutHasOneDecimalAndTheDragWholeMillimetres) {
-  std::wstring readOut;
-  m_editor.page.SetAllLengthCol(161.0F, 1);  // 40.25 each
-  Run([&](HWND dialog, const PagesOnScreen& pages) {
+  m_editor.page.SetAllLengthCol(160.8F, 1);  // 40.2 each
+  ModalScript script;
+  CPoint target;
+  script.When(EditorShown(), [&](HWND dialog) {
+    const PagesOnScreen pages = Pages(dialog);
     const CRect cel = pages.RectOf(2, 1);
-    const CPoint border(cel.right, cel.top + 3);
-    const CPoint target(border.x + static_cast<int>(7.3 * pages.PixelsPerMm()), border.y);
-    pages.Press(2, border);
+    target = {cel.right + static_cast<int>(7.3 * pages.PixelsPerMm()), cel.top + 3};
+    pages.Press(2, {cel.right, target.y});
+    CPoint onScreen = target;
+    ::ClientToScreen(Control(dialog, kImages[2]), &onScreen);
+    ::SetCursorPos(onScreen.x, onScreen.y);
     pages.MoveTo(2, target);
-    ASSERT_NE(ReadOut(), nullptr);
-    readOut = Text(ReadOut());
-    pages.Release(2, target);
+  });
+  script.When({"the read-out is shown",
+               [] { return ::IsWindowVisible(ReadOut()) != FALSE ? ReadOut() : nullptr; }},
+              [](HWND readOut) { EXPECT_TRUE(ShowsLine(readOut, L"47.2mm / 33.2mm")); });
+  script.When(DialogWithControl(kImages[1]), [&](HWND dialog) {
+    Pages(dialog).Release(2, target);
     EXPECT_EQ(ReadOut(), nullptr);
     Confirm(dialog);
   });
-  EXPECT_EQ(m_editor.page.GetLengthCol(1), 47.25F);
-  EXPECT_EQ(m_editor.page.GetLengthCol(2), 33.25F);
-  EXPECT_EQ(readOut, L"47.3mm / 33.3mm");
+  EXPECT_TRUE(m_editor.Run(script));
+  EXPECT_FLOAT_EQ(m_editor.page.GetLengthCol(1), 47.2F);
+  EXPECT_FLOAT_EQ(m_editor.page.GetLengthCol(2), 33.2F);
 }
 
 TEST_F(LayoutExEditDlg, RowsComeBeforeColumnsAndEachBlockHasItsRows) {

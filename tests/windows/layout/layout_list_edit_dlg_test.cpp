@@ -4,6 +4,7 @@
 #include "driver/product_state.h"
 #include "framework/code_page.h"
 #include "layout/extended_editor.h"
+#include "layout/tip_picture.h"
 #include "support/colour_environment.h"
 #include "support/held_key.h"
 #include "support/templates.h"
@@ -421,21 +422,33 @@ TEST_F(LayoutListEditDlg, ABorderIsHeldNearItAndACelDeeperInside) {
 }
 
 TEST_F(LayoutListEditDlg, TheReadOutHasWholeMillimetres) {
-  Run([&](HWND dialog) {
+  ModalScript script;
+  LPARAM target = 0;
+  std::wstring expected;
+  const auto readOut = [] { return ::FindWindowW(L"CToolTip", nullptr); };
+  script.When(Painted(DialogWithControl(kTextLine)), [&](HWND dialog) {
     const CPoint centre = CentreOf(dialog, 0);
     const CRect image = ClientRectOf(Control(dialog, kImage));
-    const int border = image.left + 1 + (image.Width() - 2) / 3;
+    const int pixels = image.Width() - 2;  // of 150 mm
+    const int border = image.left + 1 + pixels / 3;
     ::SendMessageW(dialog, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(border, centre.y));
-    ::SendMessageW(dialog, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(border + 40, centre.y));
-    const HWND readOut = ::FindWindowW(L"CToolTip", nullptr);
-    ASSERT_NE(readOut, nullptr);
-    const std::wstring shown = Text(readOut);
-    ::SendMessageW(dialog, WM_LBUTTONUP, 0, MAKELPARAM(border + 40, centre.y));
-    EXPECT_EQ(::FindWindowW(L"CToolTip", nullptr), nullptr);
-    const int first = static_cast<int>(m_page.GetLengthCol(0));
-    EXPECT_EQ(shown, std::to_wstring(first) + L"mm / " + std::to_wstring(100 - first) + L"mm");
+    CPoint point(border + 40, centre.y);
+    target = MAKELPARAM(point.x, point.y);
+    ::ClientToScreen(dialog, &point);
+    ::SetCursorPos(point.x, point.y);
+    ::SendMessageW(dialog, WM_MOUSEMOVE, MK_LBUTTON, target);
+    const long change = std::lround(40.0 * 150.0 / pixels);
+    expected = std::to_wstring(50 + change) + L"mm / " + std::to_wstring(50 - change) + L"mm";
+  });
+  script.When({"the read-out is shown",
+               [&] { return ::IsWindowVisible(readOut()) != FALSE ? readOut() : nullptr; }},
+              [&](HWND shown) { EXPECT_TRUE(ShowsLine(shown, expected)); });
+  script.When(DialogWithControl(kTextLine), [&](HWND dialog) {
+    ::SendMessageW(dialog, WM_LBUTTONUP, 0, target);
+    EXPECT_EQ(readOut(), nullptr);
     Cancel(dialog);
   });
+  Run(script);
 }
 
 TEST_F(LayoutListEditDlg, TheRightButtonDuringADragAsksForExactLengths) {
