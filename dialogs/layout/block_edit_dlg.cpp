@@ -111,7 +111,15 @@ void CBlockEditDlg::OnSelected(int clicked) {
   GotoDlgCtrl(m_editLine.m_hWnd);
 }
 
-void CBlockEditDlg::OnTextGiven() { ShowInLine(SelectedText()); }
+void CBlockEditDlg::OnTextGiven() {
+  ShowInLine(SelectedText());
+  ::SendMessageW(m_editLine.m_hWnd, EM_SETSEL, 0, -1);  // to be typed over
+}
+
+void CBlockEditDlg::OnInserted() {
+  OnTextGiven();
+  GotoDlgCtrl(m_editLine.m_hWnd);
+}
 
 void CBlockEditDlg::DeselectCels() {
   ChangeCels(&quorvel::DeselectAll);

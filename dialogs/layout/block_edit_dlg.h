@@ -27,6 +27,7 @@ protected:
   void OnSelected(int clicked) override;
   bool OnRightDuringDrag() override;
   void OnTextGiven() override;
+  void OnInserted() override;
   void EndTyping() override;
   bool IsCommandPossible(UINT command) const override;
   bool IsOffered(UINT command) const override;

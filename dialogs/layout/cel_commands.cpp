@@ -116,6 +116,12 @@ int NeighbourCel(const PageBlock& block, int index, int down, int right) {
   return next < 0 ? index : next;
 }
 
+int CelOfFirstRow(const PageBlock& block, int col) { return VisibleCel(block, 0, col); }
+
+int CelOfLastRow(const PageBlock& block, int col) {
+  return VisibleCel(block, block.Rows() - 1, col);
+}
+
 CelList SetVerticalPlace(PageBlock& block, BYTE place) {
   return ChangeSelected(block, [&](CLayoutCelData& cel) { cel.GetFont()->SetVPos(place); });
 }

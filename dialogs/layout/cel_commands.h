@@ -31,6 +31,10 @@ CelList SelectCels(PageBlock& block, int anchor, int end, bool add);
 /// merged cell counts as one. The cell itself at the edge of the page, the first cell for -1.
 int NeighbourCel(const PageBlock& block, int index, int down, int right);
 
+/// The cell at a column of the first or the last row, merged or not; -1 outside the block.
+int CelOfFirstRow(const PageBlock& block, int col);
+int CelOfLastRow(const PageBlock& block, int col);
+
 CelList SetVerticalPlace(PageBlock& block, BYTE place);
 CelList SetHorizontalPlace(PageBlock& block, BYTE place);
 CelList SetTextColor(PageBlock& block, COLORREF color);

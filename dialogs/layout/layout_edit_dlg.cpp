@@ -158,7 +158,7 @@ void CLayoutEditDlg::ApplyWidth(bool equal) {
 }
 
 void CLayoutEditDlg::OnLineSwitched() {
-  if (UpdateData(TRUE) != FALSE) {
+  if (ReadFields()) {
     m_outerLine.EnableByCheck(this);
     m_innerLine.EnableByCheck(this);
   }

@@ -25,7 +25,7 @@ protected:
   CPageView* ViewAt(const CPoint& point) override;
   void LayOutViews() override;
   bool OpenPage(const std::wstring& path) override;
-  bool PrepareToSave() override { return UpdateData(TRUE) != FALSE; }
+  bool PrepareToSave() override { return ReadFields(); }
   void SavePage(const std::wstring& path) override { m_page.SaveFileW(path.c_str()); }
 
   void OnCountLeft();

@@ -4,6 +4,7 @@
 #include "dialogs/layout/size_fields.h"
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
 
 namespace {
@@ -155,6 +156,20 @@ void CLayoutExEditDlg::TakeView(CPageView& view) {
   }
 }
 
+CPageView* CLayoutExEditDlg::ViewBeyond(int down) {
+  const auto isUsed = [](const Part& part) { return part.use != 0; };
+  const auto current = std::find_if(m_parts.begin(), m_parts.end(), [&](const Part& part) {
+    return &part.view == CurrentView();
+  });
+  if (current != m_parts.end() && down < 0) {
+    const auto above = std::find_if(std::make_reverse_iterator(current), m_parts.rend(), isUsed);
+    return above != m_parts.rend() ? &above->view : nullptr;
+  }
+  const auto first = current == m_parts.end() ? m_parts.begin() : current + 1;
+  const auto below = std::find_if(first, m_parts.end(), isUsed);
+  return below != m_parts.end() ? &below->view : nullptr;
+}
+
 bool CLayoutExEditDlg::OnDoubleClicked(CPageView* view, const CPoint& /*point*/) {
   if (view == nullptr) {
     return false;
@@ -249,7 +264,7 @@ void CLayoutExEditDlg::EnableUsed() const {
 }
 
 void CLayoutExEditDlg::OnUse() {
-  if (UpdateData(TRUE) != FALSE) {
+  if (ReadFields()) {
     EnableUsed();
     for (const Part& part : m_parts) {
       part.view.Invalidate();
@@ -258,7 +273,7 @@ void CLayoutExEditDlg::OnUse() {
 }
 
 void CLayoutExEditDlg::OnLineSwitched() {
-  if (UpdateData(TRUE) != FALSE) {
+  if (ReadFields()) {
     m_outerLine.EnableByCheck(this);
     m_innerLine.EnableByCheck(this);
   }

@@ -26,10 +26,11 @@ protected:
   void OnCancel() override;
   CPageView* ViewAt(const CPoint& point) override;
   void TakeView(CPageView& view) override;
+  CPageView* ViewBeyond(int down) override;
   bool OnDoubleClicked(CPageView* view, const CPoint& point) override;
   void LayOutViews() override;
   bool OpenPage(const std::wstring& path) override;
-  bool PrepareToSave() override { return UpdateData(TRUE) != FALSE; }
+  bool PrepareToSave() override { return ReadFields(); }
   void SavePage(const std::wstring& path) override { m_page.SaveFileW(path.c_str()); }
   CLayoutExPageData::LISTTYPE CurrentBlock() const override;
   void OnPageChanged() override;

@@ -68,7 +68,7 @@ void CLayoutListEditDlg::OnPageChanged() {
 }
 
 void CLayoutListEditDlg::OnRealText() {
-  if (UpdateData(TRUE) != FALSE) {
+  if (ReadFields()) {
     m_view.SetFixedTextHeight(m_nRealText == 0);
   }
 }

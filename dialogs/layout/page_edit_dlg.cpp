@@ -144,6 +144,10 @@ bool CPageEditDlg::ReadField() {
   if (m_bClosing || focus == GetDlgItem(IDCANCEL) || (m_bRefused && !inDialog)) {
     return false;
   }
+  return ReadFields();
+}
+
+bool CPageEditDlg::ReadFields() {
   m_bRefused = UpdateData(TRUE) == FALSE;
   return !m_bRefused;
 }
@@ -358,18 +362,45 @@ BOOL CPageEditDlg::PreTranslateMessage(MSG* message) {
 
 /// Ctrl and an arrow key, unless they lead through the text of a field or open a list.
 bool CPageEditDlg::MovesSelection(const MSG& message) const {
-  if (m_pView == nullptr || message.wParam < VK_LEFT || message.wParam > VK_DOWN ||
-      !IsPressed(VK_CONTROL)) {
+  if (message.wParam < VK_LEFT || message.wParam > VK_DOWN || !IsPressed(VK_CONTROL)) {
     return false;
   }
   const LRESULT code = ::SendMessageW(message.hwnd, WM_GETDLGCODE, 0, 0);
-  return (code & (DLGC_WANTARROWS | DLGC_HASSETSEL)) == 0;
+  if ((code & DLGC_HASSETSEL) != 0) {
+    return message.wParam == VK_UP || message.wParam == VK_DOWN;
+  }
+  return (code & DLGC_WANTARROWS) == 0;
+}
+
+/// Of the first selected cell; its view becomes the current one. -1 for none.
+int CPageEditDlg::CelBeside(int down, int right) {
+  int col = 0;
+  bool upwards = false;
+  if (m_pView != nullptr) {
+    const int from = quorvel::FirstSelectedCel(Block());
+    const int next = quorvel::NeighbourCel(Block(), from, down, right);
+    if (next != from || down == 0) {
+      return next;
+    }
+    int row = 0;
+    Block().RowColOf(from, row, col);
+    upwards = down < 0;
+  }
+  CPageView* const beyond = ViewBeyond(down);
+  if (beyond == nullptr) {
+    return -1;
+  }
+  TakeView(*beyond);
+  return upwards ? quorvel::CelOfLastRow(Block(), col) : quorvel::CelOfFirstRow(Block(), col);
 }
 
 void CPageEditDlg::SelectNeighbour(WPARAM key) {
   const int down = key == VK_DOWN ? 1 : key == VK_UP ? -1 : 0;
   const int right = key == VK_RIGHT ? 1 : key == VK_LEFT ? -1 : 0;
-  const int next = quorvel::NeighbourCel(Block(), quorvel::FirstSelectedCel(Block()), down, right);
+  const int next = CelBeside(down, right);
+  if (next < 0) {
+    return;
+  }
   CelList changed = quorvel::DeselectAll(Block());
   const CelList selected = quorvel::SelectCels(Block(), next, next, true);
   changed.insert(changed.end(), selected.begin(), selected.end());
@@ -639,7 +670,7 @@ void CPageEditDlg::Insert() {
     return quorvel::InsertText(block, tag, m_nAppend != 0);
   });
   m_cmbInsertion.SetCurSel(0);
-  OnTextGiven();
+  OnInserted();
 }
 
 // ---- Files

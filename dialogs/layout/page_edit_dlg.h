@@ -34,7 +34,7 @@ struct PageEditHost {
 
 /// The commands act on the selected cells of the current view. F2 edits the text of the first of
 /// them, the menu key opens their menu, and Ctrl with an arrow key selects the next cell, wherever
-/// the key has no other meaning. The template has the colour buttons and the list of insertions.
+/// the key has no other meaning: in a field only up and down. The template has the colour buttons and the list of insertions.
 class CPageEditDlg : public CKivDialog {
 public:
   BOOL PreTranslateMessage(MSG* message) override;
@@ -57,14 +57,19 @@ protected:
 
   /// The left button has been pressed on a view, which becomes the current one.
   virtual void TakeView(CPageView& view) { SetCurrentView(&view); }
+  /// The view that lies above (-1) or below (1) the current one for keys that leave it at an edge; with
+  /// no current one the first of all. Null for none.
+  virtual CPageView* ViewBeyond(int /*down*/) { return nullptr; }
   /// A selection has been made with the mouse; `clicked` is the cell, -1 after a drag over several.
   virtual void OnSelected(int /*clicked*/) {}
   /// True when the button's release must not end what the double click has opened.
   virtual bool OnDoubleClicked(CPageView* view, const CPoint& point);
   /// The right button was released while a border is dragged: true when that was all.
   virtual bool OnRightDuringDrag() { return false; }
-  /// The selected cells have got a text that was not typed.
+  /// The selected cells have got a text that was not typed, or others are selected.
   virtual void OnTextGiven() {}
+  /// A tag has been inserted.
+  virtual void OnInserted() {}
   /// What is being typed goes to the selected cells.
   virtual void EndTyping() { EndTextEdit(); }
   virtual bool IsCommandPossible(UINT command) const;
@@ -109,6 +114,8 @@ protected:
   /// reads none of them so, and the user is not told of a refused one again when Windows change
   /// places.
   bool ReadField();
+  /// Reads all fields; false where one is refused, of which the user has been told.
+  bool ReadFields();
   /// The dialog ends: fields that lose the focus are not read any more.
   void Close(INT_PTR result);
   /// None without an environment.
@@ -159,6 +166,7 @@ private:
   void EndBorderDrag(const CPoint& point);
   void ShowReadOut(const CPoint& point, const quorvel::PairOfLengths& lengths);
   void DropReadOut();
+  int CelBeside(int down, int right);
   void SelectNeighbour(WPARAM key);
   bool MovesSelection(const MSG& message) const;
   bool OpenTextEdit();

@@ -183,6 +183,13 @@ TEST_F(CelCommands, AtTheEdgeOfThePageThereIsNoNextCell) {
   EXPECT_EQ(NeighbourCel(m_block, 11, 0, 1), 11);
 }
 
+TEST_F(CelCommands, TheCellsOfTheOuterRowsCountMergedOnes) {
+  EXPECT_EQ(CelOfFirstRow(m_block, 0), 0);
+  EXPECT_EQ(CelOfFirstRow(m_block, 2), 1);  // merged with the one before
+  EXPECT_EQ(CelOfLastRow(m_block, 3), 11);
+  EXPECT_EQ(CelOfFirstRow(m_block, 4), -1);
+}
+
 class InsertionTags : public ::testing::Test {
 protected:
   InsertionTags() {

@@ -413,8 +413,10 @@ TEST_F(LayoutExEditInsertions, ATagReplacesTheTextUnlessItIsToBeAdded) {
     EXPECT_FALSE(IsEnabled(dialog, kInsertion));
     pages.DragCels(1, 1, 2);
     EXPECT_TRUE(IsEnabled(dialog, kInsertion));
+    ::SetFocus(Control(dialog, kInsertion));
     ChooseItem(dialog, kInsertion, 2);
     EXPECT_EQ(Text(dialog, kTextLine), L"<M>2 100%d ソ</M>");
+    EXPECT_EQ(::GetFocus(), Control(dialog, kTextLine));
     EXPECT_EQ(ChosenItem(dialog, kInsertion), 0);
     Press(dialog, kAppend);
     ChooseItem(dialog, kInsertion, 1);

@@ -366,6 +366,17 @@ TEST_F(LayoutExEditDlg, AfterTheLineWasLeftTheFirstOkCloses) {
   EXPECT_EQ(m_editor.TextOf(kList, 0), "q");
 }
 
+TEST_F(LayoutExEditDlg, AfterAnotherCelWasTakenTheFirstOkCloses) {
+  EXPECT_TRUE(Run([](HWND dialog, const PagesOnScreen& pages) {
+    pages.ClickCel(1, 0);
+    Type(Control(dialog, kTextLine), L'q');
+    pages.ClickCel(1, 1);
+    Command(dialog, IDOK);
+  }));
+  EXPECT_EQ(m_editor.TextOf(kList, 0), "q");
+  EXPECT_EQ(m_editor.TextOf(kList, 1), "");
+}
+
 TEST_F(LayoutExEditDlg, EnterTwiceInTheLine) {
   ModalScript script;
   script.When(EditorShown(), [&](HWND dialog) {
@@ -383,6 +394,68 @@ TEST_F(LayoutExEditDlg, EnterTwiceInTheLine) {
   });
   EXPECT_TRUE(m_editor.Run(script));
   EXPECT_EQ(m_editor.TextOf(kList, 4), "図面");
+}
+
+TEST_F(LayoutExEditDlg, CtrlWithArrowKeysLeadsThroughTheBlocks) {
+  m_editor.page.SetUse(kList, 0);
+  m_editor.Cel(kHeader, 1).SetText("頭");
+  m_editor.Cel(kFooter, 5).SetText("足");
+  ModalScript script;
+  const auto press = [&](UINT key) {
+    script.When(SteadyOnScreen(DialogWithControl(kImages[1])), [key](HWND dialog) {
+      ::SetFocus(Control(dialog, IDOK));
+      SendKey(key, {VK_CONTROL});
+    });
+  };
+  const auto expect = [&](const wchar_t* text, int block, int index) {
+    script.When(SteadyOnScreen(DialogWithControl(kImages[1])), [&, text, block, index](HWND dialog) {
+      const HWND image = Control(dialog, kImages[static_cast<std::size_t>(block)]);
+      const CRect cel = Pages(dialog).RectOf(block, index);
+      EXPECT_EQ(Text(dialog, kTextLine), text) << index;
+      EXPECT_EQ(ReadPixels(image).At(cel.left, (cel.top + cel.bottom) / 2), kRed) << index;
+    });
+  };
+  press(VK_UP);  // no block is current
+  expect(L"", 0, 0);
+  press(VK_RIGHT);
+  expect(L"頭", 0, 1);
+  press(VK_UP);  // nothing is above
+  expect(L"頭", 0, 1);
+  press(VK_DOWN);  // over the list, which is not used
+  expect(L"", 2, 1);
+  press(VK_DOWN);
+  expect(L"足", 2, 5);
+  press(VK_DOWN);
+  expect(L"足", 2, 5);
+  press(VK_UP);
+  press(VK_UP);
+  expect(L"頭", 0, 1);
+  script.When(DialogWithControl(kImages[1]), Cancel);
+  m_editor.Run(script);
+}
+
+TEST_F(LayoutExEditDlg, InTheTextLineTheKeysLeadUpAndDown) {
+  ModalScript script;
+  script.When(EditorShown(), [&](HWND dialog) {
+    Pages(dialog).ClickCel(1, 0);
+    TypeText(Control(dialog, kTextLine), L"一");
+  });
+  script.When(SteadyOnScreen(DialogWithControl(kImages[1])),
+              [](HWND) { SendKey(VK_DOWN, {VK_CONTROL}); });
+  script.When(SteadyOnScreen(DialogWithControl(kImages[1])), [](HWND dialog) {
+    EXPECT_EQ(::GetFocus(), Control(dialog, kTextLine));
+    TypeText(Control(dialog, kTextLine), L"two");
+  });
+  script.When(SteadyOnScreen(DialogWithControl(kImages[1])),
+              [](HWND) { SendKey(VK_LEFT, {VK_CONTROL}); });  // to the word's beginning
+  script.When(SteadyOnScreen(DialogWithControl(kImages[1])), [](HWND dialog) {
+    EXPECT_EQ(SelectionOf(Control(dialog, kTextLine)), Selection());
+    ::SetFocus(Control(dialog, IDOK));
+    Confirm(dialog);
+  });
+  EXPECT_TRUE(m_editor.Run(script));
+  EXPECT_EQ(m_editor.TextOf(kList, 0), "一");
+  EXPECT_EQ(m_editor.TextOf(kList, 4), "two");
 }
 
 TEST_F(LayoutExEditDlg, RowsAndColumnsComeAndGo) {

@@ -46,7 +46,7 @@ protected:
   INT_PTR Run(ModalScript& script) {
     CLayoutListEditDlg dialog(m_env, nullptr, &m_page, m_fields.GetSize() > 0 ? &m_fields : nullptr,
                               m_names.GetSize() > 0 ? &m_names : nullptr, &m_numbers, kDotsPerMm,
-                              kBlock, nullptr, nullptr);
+                              kBlock, m_position, nullptr);
     return Work(script, [&] { return driver::RunWithProductResources(dialog); });
   }
   INT_PTR Run(ModalScript::Action action) {
@@ -79,6 +79,7 @@ protected:
 
   CLayoutExPageData m_page;
   CKivSysEnv* m_env = nullptr;
+  CPoint* m_position = nullptr;
   CStringArray m_fields;
   CStringArray m_names;
   CDWordArray m_numbers;
@@ -241,8 +242,11 @@ TEST_F(LayoutListEditDlg, MacrosAreNumberedByPlaceOrByTheirNumbers) {
   const auto choose = [&] {
     Run([&](HWND dialog) {
       Click(dialog, 0);
+      ::SetFocus(Control(dialog, kInsertion));
       ChooseItem(dialog, kInsertion, 2);
       EXPECT_EQ(Text(dialog, kTextLine), WideFromCodePage(TextOf(0)));
+      EXPECT_EQ(ChosenItem(dialog, kInsertion), 0);
+      EXPECT_EQ(::GetFocus(), Control(dialog, kTextLine));
       Cancel(dialog);
     });
     Cel(0).SetSelected(0);
@@ -390,6 +394,16 @@ TEST_F(LayoutListEditMenu, OpensOnSelectedCelsOnly) {
 }
 
 // ---- The mouse
+
+TEST_F(LayoutListEditDlg, ItIsPlacedWhereTheCallerSays) {
+  CPoint position(40, 60);
+  m_position = &position;
+  Run([](HWND dialog) {
+    EXPECT_EQ(WindowRect(dialog).left, 40);
+    EXPECT_EQ(WindowRect(dialog).top, 60);
+    Cancel(dialog);
+  });
+}
 
 TEST_F(LayoutListEditDlg, ShiftAddsNothingHere) {
   Run([&](HWND dialog) {
