@@ -167,6 +167,18 @@ TEST_F(LayoutExEditDlg, AModifiedLineKeepsOkFromClosing) {
   EXPECT_EQ(m_editor.TextOf(kHeader, 1), "題名");
 }
 
+TEST_F(LayoutExEditDlg, AModifiedLineIsStoredBeforeAnotherCelIsTaken) {
+  Run([](HWND dialog, const PagesOnScreen& pages) {
+    pages.ClickCel(0, 1);
+    ::SetWindowTextW(Control(dialog, kTextLine), L"題名");
+    ::SendMessageW(Control(dialog, kTextLine), EM_SETMODIFY, TRUE, 0);
+    pages.ClickCel(1, 0);
+    Confirm(dialog);
+  });
+  EXPECT_EQ(m_editor.TextOf(kHeader, 1), "題名");
+  EXPECT_EQ(m_editor.TextOf(kList, 0), "");
+}
+
 TEST_F(LayoutExEditDlg, SwitchingBlocksLosesNoTypedText) {
   Run([](HWND dialog, const PagesOnScreen& pages) {
     pages.ClickCel(1, 0);
