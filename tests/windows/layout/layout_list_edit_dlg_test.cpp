@@ -142,17 +142,21 @@ TEST_F(LayoutListEditDlg, TheFirstEnterTakesTheTextAndTheSecondEnds) {
 }
 
 TEST_F(LayoutListEditDlg, ADoubleClickEditsInTheCel) {
-  Run([&](HWND dialog) {
-    Click(dialog, 1);
-    const CPoint point = CentreOf(dialog, 1);
-    ::SendMessageW(dialog, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(point.x, point.y));
-    ASSERT_NE(::GetDlgItem(dialog, kCelTextEdit), nullptr);
-    Type(Control(dialog, kCelTextEdit), L'c');
-    EXPECT_EQ(Text(dialog, kTextLine), L"c");
-    Command(dialog, IDOK);
-    EXPECT_EQ(TextOf(1), "c");
-    Command(dialog, IDOK);
-  });
+  for (const bool again : {false, true}) {
+    const INT_PTR result = Run([&](HWND dialog) {
+      Click(dialog, 1);
+      const CPoint point = CentreOf(dialog, 1);
+      ::SendMessageW(dialog, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(point.x, point.y));
+      ASSERT_NE(::GetDlgItem(dialog, kCelTextEdit), nullptr);
+      Type(Control(dialog, kCelTextEdit), L'c');
+      EXPECT_EQ(Text(dialog, kTextLine), L"c");
+      Command(dialog, IDOK);
+      EXPECT_EQ(TextOf(1), "c");
+      again ? Command(dialog, IDOK) : Cancel(dialog);
+    });
+    EXPECT_EQ(result, again ? IDOK : IDCANCEL);
+    Cel(1).SetSelected(0);
+  }
 }
 
 TEST_F(LayoutListEditDlg, TheCelThatIsEditedIsNotPainted) {
