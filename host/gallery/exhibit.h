@@ -1,4 +1,4 @@
-// What the gallery shows: a row for each entry of the library, and for each dialog that its layout
+// What the gallery shows: a row for each entry of the library, and for dialogs that its layout
 // editors open.
 //
 //   for (const Exhibit& exhibit : AllExhibits()) {

@@ -141,7 +141,8 @@ void AddScenesOfCels(const Hand& hand, std::vector<Scene>& scenes) {
                           ClickAt(dialog, PlaceOf(dialog, hand, kUnit));
                           ClickAt(dialog, PlaceOf(dialog, hand, kPrice));
                         },
-                    .picture = "layout-ex-edit-selection"});
+                    // Tells more than the one that was taken when the dialog opened.
+                    .picture = "layout-ex-edit"});
   scenes.push_back({.show =
                         [hand](HWND dialog) {
                           HoldShift(false);
