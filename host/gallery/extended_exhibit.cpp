@@ -170,12 +170,18 @@ void AddScenesOfCels(const Hand& hand, std::vector<Scene>& scenes) {
                     .title = kCelSizeTitle});
 }
 
-/// Makes two columns equally wide by the menu, and drags a border the plain way.
+/// Makes the columns of cells selected with Shift equally wide by the menu, and drags a border the
+/// plain way.
 void AddScenesOfColumns(const Hand& hand, std::vector<Scene>& scenes) {
+  scenes.push_back(
+      {.show = [hand](HWND dialog) { ClickAt(dialog, PlaceOf(dialog, hand, kQuantity)); }});
+  scenes.push_back({.show = [hand](HWND dialog) {
+    HoldShift(true);
+    ClickAt(dialog, PlaceOf(dialog, hand, kUnit));
+  }});
   scenes.push_back({.show =
                         [hand](HWND dialog) {
-                          Drag(dialog, PlaceOf(dialog, hand, kQuantity),
-                               PlaceOf(dialog, hand, kUnit));
+                          HoldShift(false);
                           RightClickAt(dialog, PlaceOf(dialog, hand, kUnit));
                         },
                     .picture = "layout-ex-edit-menu",

@@ -110,7 +110,7 @@ TEST_F(EditLayoutCommand, WritesThePageBackToItsFile) {
   EXPECT_EQ(ended.output,
             Confirmed(R"("rows":3,"columns":2,"width":20,"height":30)", m_file));
   EXPECT_EQ(ended.errors, "");
-  const CLayoutPageData page = Read<CLayoutPageData>(m_file);
+  const auto page = Read<CLayoutPageData>(m_file);
   EXPECT_EQ(page.GetNumRow(), 3);
   EXPECT_EQ(page.GetCelAt(0)->GetText(), "表");
 }
