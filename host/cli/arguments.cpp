@@ -37,23 +37,46 @@ std::optional<NUMBER> ReadNumber(std::string_view text) {
   return number;
 }
 
-/// "3x4" as 3 and 4; nothing if it is no two whole numbers.
+/// `text` read as numbers with one `separator` between them; nothing if any of them is not one.
+template <class NUMBER>
+std::optional<std::vector<NUMBER>> ReadList(std::string_view text, char separator) {
+  std::vector<NUMBER> numbers;
+  while (true) {
+    const std::size_t end = text.find(separator);
+    const std::optional<NUMBER> number = ReadNumber<NUMBER>(text.substr(0, end));
+    if (!number) {
+      return std::nullopt;
+    }
+    numbers.push_back(*number);
+    if (end == std::string_view::npos) {
+      return numbers;
+    }
+    text.remove_prefix(end + 1);
+  }
+}
+
+/// "1+2x4" as 1, 2 and 4; nothing if it is no whole numbers.
 std::optional<std::vector<int>> ReadCounts(std::string_view text) {
   const std::size_t cross = text.find('x');
   if (cross == std::string_view::npos) {
     return std::nullopt;
   }
-  const std::optional<int> first = ReadNumber<int>(text.substr(0, cross));
-  const std::optional<int> second = ReadNumber<int>(text.substr(cross + 1));
-  if (!first || !second) {
+  std::optional<std::vector<int>> counts = ReadList<int>(text.substr(0, cross), '+');
+  const std::optional<int> columns = ReadNumber<int>(text.substr(cross + 1));
+  if (!counts || !columns) {
     return std::nullopt;
   }
-  return std::vector<int>{*first, *second};
+  counts->push_back(*columns);
+  return counts;
+}
+
+bool IsCountRight(const Option& option, std::size_t count) {
+  return count >= option.fewestValues && count <= option.mostValues;
 }
 
 std::vector<int> ReadCountsOf(const Option& option, std::string_view text) {
   std::optional<std::vector<int>> counts = ReadCounts(text);
-  if (!counts) {
+  if (!counts || !IsCountRight(option, counts->size())) {
     throw UsageError(Dashed(option.name) + " needs counts as " + std::string(option.valueName) +
                      ", not " + JsonQuoted(text));
   }
@@ -72,28 +95,10 @@ std::string ExpectedNumbers(const Option& option) {
   return count + " " + noun + "s separated by commas";
 }
 
-/// `text` read as numbers with single commas between them; nothing if any of them is not one.
-template <class NUMBER>
-std::optional<std::vector<NUMBER>> ReadList(std::string_view text) {
-  std::vector<NUMBER> numbers;
-  while (true) {
-    const std::size_t comma = text.find(',');
-    const std::optional<NUMBER> number = ReadNumber<NUMBER>(text.substr(0, comma));
-    if (!number) {
-      return std::nullopt;
-    }
-    numbers.push_back(*number);
-    if (comma == std::string_view::npos) {
-      return numbers;
-    }
-    text.remove_prefix(comma + 1);
-  }
-}
-
 template <class NUMBER>
 std::vector<NUMBER> ReadNumbers(const Option& option, std::string_view text) {
-  std::optional<std::vector<NUMBER>> numbers = ReadList<NUMBER>(text);
-  if (!numbers || numbers->size() < option.fewestValues || numbers->size() > option.mostValues) {
+  std::optional<std::vector<NUMBER>> numbers = ReadList<NUMBER>(text, ',');
+  if (!numbers || !IsCountRight(option, numbers->size())) {
     throw UsageError(Dashed(option.name) + " needs " + ExpectedNumbers(option) + ", not " +
                      JsonQuoted(text));
   }

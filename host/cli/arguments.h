@@ -29,7 +29,7 @@ enum class OptionKind {
   kWholeNumbers,  // ints, separated by commas
   kNumbers,       // finite doubles, separated by commas
   kColour,        // one colour, as #RRGGBB
-  kCounts,        // two whole numbers, with an x between them
+  kCounts,        // whole numbers of rows with a + between them, then an x and one of columns
 };
 
 /// One row of an option table.
@@ -38,7 +38,7 @@ struct Option {
   OptionKind kind = OptionKind::kFlag;
   std::string_view valueName = {};  // how the help text calls the value
   std::string_view help = {};
-  std::size_t fewestValues = 1;  // how many numbers the value lists
+  std::size_t fewestValues = 1;  // how many numbers the value lists, those of columns included
   std::size_t mostValues = 1;
   /// The value taken where the option is not given; empty for none, except that a text option
   /// that is not repeatable always has a value, if only the empty text.

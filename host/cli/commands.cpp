@@ -176,6 +176,10 @@ Request BuildEditLayout(const ParsedOptions& options) {
   return ReadEditLayout(options);
 }
 
+Request BuildEditLayoutEx(const ParsedOptions& options) {
+  return ReadEditLayoutEx(options);
+}
+
 constexpr std::array kCommands = {
     Command{.name = "input-text",
             .summary = "ask for one line of text",
@@ -245,6 +249,11 @@ constexpr std::array kCommands = {
             .answer = kEditLayoutAnswer,
             .options = kEditLayoutOptions,
             .build = BuildEditLayout},
+    Command{.name = "edit-layout-ex",
+            .summary = "lay out a page of header, list and footer and write it to its file",
+            .answer = kEditLayoutExAnswer,
+            .options = kEditLayoutExOptions,
+            .build = BuildEditLayoutEx},
 };
 
 constexpr std::string_view kUsage = "usage: quorvel SUBCOMMAND [OPTION]...";

@@ -95,7 +95,7 @@ using Request = std::variant<InputTextRequest, InputScaleRequest, InputDpiReques
                              InputPointRequest, UserPaperRequest, CheckListRequest,
                              SelectColorRequest, SelectColorExRequest, EditColorRequest,
                              SelectRgbRequest, SelectFontRequest, SelectFontExRequest,
-                             EditLayoutRequest>;
+                             EditLayoutRequest, EditLayoutExRequest>;
 
 /// One row of the table of subcommands.
 struct Command {

@@ -139,6 +139,15 @@ std::string JsonNumber(double value) {
   return {buffer.data(), written.ptr};
 }
 
+double Shortest(float value) {
+  std::array<char, 16> buffer{};  // the shortest text of a float has at most 15 characters
+  const std::to_chars_result written =
+      std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
+  double number = 0;
+  std::from_chars(buffer.data(), written.ptr, number);
+  return number;
+}
+
 JsonObject& JsonObject::AddText(std::string_view name, std::string_view utf8) {
   return AddMember(name, JsonQuoted(utf8));
 }

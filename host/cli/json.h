@@ -19,6 +19,9 @@ std::string JsonQuoted(std::string_view utf8);
 /// The shortest JSON number that reads back as `value`; "null" for infinities and NaN.
 std::string JsonNumber(double value);
 
+/// The number that the shortest text of a float tells: 12.3F as 12.3, not 12.30000019...
+double Shortest(float value);
+
 /// A JSON object under construction. Members keep the order in which they were added; names are
 /// the caller's to keep distinct.
 class JsonObject {

@@ -1,58 +1,98 @@
 #include "cli/layout_commands.h"
 
 #include <algorithm>
+#include <span>
 
 namespace quorvel::cli {
 
 namespace {
 
-/// Of rows, and of columns, that the dialog lets the user make.
+// Of rows, and of columns, that the dialogs let the user make.
 constexpr int kMostLines = 20;
+constexpr int kMostBlockRows = 5;
+
+bool AreAllWithin(std::span<const int> counts, int most) {
+  return std::ranges::all_of(counts, [most](int count) { return count >= 1 && count <= most; });
+}
 
 std::optional<PageCounts> NewPage(const ParsedOptions& options) {
   if (!options.Has("new")) {
     return std::nullopt;
   }
   const std::vector<int>& counts = options.WholeNumbers("new");
-  if (std::ranges::any_of(counts, [](int count) { return count < 1 || count > kMostLines; })) {
+  if (!AreAllWithin(counts, kMostLines)) {
     throw UsageError("--new takes 1 to " + std::to_string(kMostLines) + " rows and columns");
   }
   return PageCounts{.rows = counts[0], .columns = counts[1]};
 }
 
-void CheckNumbers(const EditLayoutRequest& request) {
-  if (!request.numbers.empty() && request.numbers.size() != request.insertions.size()) {
+std::optional<BlockCounts> NewBlocks(const ParsedOptions& options) {
+  if (!options.Has("new")) {
+    return std::nullopt;
+  }
+  const std::vector<int>& counts = options.WholeNumbers("new");
+  const std::span<const int> rows(counts.data(), kBlockCount);
+  if (!AreAllWithin(rows, kMostBlockRows) || !AreAllWithin({&counts.back(), 1}, kMostLines)) {
+    throw UsageError("--new takes 1 to " + std::to_string(kMostBlockRows) +
+                     " rows in each block and 1 to " + std::to_string(kMostLines) + " columns");
+  }
+  BlockCounts blocks{.rows = {}, .columns = counts.back()};
+  std::ranges::copy(rows, blocks.rows.begin());
+  return blocks;
+}
+
+void CheckNumbers(const LayoutArguments& arguments) {
+  if (!arguments.numbers.empty() && arguments.numbers.size() != arguments.insertions.size()) {
     throw UsageError("--number is needed as often as --insert, or not at all");
   }
-  if (std::ranges::any_of(request.numbers, [](int number) { return number < 0; })) {
+  if (std::ranges::any_of(arguments.numbers, [](int number) { return number < 0; })) {
     throw UsageError("--number must not be negative");
   }
+}
+
+/// Every text that was given for a repeatable option.
+std::vector<std::string> AllTexts(const ParsedOptions& options, std::string_view name) {
+  std::vector<std::string> texts;
+  for (const GivenOption& given : options.InOrder()) {
+    if (given.name == name) {
+      texts.push_back(std::get<std::string>(given.value));
+    }
+  }
+  return texts;
+}
+
+LayoutArguments CommonArguments(const ParsedOptions& options) {
+  LayoutArguments arguments{.file = options.Text("file"),
+                            .outFile = options.Text("out"),
+                            .insertions = AllTexts(options, layout_options::kInsert.name),
+                            .numbers = {},
+                            .dotsPerMm = options.Number(layout_options::kDotsPerMm.name),
+                            .key = options.Text("key"),
+                            .position = PositionOf(options)};
+  if (arguments.outFile.empty()) {
+    arguments.outFile = arguments.file;
+  }
+  for (const GivenOption& given : options.InOrder()) {
+    if (given.name == layout_options::kNumber.name) {
+      arguments.numbers.push_back(std::get<std::vector<int>>(given.value).front());
+    }
+  }
+  CheckNumbers(arguments);
+  return arguments;
 }
 
 }  // namespace
 
 EditLayoutRequest ReadEditLayout(const ParsedOptions& options) {
-  EditLayoutRequest request{.file = options.Text("file"),
-                            .outFile = options.Text("out"),
-                            .newPage = NewPage(options),
-                            .isLineMode = options.Has("line-mode"),
-                            .insertions = {},
-                            .numbers = {},
-                            .dotsPerMm = options.Number("dots-per-mm"),
-                            .key = options.Text("key"),
-                            .position = PositionOf(options)};
-  if (request.outFile.empty()) {
-    request.outFile = request.file;
-  }
-  for (const GivenOption& given : options.InOrder()) {
-    if (given.name == "insert") {
-      request.insertions.push_back(std::get<std::string>(given.value));
-    } else if (given.name == "number") {
-      request.numbers.push_back(std::get<std::vector<int>>(given.value).front());
-    }
-  }
-  CheckNumbers(request);
-  return request;
+  return {.arguments = CommonArguments(options),
+          .newPage = NewPage(options),
+          .isLineMode = options.Has("line-mode")};
+}
+
+EditLayoutExRequest ReadEditLayoutEx(const ParsedOptions& options) {
+  return {.arguments = CommonArguments(options),
+          .newPage = NewBlocks(options),
+          .fields = AllTexts(options, "field")};
 }
 
 }  // namespace quorvel::cli

@@ -1,4 +1,5 @@
-// The subcommand edit-layout: its options, and what is asked for with them. All texts are UTF-8.
+// The subcommands edit-layout and edit-layout-ex: their options, and what is asked for with them.
+// All texts are UTF-8.
 //
 //   const EditLayoutRequest request = ReadEditLayout(options);   // "枠.mtpld", "--new", "3x4"
 //   request.newPage->rows;                                       // 3
@@ -15,18 +16,10 @@
 
 namespace quorvel::cli {
 
-/// How many rows and columns a page begins with.
-struct PageCounts {
-  int rows = 0;
-  int columns = 0;
-};
-
-struct EditLayoutRequest {
+/// What the layout editors take in common.
+struct LayoutArguments {
   std::string file;
   std::string outFile;  // where the page is written; `file` unless another was given
-  /// Given when the page is to be made anew instead of being read.
-  std::optional<PageCounts> newPage;
-  bool isLineMode = false;
   std::vector<std::string> insertions;
   std::vector<int> numbers;  // none, or one for each of the insertions
   double dotsPerMm = 0;
@@ -34,48 +27,123 @@ struct EditLayoutRequest {
   std::optional<ScreenPosition> position;
 };
 
-/// Throws UsageError for what the dialog does not take.
+/// How many rows and columns a page begins with.
+struct PageCounts {
+  int rows = 0;
+  int columns = 0;
+};
+
+struct EditLayoutRequest {
+  LayoutArguments arguments;
+  /// Given when the page is to be made anew instead of being read.
+  std::optional<PageCounts> newPage;
+  bool isLineMode = false;
+};
+
+inline constexpr std::size_t kBlockCount = 3;
+
+/// The same of a page of three blocks: header, list and footer.
+struct BlockCounts {
+  std::array<int, kBlockCount> rows{};
+  int columns = 0;
+};
+
+struct EditLayoutExRequest {
+  LayoutArguments arguments;
+  std::optional<BlockCounts> newPage;
+  std::vector<std::string> fields;
+};
+
+/// Both throw UsageError for what the dialog does not take.
 EditLayoutRequest ReadEditLayout(const ParsedOptions& options);
+EditLayoutExRequest ReadEditLayoutEx(const ParsedOptions& options);
+
+namespace layout_options {
+
+constexpr Option File(std::string_view help) {
+  return {.name = "file",
+          .kind = OptionKind::kText,
+          .valueName = "FILE",
+          .help = help,
+          .isOperand = true};
+}
+
+/// So many counts, as `valueName` has them.
+constexpr Option New(std::string_view valueName, std::size_t counts, std::string_view help) {
+  return {.name = "new",
+          .kind = OptionKind::kCounts,
+          .valueName = valueName,
+          .help = help,
+          .fewestValues = counts,
+          .mostValues = counts};
+}
+
+inline constexpr Option kOut{
+    .name = "out",
+    .kind = OptionKind::kText,
+    .valueName = "FILE",
+    .help = "file to write when confirmed instead of the one that was read"};
+inline constexpr Option kInsert{.name = "insert",
+                                .kind = OptionKind::kText,
+                                .valueName = "NAME",
+                                .help = "a name that the user can insert into cells",
+                                .isRepeatable = true};
+inline constexpr Option kNumber{
+    .name = "number",
+    .kind = OptionKind::kWholeNumbers,
+    .valueName = "N",
+    .help = "number of the next name's tag, less 1; for each name or for none",
+    .isRepeatable = true};
+inline constexpr Option kDotsPerMm{
+    .name = "dots-per-mm",
+    .kind = OptionKind::kNumbers,
+    .valueName = "N",
+    .help = "resolution of the fonts in dots, 0 for 300 dots per inch",
+    .defaultValue = "0"};
+
+constexpr Option Key(std::string_view help) {
+  return {.name = "key", .kind = OptionKind::kText, .valueName = "TEXT", .help = help};
+}
+
+}  // namespace layout_options
 
 inline constexpr std::array kEditLayoutOptions{
-    Option{.name = "file",
-           .kind = OptionKind::kText,
-           .valueName = "FILE",
-           .help = "layout file to edit, *.mtpld",
-           .isOperand = true},
-    Option{.name = "out",
-           .kind = OptionKind::kText,
-           .valueName = "FILE",
-           .help = "file to write when confirmed instead of the one that was read"},
-    Option{.name = "new",
-           .kind = OptionKind::kCounts,
-           .valueName = "ROWSxCOLUMNS",
-           .help = "begin with a new page, FILE must not be there yet; 1 to 20 of each"},
+    layout_options::File("layout file to edit, *.mtpld"),
+    layout_options::kOut,
+    layout_options::New("ROWSxCOLUMNS", 2,
+                        "begin with a new page, FILE must not be there yet; 1 to 20 of each"),
     Option{.name = "line-mode", .help = "edit outer and inner lines instead of margin and frame"},
-    Option{.name = "insert",
+    layout_options::kInsert,
+    layout_options::kNumber,
+    layout_options::kDotsPerMm,
+    layout_options::Key("registry key below HKEY_CURRENT_USER that keeps the user's colours; none "
+                        "are kept without"),
+    kPosition};
+
+inline constexpr std::array kEditLayoutExOptions{
+    layout_options::File("layout file to edit, *.mtpld2"),
+    layout_options::kOut,
+    layout_options::New("HEADER+LIST+FOOTERxCOLUMNS", kBlockCount + 1,
+                        "begin with a new page, FILE must not be there yet; 1 to 5 rows in each "
+                        "block, 1 to 20 columns, such as 2+1+3x6"),
+    Option{.name = "field",
            .kind = OptionKind::kText,
            .valueName = "NAME",
-           .help = "a name that the user can insert into cells",
+           .help = "a data field whose values cells can show",
            .isRepeatable = true},
-    Option{.name = "number",
-           .kind = OptionKind::kWholeNumbers,
-           .valueName = "N",
-           .help = "number of the next name's tag, less 1; for each name or for none",
-           .isRepeatable = true},
-    Option{.name = "dots-per-mm",
-           .kind = OptionKind::kNumbers,
-           .valueName = "N",
-           .help = "resolution of the fonts in dots, 0 for 300 dots per inch",
-           .defaultValue = "0"},
-    Option{.name = "key",
-           .kind = OptionKind::kText,
-           .valueName = "TEXT",
-           .help = "registry key below HKEY_CURRENT_USER that keeps the user's colours; none are "
-                   "kept without"},
+    layout_options::kInsert,
+    layout_options::kNumber,
+    layout_options::kDotsPerMm,
+    layout_options::Key("registry key below HKEY_CURRENT_USER that keeps the user's colours and "
+                        "switches; none are kept without"),
     kPosition};
 
 inline constexpr std::string_view kEditLayoutAnswer =
     R"json({"result":"confirmed","rows":5,"columns":4,"width":180,"height":40,)json"
+    R"json("file":"..."})json";
+/// Header, list and footer in this order.
+inline constexpr std::string_view kEditLayoutExAnswer =
+    R"json({"result":"confirmed","rows":[2,1,3],"columns":6,"width":180,"height":[24,8,30],)json"
     R"json("file":"..."})json";
 
 }  // namespace quorvel::cli

@@ -11,6 +11,7 @@
 #include <fcntl.h>
 #include <io.h>
 
+#include <array>
 #include <cstddef>
 #include <cstdio>
 #include <exception>
@@ -335,53 +336,120 @@ Outcome Run(const SelectFontExRequest& request) {
   return outcome;
 }
 
-/// The page that is to be edited. Throws std::runtime_error when it cannot be had.
-void PreparePage(CLayoutPageData& page, const EditLayoutRequest& request) {
-  const std::wstring path = WideFromBytes(CP_UTF8, request.file);
+CStringArray HostTexts(const std::vector<std::string>& texts) {
+  CStringArray array;
+  for (const std::string& text : texts) {
+    array.Add(HostText(text));
+  }
+  return array;
+}
+
+/// What both layout entries take besides the page, in the host's types.
+class LayoutEntryArguments {
+public:
+  explicit LayoutEntryArguments(const LayoutArguments& given)
+      : m_insertions(HostTexts(given.insertions)), m_position(given.position) {
+    for (const int number : given.numbers) {
+      m_numbers.Add(static_cast<DWORD>(number));
+    }
+    if (!given.key.empty()) {
+      m_environment.emplace(HostText(given.key));
+    }
+  }
+
+  CStringArray* Insertions() { return &m_insertions; }
+  CDWordArray* Numbers() { return &m_numbers; }
+  CKivSysEnv* Environment() { return m_environment ? &*m_environment : nullptr; }
+  CPoint* Position() { return m_position.Pointer(); }
+
+private:
+  CStringArray m_insertions;
+  CDWordArray m_numbers;
+  std::optional<CKivSysEnv> m_environment;
+  PositionArgument m_position;
+};
+
+/// The page that is to be edited: made by `divide` where it is to be new, read from its file
+/// otherwise. Throws std::runtime_error when it cannot be had.
+template <class Page, class Request, class Divide>
+void PreparePage(Page& page, const Request& request, std::string_view kind, Divide divide) {
+  const std::string& file = request.arguments.file;
+  const std::wstring path = WideFromBytes(CP_UTF8, file);
   const bool isThere = ::GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
   if (request.newPage) {
     if (isThere) {
-      throw std::runtime_error(JsonQuoted(request.file) +
-                               " is there already, --new replaces no file");
+      throw std::runtime_error(JsonQuoted(file) + " is there already, --new replaces no file");
     }
-    page.DividePage(static_cast<BYTE>(request.newPage->rows),
-                    static_cast<BYTE>(request.newPage->columns), request.dotsPerMm);
+    divide(*request.newPage);
   } else if (page.OpenFileW(path.c_str()) == 0) {
-    throw std::runtime_error(JsonQuoted(request.file) +
-                             (isThere ? " cannot be read as a layout file"
+    throw std::runtime_error(JsonQuoted(file) +
+                             (isThere ? " cannot be read as a layout file " + std::string(kind)
                                       : " is not there, --new begins a new page"));
   }
 }
 
+template <class Page>
+void WritePage(const Page& page, const std::string& file) {
+  if (page.SaveFileW(WideFromBytes(CP_UTF8, file).c_str()) == 0) {
+    throw std::runtime_error(JsonQuoted(file) + " cannot be written");
+  }
+}
+
 Outcome Run(const EditLayoutRequest& request) {
+  const LayoutArguments& given = request.arguments;
   CLayoutPageData page;
-  PreparePage(page, request);
-  CStringArray insertions;
-  for (const std::string& name : request.insertions) {
-    insertions.Add(HostText(name));
-  }
-  CDWordArray numbers;
-  for (const int number : request.numbers) {
-    numbers.Add(static_cast<DWORD>(number));
-  }
-  std::optional<CKivSysEnv> env;
-  if (!request.key.empty()) {
-    env.emplace(HostText(request.key));
-  }
-  PositionArgument position(request.position);
-  if (__LayoutEditDlg(env ? &*env : nullptr, &page, &insertions, &numbers, request.dotsPerMm,
-                      request.isLineMode ? 1 : 0, position.Pointer()) == FALSE) {
+  PreparePage(page, request, "*.mtpld", [&](const PageCounts& counts) {
+    page.DividePage(static_cast<BYTE>(counts.rows), static_cast<BYTE>(counts.columns),
+                    given.dotsPerMm);
+  });
+  LayoutEntryArguments arguments(given);
+  if (__LayoutEditDlg(arguments.Environment(), &page, arguments.Insertions(), arguments.Numbers(),
+                      given.dotsPerMm, request.isLineMode ? 1 : 0, arguments.Position()) == FALSE) {
     return Cancelled();
   }
-  if (page.SaveFileW(WideFromBytes(CP_UTF8, request.outFile).c_str()) == 0) {
-    throw std::runtime_error(JsonQuoted(request.outFile) + " cannot be written");
-  }
+  WritePage(page, given.outFile);
   Outcome outcome = Confirmed();
   outcome.answer.AddInteger("rows", page.GetNumRow())
       .AddInteger("columns", page.GetNumCol())
       .AddNumber("width", page.GetAllLengthCol())
       .AddNumber("height", page.GetAllLengthRow())
-      .AddText("file", request.outFile);
+      .AddText("file", given.outFile);
+  return outcome;
+}
+
+/// In the order of the counts that --new takes.
+constexpr std::array kBlocks{CLayoutExPageData::LISTTYPE_HEADER, CLayoutExPageData::LISTTYPE_LIST,
+                             CLayoutExPageData::LISTTYPE_FOOTER};
+
+Outcome Run(const EditLayoutExRequest& request) {
+  const LayoutArguments& given = request.arguments;
+  CLayoutExPageData page;
+  PreparePage(page, request, "*.mtpld2", [&](const BlockCounts& counts) {
+    for (std::size_t i = 0; i < kBlocks.size(); ++i) {
+      page.DividePage(kBlocks.at(i), static_cast<BYTE>(counts.rows.at(i)),
+                      static_cast<BYTE>(counts.columns), given.dotsPerMm);
+    }
+  });
+  LayoutEntryArguments arguments(given);
+  CStringArray fields = HostTexts(request.fields);
+  if (__LayoutExEditDlg(arguments.Environment(), &page, fields.GetSize() > 0 ? &fields : nullptr,
+                        arguments.Insertions(), arguments.Numbers(), given.dotsPerMm,
+                        arguments.Position()) == FALSE) {
+    return Cancelled();
+  }
+  WritePage(page, given.outFile);
+  std::vector<double> rows;
+  std::vector<double> heights;
+  for (const CLayoutExPageData::LISTTYPE block : kBlocks) {
+    rows.push_back(page.GetNumRow(block));
+    heights.push_back(Shortest(page.GetAllLengthRow(block)));
+  }
+  Outcome outcome = Confirmed();
+  outcome.answer.AddNumbers("rows", rows)
+      .AddInteger("columns", page.GetNumCol())
+      .AddNumber("width", Shortest(page.GetAllLengthCol()))
+      .AddNumbers("height", heights)
+      .AddText("file", given.outFile);
   return outcome;
 }
 

@@ -1,26 +1,20 @@
 #include "gallery/editor_exhibits.h"
 
+#include "dialogs/layout/page_block.h"
 #include "driver/controls.h"
-#include "driver/picture.h"
+#include "gallery/editor_work.h"
 #include "gallery/environment.h"
 #include "gallery/exhibit_work.h"
 #include "gallery/page_picture.h"
+#include "gallery/page_words.h"
 #include "gallery/sample_pages.h"
 
 #include <quorvel/quorvel.h>
 
-// Needs <windows.h> above.
-#include <commctrl.h>
-
-#include <algorithm>
 #include <array>
-#include <cstdint>
 #include <filesystem>
-#include <initializer_list>
+#include <functional>
 #include <memory>
-#include <string>
-#include <string_view>
-#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -29,16 +23,11 @@ namespace quorvel::gallery {
 namespace {
 
 using driver::Click;
-using driver::ClickAt;
-using driver::ClientRectOf;
 using driver::Control;
-using driver::DialogWithControl;
-using driver::DialogWithTitle;
 using driver::DoubleClickAt;
 using driver::Drag;
 using driver::Focus;
 using driver::ModalScript;
-using driver::Painted;
 using driver::PressKey;
 using driver::PressTab;
 using driver::ReplaceText;
@@ -56,40 +45,10 @@ constexpr int kOuterTypeId = 2031;
 constexpr int kOuterWidthId = 2033;
 constexpr int kInnerLineId = 2035;
 constexpr int kImageId = 2040;
-constexpr int kInsertionId = 2045;
 constexpr UINT kMerge = 31009;
 constexpr UINT kOpen = 31011;
 constexpr UINT kSave = 31012;
-/// The name in the system's dialogs for files.
-constexpr int kFileNameId = 1148;
-
-/// Around the page in its picture.
-constexpr std::uint32_t kAroundPage = 0xBFBFBF;
-
-/// A folder of the tour's own, which is removed in the end.
-class TourFolder {
-public:
-  TourFolder() = default;
-  ~TourFolder() {
-    if (!m_folder.empty()) {
-      std::error_code ignored;
-      std::filesystem::remove_all(m_folder, ignored);
-    }
-  }
-  TourFolder(const TourFolder&) = delete;
-  TourFolder& operator=(const TourFolder&) = delete;
-
-  void Begin() {
-    m_folder = std::filesystem::temp_directory_path() /
-               (L"quorvel-tour-" + std::to_wstring(::GetCurrentProcessId()));
-    std::filesystem::remove_all(m_folder);
-    std::filesystem::create_directories(m_folder);
-  }
-  std::filesystem::path File() const { return (m_folder / L"表題欄.mtpld").make_preferred(); }
-
-private:
-  std::filesystem::path m_folder;
-};
+constexpr const wchar_t* kFileName = L"表題欄.mtpld";
 
 struct PageInHand {
   CLayoutPageData page;
@@ -97,8 +56,7 @@ struct PageInHand {
   CDWordArray numbers;
   Environment environment;
   TourFolder folder;
-  /// Where the mouse was before the tour took it.
-  POINT mouse{};
+  BorrowedMouse mouse;
 };
 
 using Hand = std::shared_ptr<PageInHand>;
@@ -115,94 +73,18 @@ std::function<void(HDC, const RECT&)> PreviewOf(const Hand& hand) {
   };
 }
 
-// ---- What the tour sees and does
+// ---- Where the cells are
 
-/// Where a page is in the dialog's picture, as a user sees it: all that is not the grey around it.
-CRect PageArea(HWND dialog) {
-  const driver::Picture picture = driver::ReadPixels(Control(dialog, kImageId));
-  CRect area(picture.width, picture.height, 0, 0);
-  for (int y = 0; y < picture.height; ++y) {
-    for (int x = 0; x < picture.width; ++x) {
-      if (picture.At(x, y) != kAroundPage) {
-        area.left = std::min(area.left, LONG{x});
-        area.top = std::min(area.top, LONG{y});
-        area.right = std::max(area.right, LONG{x} + 1);
-        area.bottom = std::max(area.bottom, LONG{y} + 1);
-      }
-    }
-  }
-  Expect(area.Width() > 0 && area.Height() > 0, "no page is to be seen");
-  const RECT image = ClientRectOf(Control(dialog, kImageId));
-  area.OffsetRect(image.left, image.top);
-  return area;
+POINT PointAt(HWND dialog, CLayoutPageData page, double across, double down) {
+  return gallery::PointAt(dialog, kImageId, SheetBlock(page), across, down);
 }
 
-/// A point of the dialog by millimetres from the page's top-left corner. `page` has the lengths
-/// that the dialog shows.
-POINT PointAt(HWND dialog, const CLayoutPageData& page, double across, double down) {
-  const CRect area = PageArea(dialog);
-  return {area.left + static_cast<LONG>(area.Width() * across / page.GetAllLengthCol()),
-          area.top + static_cast<LONG>(area.Height() * down / page.GetAllLengthRow())};
+POINT CentreOf(HWND dialog, CLayoutPageData page, int row, int col) {
+  return gallery::CentreOf(dialog, kImageId, SheetBlock(page), row, col);
 }
 
-POINT CentreOf(HWND dialog, const CLayoutPageData& page, int row, int col) {
-  constexpr double kHalf = 0.5;
-  double across = page.GetLengthCol(col) * kHalf;
-  double down = page.GetLengthRow(row) * kHalf;
-  for (int before = 0; before < col; ++before) {
-    across += page.GetLengthCol(before);
-  }
-  for (int before = 0; before < row; ++before) {
-    down += page.GetLengthRow(before);
-  }
-  return PointAt(dialog, page, across, down);
-}
-
-void PressTool(HWND dialog, UINT command) {
-  for (HWND bar = ::FindWindowExW(dialog, nullptr, TOOLBARCLASSNAMEW, nullptr); bar != nullptr;
-       bar = ::FindWindowExW(dialog, bar, TOOLBARCLASSNAMEW, nullptr)) {
-    RECT button{};
-    if (::SendMessageW(bar, TB_GETRECT, command, reinterpret_cast<LPARAM>(&button)) != 0) {
-      Expect(::SendMessageW(bar, TB_ISBUTTONENABLED, command, 0) != 0,
-             "the tool " + std::to_string(command) + " is disabled");
-      ClickAt(bar, {(button.left + button.right) / 2, (button.top + button.bottom) / 2});
-      return;
-    }
-  }
-  Expect(false, "no tool bar has the tool " + std::to_string(command));
-}
-
-/// Goes on once what was done so far is to be seen.
 void Then(ModalScript& script, ModalScript::Action action) {
-  script.When(Painted(DialogWithTitle(kTitle)), std::move(action));
-}
-
-void EnterFileName(ModalScript& script, const std::filesystem::path& file) {
-  script.When(Painted(DialogWithControl(kFileNameId)), [file](HWND dialog) {
-    ::SetDlgItemTextW(dialog, kFileNameId, file.c_str());
-    Click(dialog, IDOK);
-  });
-}
-
-/// Opens the list of insertions and clicks an entry, counted from 1.
-void PickInsertion(ModalScript& script, int entry) {
-  Then(script, [](HWND dialog) { Click(dialog, kInsertionId); });
-  const auto findList = []() -> HWND {
-    const HWND dialog = DialogWithTitle(kTitle).find();
-    COMBOBOXINFO info{};
-    info.cbSize = sizeof info;
-    return dialog != nullptr &&
-                   ::GetComboBoxInfo(Control(dialog, kInsertionId), &info) != FALSE &&
-                   ::IsWindowVisible(info.hwndList) != FALSE
-               ? info.hwndList
-               : nullptr;
-  };
-  script.When({"the list of insertions", findList}, [entry](HWND list) {
-    RECT item{};
-    ::SendMessageW(list, LB_GETITEMRECT, static_cast<WPARAM>(entry),
-                   reinterpret_cast<LPARAM>(&item));
-    ClickAt(list, {(item.left + item.right) / 2, (item.top + item.bottom) / 2});
-  });
+  gallery::Then(script, kTitle, std::move(action));
 }
 
 // ---- The tour of a page with margin and frame
@@ -219,41 +101,6 @@ POINT DragStart(HWND dialog) {
 
 POINT DragEnd(HWND dialog) { return PointAt(dialog, TitleBlock(), kDraggedColumn, kDragHeight); }
 
-/// Takes the border and moves it, with the real mouse at the end: the read-out of the lengths comes
-/// only where the mouse stands.
-void DragWithoutRelease(HWND dialog, PageInHand& hand) {
-  const POINT from = DragStart(dialog);
-  const POINT to = DragEnd(dialog);
-  POINT screenPoint = to;
-  ::ClientToScreen(dialog, &screenPoint);
-  ::GetCursorPos(&hand.mouse);
-  ::SetCursorPos(screenPoint.x, screenPoint.y);
-  ::PostMessageW(dialog, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(from.x, from.y));
-  ::PostMessageW(dialog, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM((from.x + to.x) / 2, to.y));
-  ::PostMessageW(dialog, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(to.x, to.y));
-}
-
-void Release(HWND dialog, const PageInHand& hand) {
-  const POINT to = DragEnd(dialog);
-  ::PostMessageW(dialog, WM_LBUTTONUP, 0, MAKELPARAM(to.x, to.y));
-  ::SetCursorPos(hand.mouse.x, hand.mouse.y);
-}
-
-bool IsReadOutInSight() {
-  bool isInSight = false;
-  ::EnumThreadWindows(
-      ::GetCurrentThreadId(),
-      [](HWND window, LPARAM found) {
-        if (driver::ClassName(window) == L"CToolTip" && ::IsWindowVisible(window) != FALSE &&
-            ::GetUpdateRect(window, nullptr, FALSE) == FALSE) {
-          *reinterpret_cast<bool*>(found) = true;
-        }
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&isInSight));
-  return isInSight;
-}
-
 /// As the dialog shows it once the border has been dragged.
 CLayoutPageData DraggedPage() {
   CLayoutPageData page = TitleBlock();
@@ -267,10 +114,19 @@ std::vector<Scene> LayoutScenes(const Hand& hand) {
   constexpr int kCheckedByRow = 2;
   constexpr int kCheckedByCol = 3;
   return {
-      {.show = [hand](HWND dialog) { DragWithoutRelease(dialog, *hand); },
+      {.show =
+           [hand](HWND dialog) {
+             hand->mouse.MoveTo(dialog, DragEnd(dialog));
+             DragWithoutRelease(dialog, DragStart(dialog), DragEnd(dialog));
+           },
        .picture = "layout-edit-drag",
        .isInSight = IsReadOutInSight},
-      {.show = [hand](HWND dialog) { Release(dialog, *hand); }},
+      {.show =
+           [hand](HWND dialog) {
+             const POINT to = DragEnd(dialog);
+             ::PostMessageW(dialog, WM_LBUTTONUP, 0, MAKELPARAM(to.x, to.y));
+             hand->mouse.GiveBack();
+           }},
       {.show =
            [](HWND dialog) {
              DoubleClickAt(dialog, CentreOf(dialog, DraggedPage(), kCheckedByRow, kCheckedByCol));
@@ -291,11 +147,11 @@ void WorkLayout(HWND dialog, ModalScript& script, const Hand& hand) {
     Drag(editor, CentreOf(editor, page, kLastRow, 4), CentreOf(editor, page, kLastRow, 5));
   });
   Then(script, [](HWND editor) { PressTool(editor, kMerge); });
-  PickInsertion(script, kRevision);
+  PickInsertion(script, kTitle, kRevision);
   Then(script, [](HWND editor) { PressTool(editor, kSave); });
-  EnterFileName(script, hand->folder.File());
+  EnterFileName(script, hand->folder.File(kFileName));
   Then(script, [hand](HWND editor) {
-    Expect(std::filesystem::exists(hand->folder.File()), "no file was saved");
+    Expect(std::filesystem::exists(hand->folder.File(kFileName)), "no file was saved");
     ReplaceText(Control(editor, kRowsId), L"2");
     PressTab(editor);
   });
@@ -303,7 +159,7 @@ void WorkLayout(HWND dialog, ModalScript& script, const Hand& hand) {
     ExpectText(editor, kHeightId, L"25");
     PressTool(editor, kOpen);
   });
-  EnterFileName(script, hand->folder.File());
+  EnterFileName(script, hand->folder.File(kFileName));
   Then(script, [](HWND editor) {
     ExpectText(editor, kRowsId, L"4");
     ExpectText(editor, kHeightId, L"45");

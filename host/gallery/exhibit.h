@@ -1,4 +1,4 @@
-// What the gallery shows: a row for each entry of the library, and for each dialog that its layout
+// What the gallery shows: a row for each entry of the library, and for dialogs that its layout
 // editors open.
 //
 //   for (const Exhibit& exhibit : AllExhibits()) {
@@ -33,6 +33,8 @@ struct RunOptions {
 struct Scene {
   /// Brings it up by posting what a user does.
   std::function<void(HWND dialog)> show;
+  /// Of the dialog that is worked and pictured; empty for that of the stop.
+  std::wstring title = {};
   /// The picture's name, without ".png"; empty for a step on the way to another scene.
   std::string picture = {};
   /// Whether what is to be pictured is in sight; empty where the dialog itself tells.
@@ -69,6 +71,8 @@ struct Exhibit {
   std::function<COLORREF()> color = {};
   /// Draws the value in hand into a rectangle beside its text; empty where the text says it all.
   std::function<void(HDC deviceContext, const RECT& area)> preview = {};
+  /// How high that rectangle is, in lines of text.
+  int previewLines = 5;
   /// Opens the dialog with the value in hand, which changes as the entry says.
   std::function<Outcome(const RunOptions&)> run;
   std::vector<TourStop> tour;

@@ -1,6 +1,7 @@
 #include "gallery/colour_exhibits.h"
 #include "gallery/editor_exhibits.h"
 #include "gallery/exhibit.h"
+#include "gallery/extended_exhibit.h"
 #include "gallery/font_exhibits.h"
 #include "gallery/input_exhibits.h"
 #include "gallery/layout_exhibits.h"
@@ -15,6 +16,7 @@ std::vector<Exhibit> AllExhibits() {
       EditColorExhibit(),     SelectRgbExhibit(),     SelFontExhibit(),
       SelFontExExhibit(),     RuledLinesExhibit(),    FieldExhibit(),
       CelSizeExhibit(),       LayoutExhibit(),        LayoutLinesExhibit(),
+      ExtendedLayoutExhibit(),
   };
 }
 

@@ -23,7 +23,6 @@ constexpr int kFirstValueId = 2000;
 constexpr int kFirstPictureId = 3000;
 // In lines of text.
 constexpr int kRowLines = 2;
-constexpr int kPreviewLines = 5;
 constexpr int kPreviewColumns = 20;
 
 /// The screen's device context with a control's font in it.
@@ -245,7 +244,7 @@ void GalleryWindow::LayOut() {
 }
 
 int GalleryWindow::HeightOfRow(const Exhibit& exhibit) const {
-  return (exhibit.preview ? kPreviewLines : kRowLines) * m_lineHeight;
+  return (exhibit.preview ? exhibit.previewLines : kRowLines) * m_lineHeight;
 }
 
 /// 0 where the exhibit has no picture.

@@ -1,6 +1,7 @@
 #include "gallery/sample_pages.h"
 
-#include "gallery/value_text.h"
+#include "dialogs/layout/field_choice.h"
+#include "dialogs/layout/page_block.h"
 
 #include <cstring>
 #include <initializer_list>
@@ -42,9 +43,15 @@ constexpr CelLook kCompany{.face = kMincho, .height = 5, .back = kPaleYellow, .a
                            .down = kLast};
 constexpr CelLook kFormTitle{.face = kMincho, .height = 6, .weight = FW_BOLD, .across = kCentre};
 constexpr CelLook kNumber{.height = 3, .across = kLast};
+constexpr CelLook kBoxLabel{.back = kPaleBlue, .across = kCentre};
+constexpr CelLook kCustomer{.face = kMincho, .height = 4.5};
+constexpr CelLook kOwnName{.face = kMincho, .height = 4, .across = kLast};
+constexpr CelLook kCaption{.across = kLast};
+constexpr CelLook kGrandTotal{.weight = FW_BOLD, .back = kPaleYellow, .across = kCentre};
+constexpr CelLook kGrandTotalValue{.weight = FW_BOLD, .back = kPaleYellow};
 
-void Write(CLayoutPageData& page, int row, int col, const char* text, const CelLook& look) {
-  CLayoutCelData& cel = *page.GetCelAt(page.GetIndexFromRowCol(row, col));
+void Write(PageBlock& block, int row, int col, const char* text, const CelLook& look) {
+  CLayoutCelData& cel = *block.CelAt(block.IndexOf(row, col));
   cel.SetText(text);
   CKivFontEx font = *cel.GetFont();
   LOGFONTA record = font.GetLogFont(0);
@@ -61,14 +68,36 @@ void Write(CLayoutPageData& page, int row, int col, const char* text, const CelL
   cel.SetFont(&font);
 }
 
+void Write(CLayoutPageData& page, int row, int col, const char* text, const CelLook& look) {
+  SheetBlock block(page);
+  Write(block, row, col, text, look);
+}
+
+/// Rows and columns, both ends included.
+struct Cels {
+  int firstRow;
+  int lastRow;
+  int firstCol;
+  int lastCol;
+};
+
+void Select(PageBlock& block, const Cels& cels, int selected) {
+  for (int row = cels.firstRow; row <= cels.lastRow; ++row) {
+    for (int col = cels.firstCol; col <= cels.lastCol; ++col) {
+      block.CelAt(block.IndexOf(row, col))->SetSelected(selected);
+    }
+  }
+}
+
+void Merge(PageBlock& block, const Cels& cels) {
+  Select(block, cels, 1);
+  block.Merge(cels.firstRow, cels.firstCol);
+  Select(block, cels, 0);
+}
+
 void Merge(CLayoutPageData& page, int row, int firstCol, int lastCol) {
-  for (int col = firstCol; col <= lastCol; ++col) {
-    page.GetCelAt(page.GetIndexFromRowCol(row, col))->SetSelected(1);
-  }
-  page.MeargeCel(row, firstCol);
-  for (int col = firstCol; col <= lastCol; ++col) {
-    page.GetCelAt(page.GetIndexFromRowCol(row, col))->SetSelected(0);
-  }
+  SheetBlock block(page);
+  Merge(block, {row, row, firstCol, lastCol});
 }
 
 CLayoutPageData MakePage(std::initializer_list<double> rows,
@@ -87,42 +116,107 @@ CLayoutPageData MakePage(std::initializer_list<double> rows,
   return page;
 }
 
-std::wstring LineInWords(int isOn, const PEN_STATUS& status) {
-  if (isOn == 0) {
-    return L"off";
+// The blocks of an extended page.
+constexpr auto kHeaderBlock = CLayoutExPageData::LISTTYPE_HEADER;
+constexpr auto kListBlock = CLayoutExPageData::LISTTYPE_LIST;
+constexpr auto kFooterBlock = CLayoutExPageData::LISTTYPE_FOOTER;
+
+void MakeBlock(CLayoutExPageData& page, CLayoutExPageData::LISTTYPE type,
+               std::initializer_list<float> rows, std::initializer_list<float> columns) {
+  page.DividePage(type, static_cast<BYTE>(rows.size()), static_cast<BYTE>(columns.size()),
+                  kSampleDotsPerMm);
+  int line = 0;
+  for (const float length : rows) {
+    page.SetLengthRow(type, line++, length);
   }
-  return Number(status.width) + L" mm style " + std::to_wstring(status.style) + L" " +
-         ColorText(status.color);
+  line = 0;
+  for (const float length : columns) {
+    page.SetLengthCol(line++, length);
+  }
 }
 
-std::wstring CelInWords(const CLayoutCelData& cel) {
-  std::wstring words = cel.GetText().IsEmpty() ? L"-" : Wide(cel.GetText());
-  if (cel.GetRowMeargeSize() > 1 || cel.GetColMeargeSize() > 1) {
-    words += L"[" + std::to_wstring(cel.GetRowMeargeSize()) + L"x" +
-             std::to_wstring(cel.GetColMeargeSize()) + L"]";
-  }
-  return words;
+/// Which lines of cells are shown: around them and between them.
+struct ShownLines {
+  int top = 1;
+  int innerHorizontal = 1;
+  int bottom = 1;
+  int left = 1;
+  int innerVertical = 1;
+  int right = 1;
+};
+
+void Rule(CLayoutExPageData& page, CLayoutExPageData::LISTTYPE type, const Cels& cels,
+          const ShownLines& lines) {
+  ExtendedBlock block(page, type);
+  Select(block, cels, 1);
+  page.SetShowLine(type, lines.top, lines.innerHorizontal, lines.bottom, lines.left,
+                   lines.innerVertical, lines.right);
+  Select(block, cels, 0);
 }
 
-std::wstring RowInWords(const CLayoutPageData& page, int row) {
-  std::wstring words;
-  for (int col = 0; col < page.GetNumCol(); ++col) {
-    const CLayoutCelData& cel = *page.GetCelAt(page.GetIndexFromRowCol(row, col));
-    if (cel.GetRowMeargeSize() != 0) {
-      words += (words.empty() ? L"" : L" | ") + CelInWords(cel);
-    }
-  }
-  return words;
+/// The macro of a type, by its number in the settings.
+CString Macro(unsigned int valType, const char* field, bool isGrouped) {
+  CKivValInfoOneData info;
+  info.SetValType(valType);
+  info.SetFieldName(field);
+  info.SetUse3Figures(isGrouped ? 1 : 0);
+  return info.GetMacroString(FieldTypeText(FieldTypeOf(valType)));
 }
 
-/// As many lengths as `count`, as a sum.
-std::wstring Sum(const CLayoutPageData& page, int count,
-                 double (CLayoutPageData::*length)(int) const) {
-  std::wstring words;
-  for (int line = 0; line < count; ++line) {
-    words += (line == 0 ? L"" : L"+") + Number((page.*length)(line));
+constexpr unsigned int kValue = 200;
+constexpr unsigned int kTotal = 203;
+constexpr unsigned int kTotalCount = 206;
+
+void WriteHeader(CLayoutExPageData& page) {
+  ExtendedBlock header(page, kHeaderBlock);
+  Write(header, 0, 0, "御　見　積　書", kFormTitle);
+  Write(header, 0, 4, "見積番号", kBoxLabel);
+  Write(header, 0, 5, "<M>11 見積番号</M>", kEntry);
+  Write(header, 1, 0, "　<M>12 宛名</M>　御中", kCustomer);
+  Write(header, 1, 2, "株式会社○○設計事務所　", kOwnName);
+  int col = 0;
+  for (const char* heading : {"番号", "品名・仕様", "数量", "単位", "単価", "金額"}) {
+    Write(header, 2, col++, heading, kBoxLabel);
   }
-  return words;
+  Merge(header, {0, 0, 0, 3});
+  Merge(header, {1, 1, 0, 1});
+  Merge(header, {1, 1, 2, 5});
+  Rule(page, kHeaderBlock, {0, 0, 0, 3}, {.top = 0, .bottom = 0, .left = 0});
+  Rule(page, kHeaderBlock, {1, 1, 0, 5}, {.left = 0, .innerVertical = 0, .right = 0});
+}
+
+void WriteList(CLayoutExPageData& page) {
+  ExtendedBlock list(page, kListBlock);
+  Write(list, 0, 0, Macro(kValue, "番号", false).GetString(), kEntry);
+  Write(list, 0, 1, Macro(kValue, "品名", false).GetString(), kEntry);
+  Write(list, 1, 1, Macro(kValue, "仕様", false).GetString(), kEntry);
+  Write(list, 0, 2, Macro(kValue, "数量", false).GetString(), kEntry);
+  Write(list, 0, 3, Macro(kValue, "単位", false).GetString(), kEntry);
+  Write(list, 0, 4, Macro(kValue, "単価", true).GetString(), kEntry);
+  Write(list, 0, 5, Macro(kValue, "金額", true).GetString(), kEntry);
+  for (const int col : {0, 2, 3, 4, 5}) {
+    Merge(list, {0, 1, col, col});
+  }
+  Rule(page, kListBlock, {0, 1, 1, 1}, {.innerHorizontal = 0});
+}
+
+void WriteFooter(CLayoutExPageData& page) {
+  ExtendedBlock footer(page, kFooterBlock);
+  Write(footer, 0, 0, "　見積有効期限：提出日より１か月", kEntry);
+  Write(footer, 1, 0, "　お支払条件：", kEntry);
+  Write(footer, 2, 0, "明細件数　", kCaption);
+  Write(footer, 2, 2, Macro(kTotalCount, "品名", false).GetString(), kEntry);
+  Write(footer, 0, 4, "小計", kBoxLabel);
+  Write(footer, 0, 5, Macro(kTotal, "金額", true).GetString(), kEntry);
+  Write(footer, 1, 4, "消費税", kBoxLabel);
+  Write(footer, 1, 5, Macro(kValue, "消費税額", true).GetString(), kEntry);
+  Write(footer, 2, 4, "合計", kGrandTotal);
+  Write(footer, 2, 5, Macro(kValue, "税込金額", true).GetString(), kGrandTotalValue);
+  Merge(footer, {0, 0, 0, 3});
+  Merge(footer, {1, 1, 0, 3});
+  Merge(footer, {2, 2, 0, 1});
+  Merge(footer, {2, 2, 2, 3});
+  Rule(page, kFooterBlock, {0, 2, 0, 3}, {.innerHorizontal = 0, .innerVertical = 0});
 }
 
 }  // namespace
@@ -174,24 +268,23 @@ CLayoutPageData PartsForm() {
   return page;
 }
 
-std::wstring PageInWords(const CLayoutPageData& page) {
-  const std::wstring columns = Sum(page, page.GetNumCol(), &CLayoutPageData::GetLengthCol);
-  const std::wstring rows = Sum(page, page.GetNumRow(), &CLayoutPageData::GetLengthRow);
-  std::wstring words = std::to_wstring(page.GetNumRow()) + L" x " +
-                       std::to_wstring(page.GetNumCol()) + L" cells, " +
-                       Number(page.GetAllLengthCol()) + L" x " + Number(page.GetAllLengthRow()) +
-                       L" mm (" + columns + L", " + rows + L"), ";
-  if (page.GetType() != 0) {
-    words += L"outer line " + LineInWords(page.GetByEdgeOutLine(), page.GetOutLineStatus()) +
-             L", inner lines " + LineInWords(page.GetByEdgeInLine(), page.GetInLineStatus());
-  } else {
-    words += L"margin " + Number(page.GetMargin()) +
-             (page.GetShowFrame() != 0 ? L" mm, frame" : L" mm, no frame");
-  }
-  for (int row = 0; row < page.GetNumRow(); ++row) {
-    words += (row == 0 ? L": " : L" / ") + RowInWords(page, row);
-  }
-  return words;
+CLayoutExPageData Estimate() {
+  const std::initializer_list<float> columns{12, 54, 18, 16, 26, 34};
+  CLayoutExPageData page;
+  MakeBlock(page, kHeaderBlock, {8, 7, 6}, columns);
+  MakeBlock(page, kListBlock, {9, 8}, columns);
+  MakeBlock(page, kFooterBlock, {7, 7, 7}, columns);
+  WriteHeader(page);
+  WriteList(page);
+  WriteFooter(page);
+  const PEN_STATUS outer{kBlack, 0.5F, 0};
+  const PEN_STATUS inner{kBlack, 0.2F, 0};
+  page.SetByEdgeOutLine(1);
+  page.SetOutLineStatus(&outer);
+  page.SetByEdgeInLine(1);
+  page.SetInLineStatus(&inner);
+  page.SetRepeatRow(12);
+  return page;
 }
 
 }  // namespace quorvel::gallery

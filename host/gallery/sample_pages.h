@@ -1,12 +1,9 @@
 // Pages for the gallery to begin with, as drawings have them.
 //
 //   CLayoutPageData page = TitleBlock();
-//   PageInWords(page);   // 4 x 6 cells, 170 x 45 mm, ...
 #pragma once
 
 #include <quorvel/quorvel.h>
-
-#include <string>
 
 namespace quorvel::gallery {
 
@@ -19,8 +16,8 @@ CLayoutPageData TitleBlock();
 /// A list of parts with an outer line and inner lines.
 CLayoutPageData PartsForm();
 
-/// Counts, lengths, lines or margin, and the texts of all cells, row by row: a dash for none, the
-/// rows and columns of a merged cell behind its text.
-std::wstring PageInWords(const CLayoutPageData& page);
+/// An estimate: a header with title, customer, company and headings, a list whose two rows show one
+/// record, a footer with totals; lines hidden where nobody rules them.
+CLayoutExPageData Estimate();
 
 }  // namespace quorvel::gallery

@@ -56,8 +56,8 @@ bool Visit(GalleryWindow& gallery, std::size_t index, const TourStop& stop,
            const std::filesystem::path& folder, const std::filesystem::path& picture) {
   stop.setUp();
   gallery.AllowMousePick(stop.options.allowMousePick);
-  const auto steady = [&stop] {
-    return driver::SteadyOnScreen(driver::DialogWithTitle(stop.title));
+  const auto steady = [&stop](const std::wstring& title = {}) {
+    return driver::SteadyOnScreen(driver::DialogWithTitle(title.empty() ? stop.title : title));
   };
   driver::ModalScript script;
   script.When(steady(), [&](HWND dialog) {
@@ -66,9 +66,9 @@ bool Visit(GalleryWindow& gallery, std::size_t index, const TourStop& stop,
     }
   });
   for (const Scene& scene : stop.scenes) {
-    script.When(steady(), scene.show);
+    script.When(steady(scene.title), scene.show);
     if (!scene.picture.empty()) {
-      script.When(Once(scene.isInSight, steady()), [&](HWND dialog) {
+      script.When(Once(scene.isInSight, steady(scene.title)), [&](HWND dialog) {
         TakePicture(dialog, folder / (scene.picture + ".png"));
       });
     }

@@ -227,6 +227,8 @@ constexpr std::array kOperands = {
            .kind = OptionKind::kCounts,
            .valueName = "AxB",
            .help = "how large",
+           .fewestValues = 2,
+           .mostValues = 2,
            .defaultValue = "1x2"},
     Option{.name = "to",
            .kind = OptionKind::kText,
@@ -265,9 +267,25 @@ TEST(ParseOptions, AsksForEveryOperandOnce) {
 }
 
 TEST(ParseOptions, RefusesBadCounts) {
-  for (const std::string text : {"", "1", "x", "1x", "x2", "1x2x3", "1X2", "99999999999x1"}) {
+  for (const std::string text : {"", "1", "x", "1x", "x2", "1x2x3", "1X2",
+                                 "99999999999x1", "1+2x3"}) {
     EXPECT_EQ(OperandRefusal({"a", "b", "--size", text}),
               "--size needs counts as AxB, not \"" + text + "\"");
+  }
+}
+
+TEST(ParseOptions, CountsMayHaveRowsOfSeveralParts) {
+  constexpr std::array kParts = {Option{.name = "size",
+                                        .kind = OptionKind::kCounts,
+                                        .valueName = "A+BxC",
+                                        .fewestValues = 3,
+                                        .mostValues = 3}};
+  const std::vector<std::string> arguments = {"--size", "1+-2x30"};
+  EXPECT_EQ(ParseOptions(kParts, arguments).WholeNumbers("size"), (std::vector<int>{1, -2, 30}));
+  for (const std::string text : {"1x2", "1+2", "1+2+3x4", "+1x2", "1+x2", "1++2x3", "1x2+3",
+                                 "1,2x3", "1+2x", "1 +2x3"}) {
+    const std::vector<std::string> bad = {"--size", text};
+    EXPECT_THROW(ParseOptions(kParts, bad), UsageError) << text;
   }
 }
 

@@ -285,6 +285,7 @@ TEST(Commands, HelpListsEverySubcommand) {
       "  select-font        ask for a font with its size in millimetres\n"
       "  select-font-ex     ask for the font of a cell and the place of its text\n"
       "  edit-layout        lay out a page of cells and write it to its file\n"
+      "  edit-layout-ex     lay out a page of header, list and footer and write it to its file\n"
       "  help [SUBCOMMAND]  print this help or that of a subcommand\n"
       "\n"
       "Options:\n"

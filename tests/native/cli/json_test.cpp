@@ -174,6 +174,14 @@ TEST(JsonNumber, IsTheShortestText) {
   EXPECT_EQ(JsonNumber(5e-324), "5e-324");
 }
 
+TEST(Shortest, IsTheNumberThatAFloatsTextTells) {
+  EXPECT_EQ(Shortest(12.3F), 12.3);
+  EXPECT_EQ(Shortest(-0.1F), -0.1);
+  EXPECT_EQ(Shortest(180.0F), 180.0);
+  EXPECT_EQ(Shortest(1.17549435e-38F), 1.1754944e-38);
+  EXPECT_TRUE(std::isinf(Shortest(std::numeric_limits<float>::infinity())));
+}
+
 TEST(JsonNumber, InfinitiesAndNanAreNull) {
   EXPECT_EQ(JsonNumber(std::numeric_limits<double>::infinity()), "null");
   EXPECT_EQ(JsonNumber(-std::numeric_limits<double>::infinity()), "null");

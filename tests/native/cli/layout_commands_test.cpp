@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <string>
 #include <variant>
 #include <vector>
@@ -13,13 +14,14 @@ namespace {
 
 using Arguments = std::vector<std::string>;
 
-EditLayoutRequest Read(const Arguments& arguments) {
+template <class Wanted = EditLayoutRequest>
+Wanted Read(const Arguments& arguments) {
   const CommandLine line = ReadCommandLine(arguments);
   if (const auto* message = std::get_if<Message>(&line)) {
     ADD_FAILURE() << message->text;
     return {};
   }
-  return std::get<EditLayoutRequest>(std::get<Request>(line));
+  return std::get<Wanted>(std::get<Request>(line));
 }
 
 void ExpectBadUsage(const Arguments& arguments, const std::string& line) {
@@ -35,32 +37,32 @@ TEST(LayoutCommands, EditLayoutTakesItsOptions) {
       Read({"edit-layout", "--line-mode", "枠 ソ.mtpld", "--out", "--out", "--new", "3x20",
             "--insert", "図面番号", "--number", "10", "--insert=", "--number=0", "--dots-per-mm",
             "23.6", "--key", "Software\\Q", "--position", "-5,6"});
-  EXPECT_EQ(request.file, "枠 ソ.mtpld");
-  EXPECT_EQ(request.outFile, "--out");
+  EXPECT_EQ(request.arguments.file, "枠 ソ.mtpld");
+  EXPECT_EQ(request.arguments.outFile, "--out");
   ASSERT_TRUE(request.newPage.has_value());
   EXPECT_EQ(request.newPage->rows, 3);
   EXPECT_EQ(request.newPage->columns, 20);
   EXPECT_TRUE(request.isLineMode);
-  EXPECT_EQ(request.insertions, (std::vector<std::string>{"図面番号", ""}));
-  EXPECT_EQ(request.numbers, (std::vector<int>{10, 0}));
-  EXPECT_EQ(request.dotsPerMm, 23.6);
-  EXPECT_EQ(request.key, "Software\\Q");
-  ASSERT_TRUE(request.position.has_value());
-  EXPECT_EQ(request.position->x, -5);
-  EXPECT_EQ(request.position->y, 6);
+  EXPECT_EQ(request.arguments.insertions, (std::vector<std::string>{"図面番号", ""}));
+  EXPECT_EQ(request.arguments.numbers, (std::vector<int>{10, 0}));
+  EXPECT_EQ(request.arguments.dotsPerMm, 23.6);
+  EXPECT_EQ(request.arguments.key, "Software\\Q");
+  ASSERT_TRUE(request.arguments.position.has_value());
+  EXPECT_EQ(request.arguments.position->x, -5);
+  EXPECT_EQ(request.arguments.position->y, 6);
 }
 
 TEST(LayoutCommands, EditLayoutWritesTheFileThatItReads) {
   const EditLayoutRequest request = Read({"edit-layout", "a.mtpld"});
-  EXPECT_EQ(request.file, "a.mtpld");
-  EXPECT_EQ(request.outFile, "a.mtpld");
+  EXPECT_EQ(request.arguments.file, "a.mtpld");
+  EXPECT_EQ(request.arguments.outFile, "a.mtpld");
   EXPECT_FALSE(request.newPage.has_value());
   EXPECT_FALSE(request.isLineMode);
-  EXPECT_TRUE(request.insertions.empty());
-  EXPECT_TRUE(request.numbers.empty());
-  EXPECT_EQ(request.dotsPerMm, 0.0);
-  EXPECT_EQ(request.key, "");
-  EXPECT_FALSE(request.position.has_value());
+  EXPECT_TRUE(request.arguments.insertions.empty());
+  EXPECT_TRUE(request.arguments.numbers.empty());
+  EXPECT_EQ(request.arguments.dotsPerMm, 0.0);
+  EXPECT_EQ(request.arguments.key, "");
+  EXPECT_FALSE(request.arguments.position.has_value());
 }
 
 TEST(LayoutCommands, EditLayoutNeedsOneFile) {
@@ -84,14 +86,63 @@ TEST(LayoutCommands, EditLayoutMakesPagesThatItsDialogTakes) {
   }
 }
 
-TEST(LayoutCommands, EditLayoutNumbersEachNameOrNone) {
+TEST(LayoutCommands, BothNumberEachNameOrNone) {
   const std::string refusal = "quorvel: --number is needed as often as --insert, or not at all";
-  ExpectBadUsage({"edit-layout", "a", "--number", "1"}, refusal);
-  ExpectBadUsage({"edit-layout", "a", "--insert", "n", "--insert", "m", "--number", "1"}, refusal);
-  ExpectBadUsage({"edit-layout", "a", "--insert", "n", "--number", "-1"},
-                 "quorvel: --number must not be negative");
-  ExpectBadUsage({"edit-layout", "a", "--insert", "n", "--number", "1,2"},
-                 R"(quorvel: --number needs a whole number, not "1,2")");
+  for (const std::string command : {"edit-layout", "edit-layout-ex"}) {
+    ExpectBadUsage({command, "a", "--number", "1"}, refusal);
+    ExpectBadUsage({command, "a", "--insert", "n", "--insert", "m", "--number", "1"}, refusal);
+    ExpectBadUsage({command, "a", "--insert", "n", "--number", "-1"},
+                   "quorvel: --number must not be negative");
+    ExpectBadUsage({command, "a", "--insert", "n", "--number", "1,2"},
+                   R"(quorvel: --number needs a whole number, not "1,2")");
+  }
+}
+
+TEST(LayoutCommands, EditLayoutExTakesItsOptions) {
+  const auto request = Read<EditLayoutExRequest>(
+      {"edit-layout-ex", "明細 ソ.mtpld2", "--out", "b", "--new", "1+5+2x20", "--field", "品名",
+       "--insert", "図面番号", "--field=", "--number", "10", "--dots-per-mm", "23.6", "--key",
+       "Software\\Q", "--position", "-5,6"});
+  EXPECT_EQ(request.arguments.file, "明細 ソ.mtpld2");
+  EXPECT_EQ(request.arguments.outFile, "b");
+  ASSERT_TRUE(request.newPage.has_value());
+  EXPECT_EQ(request.newPage->rows, (std::array{1, 5, 2}));
+  EXPECT_EQ(request.newPage->columns, 20);
+  EXPECT_EQ(request.fields, (std::vector<std::string>{"品名", ""}));
+  EXPECT_EQ(request.arguments.insertions, (std::vector<std::string>{"図面番号"}));
+  EXPECT_EQ(request.arguments.numbers, (std::vector<int>{10}));
+  EXPECT_EQ(request.arguments.dotsPerMm, 23.6);
+  EXPECT_EQ(request.arguments.key, "Software\\Q");
+  ASSERT_TRUE(request.arguments.position.has_value());
+  EXPECT_EQ(request.arguments.position->x, -5);
+}
+
+TEST(LayoutCommands, EditLayoutExWritesTheFileThatItReads) {
+  const auto request = Read<EditLayoutExRequest>({"edit-layout-ex", "a.mtpld2"});
+  EXPECT_EQ(request.arguments.outFile, "a.mtpld2");
+  EXPECT_FALSE(request.newPage.has_value());
+  EXPECT_TRUE(request.fields.empty());
+  ExpectBadUsage({"edit-layout-ex"}, "quorvel: FILE is missing");
+  ExpectBadUsage({"edit-layout-ex", "a", "--line-mode"},
+                 R"(quorvel: unknown option "--line-mode")");
+}
+
+TEST(LayoutCommands, EditLayoutExMakesPagesThatItsDialogTakes) {
+  for (const std::string counts : {"1+1+1x1", "5+5+5x20"}) {
+    EXPECT_TRUE(Read<EditLayoutExRequest>({"edit-layout-ex", "a", "--new", counts}).newPage)
+        << counts;
+  }
+  for (const std::string counts : {"0+1+1x1", "1+0+1x1", "1+1+0x1", "1+1+1x0", "6+1+1x1",
+                                   "1+6+1x1", "1+1+6x1", "1+1+1x21", "1+-1+1x1"}) {
+    ExpectBadUsage({"edit-layout-ex", "a", "--new", counts},
+                   "quorvel: --new takes 1 to 5 rows in each block and 1 to 20 columns");
+  }
+  for (const std::string counts : {"", "3x4", "1+1x1", "1+1+1", "1+1+1x", "x1", "1+1+1+1x1",
+                                   "1+1+1x1+1", "1,1,1x1", "1+1+1X1", "1 + 1 + 1x1", "++x"}) {
+    ExpectBadUsage(
+        {"edit-layout-ex", "a", "--new", counts},
+        "quorvel: --new needs counts as HEADER+LIST+FOOTERxCOLUMNS, not \"" + counts + "\"");
+  }
 }
 
 TEST(LayoutCommands, HelpBeginsWithTheFile) {

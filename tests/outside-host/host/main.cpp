@@ -15,12 +15,14 @@ void CALLBACK PressEnter(HWND, UINT, UINT_PTR timer, DWORD) {
   }
 }
 
+/// Confirms with a number of rows, `ROWS` being that field.
+template <int ROWS>
 void CALLBACK ConfirmLayout(HWND, UINT, UINT_PTR timer, DWORD) {
   const HWND dialog = FindWindowW(L"#32770", L"ﾚｲｱｳﾄ編集");
   if (dialog != nullptr && IsWindowVisible(dialog)) {
     KillTimer(nullptr, timer);
-    SetDlgItemTextW(dialog, 2011, L"3");  // the number of rows
-    PostMessageW(GetDlgItem(dialog, 2011), WM_KEYDOWN, VK_RETURN, 0);
+    SetDlgItemTextW(dialog, ROWS, L"3");
+    PostMessageW(GetDlgItem(dialog, ROWS), WM_KEYDOWN, VK_RETURN, 0);
   }
 }
 
@@ -34,10 +36,26 @@ bool LaysOutAPage(CKivSysEnv& environment) {
   CDWordArray numbers;
   numbers.Add(10);
   CPoint position(50, 50);
-  SetTimer(nullptr, 0, 50, ConfirmLayout);
+  SetTimer(nullptr, 0, 50, ConfirmLayout<2011>);
   return __LayoutEditDlg(&environment, &page, &names, &numbers, 11.811, 0, &position) != FALSE &&
          page.GetNumRow() == 3 && page.GetNumCol() == 2 && page.GetCelAt(0)->GetText() == "表" &&
          __LayoutEditDlg(nullptr, nullptr, nullptr, nullptr, 0, 0, nullptr) == FALSE;
+}
+
+/// The same for the list of an extended page.
+bool LaysOutAnExtendedPage(CKivSysEnv& environment) {
+  const auto list = CLayoutExPageData::LISTTYPE_LIST;
+  CLayoutExPageData page;
+  page.DividePage(list, 2, 2, 11.811);
+  page.GetCelAt(list, 0)->SetText("表");
+  CStringArray fields;
+  fields.Add("品名");
+  SetTimer(nullptr, 0, 50, ConfirmLayout<4039>);
+  return __LayoutExEditDlg(&environment, &page, &fields, nullptr, nullptr, 11.811, nullptr) !=
+             FALSE &&
+         page.GetNumRow(list) == 3 && page.GetNumCol() == 2 &&
+         page.GetCelAt(list, 0)->GetText() == "表" &&
+         __LayoutExEditDlg(nullptr, nullptr, nullptr, nullptr, nullptr, 0, nullptr) == FALSE;
 }
 
 /// What a host does with a page, through the installed headers alone.
@@ -103,10 +121,10 @@ int main() {
   const BOOL confirmed = __InputTextDlg("題名", "説明", &text, &position);
   const bool typed = text == "表";
   const bool pages = WorksWithPages();
-  const bool laidOut = LaysOutAPage(environment);
+  const bool laidOut = LaysOutAPage(environment) && LaysOutAnExtendedPage(environment);
   const bool colours = KeepsColours(environment);
   std::printf("%s, %s, %s\n", pages ? "pages kept" : "pages lost",
-              laidOut ? "page laid out" : "page not laid out",
+              laidOut ? "pages laid out" : "pages not laid out",
               colours ? "colours kept" : "colours lost");
   std::printf("%s %s\n", confirmed != FALSE ? "confirmed" : "cancelled",
               typed ? "as typed" : "not as typed");

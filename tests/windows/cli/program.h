@@ -1,0 +1,39 @@
+// quorvel.exe as a process that a test starts, works and reads.
+//
+//   using namespace program;
+//   const Ended ended = RunProgram(L"input-scale --scale 500", Confirm);
+//   ended.output;   // {"result":"confirmed","scale":500}
+#pragma once
+
+#include "driver/platform.h"
+
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace quorvel::test::program {
+
+struct Ended {
+  int status;
+  std::string output;
+  std::string errors;
+};
+
+/// Has the process's dialog once, as soon as it is visible.
+using Worker = std::function<void(HWND)>;
+
+/// Starts quorvel.exe, lets `work` have its dialog, and waits for its end. Throws
+/// std::runtime_error if that does not come.
+Ended RunProgram(const std::wstring& arguments, const Worker& work = {});
+
+void Command(HWND dialog, int id);
+void Confirm(HWND dialog);
+void Cancel(HWND dialog);
+
+/// Sends the texts, which the system carries into the other process.
+Worker SetAndConfirm(std::vector<std::pair<int, std::wstring>> fields);
+
+std::string Utf8(const char8_t* text);
+
+}  // namespace quorvel::test::program
