@@ -275,7 +275,7 @@ TEST_P(RandomMessagesToBlocks, DoNoHarmToTheExtendedEditor) {
         ASSERT_NO_FATAL_FAILURE(ExpectSound(page));
         ++confirmed;
       } else {
-        ASSERT_TRUE(IsSamePage(page, before));
+        ASSERT_TRUE(IsSamePage(page, before)) << "seed " << seed;
       }
       ++openings;
       watchdog.Postpone();
@@ -283,9 +283,9 @@ TEST_P(RandomMessagesToBlocks, DoNoHarmToTheExtendedEditor) {
     std::printf("%s: %d openings, %d confirmed\n", GetParam().name.c_str(), openings, confirmed);
   };
   ASSERT_NO_FATAL_FAILURE(OpenAllFromExtendedEditor());
-  run(Seed(), kWarmUps);
+  ASSERT_NO_FATAL_FAILURE(run(Seed(), kWarmUps));
   const LeakCounters before = CountResources();
-  run(Seed() + 1, MessageCount());
+  ASSERT_NO_FATAL_FAILURE(run(Seed() + 1, MessageCount()));
   EXPECT_EQ(CountResources(), before);
 }
 
@@ -307,9 +307,9 @@ TEST_P(RandomMessagesToBlocks, KeepThePageOfAListEditorSound) {
                 page.GetNumCol());
   };
   ASSERT_NO_FATAL_FAILURE(OpenAllFromListEditor());
-  run(Seed(), kWarmUps);
+  ASSERT_NO_FATAL_FAILURE(run(Seed(), kWarmUps));
   const LeakCounters before = CountResources();
-  run(Seed() + 1, MessageCount());
+  ASSERT_NO_FATAL_FAILURE(run(Seed() + 1, MessageCount()));
   EXPECT_EQ(CountResources(), before);
 }
 
