@@ -1,6 +1,5 @@
 #include "bench/bare_page_view.h"
 
-#include "dialogs/layout/cel_painter.h"
 #include "framework/code_page.h"
 
 #include <array>
@@ -10,8 +9,6 @@ namespace quorvel::bench {
 namespace {
 
 constexpr const wchar_t* kClass = L"QuorvelBenchPage";
-/// Clear of the dialog in the middle of the screen.
-constexpr CPoint kCorner{20, 850};
 constexpr COLORREF kAround = RGB(0xBF, 0xBF, 0xBF);
 constexpr COLORREF kPaper = RGB(0xFF, 0xFF, 0xFF);
 constexpr COLORREF kGuideColor = RGB(0x80, 0x80, 0x80);
@@ -37,11 +34,11 @@ private:
   PAINTSTRUCT m_paint{};
 };
 
-DotsPerInch DotsOf(HWND window) {
-  const HDC deviceContext = ::GetDC(window);
+DotsPerInch DotsOfScreen() {
+  const HDC deviceContext = ::GetDC(nullptr);
   const DotsPerInch dots{static_cast<double>(::GetDeviceCaps(deviceContext, LOGPIXELSX)),
                          static_cast<double>(::GetDeviceCaps(deviceContext, LOGPIXELSY))};
-  ::ReleaseDC(window, deviceContext);
+  ::ReleaseDC(nullptr, deviceContext);
   return dots;
 }
 
@@ -59,32 +56,55 @@ OwnedBitmap MakePicture(const CSize& size) {
 
 }  // namespace
 
-BarePageView::BarePageView(const CLayoutPageData& page, const CSize& size)
-    : m_all({0, 0}, size),
+FittedPage FitInto(const PageBlock& block, const CSize& picture) {
+  return FitPage({{0, 0}, picture}, {block.Width(), block.Height()}, DotsOfScreen());
+}
+
+FittedPage PlaceIn(const PageBlock& block, const CSize& picture, double scale) {
+  return PlacePage({{0, 0}, picture}, {block.Width(), block.Height()}, DotsOfScreen(), scale);
+}
+
+BarePageView::BarePageView(const PageBlock& block, CelStyle style, const CSize& size,
+                           const FittedPage& fitted, const CPoint& corner)
+    : m_style(style),
+      m_rects(RectTable(block, fitted.area)),
+      m_all({0, 0}, size),
+      m_pageArea(fitted.area),
       m_guidePen(::CreatePen(PS_DOT, 1, kGuideColor)),
       m_picture(std::make_unique<ReadyPicture>(MakePicture(size))) {
   WNDCLASSW description{};
   description.lpfnWndProc = Proc;
   description.lpszClassName = kClass;
   ::RegisterClassW(&description);
-  m_window.reset(::CreateWindowExW(0, kClass, L"", WS_POPUP, kCorner.x, kCorner.y, size.cx, size.cy,
+  m_window.reset(::CreateWindowExW(0, kClass, L"", WS_POPUP, corner.x, corner.y, size.cx, size.cy,
                                    nullptr, nullptr, nullptr, nullptr));
-  const DotsPerInch dots = DotsOf(Window());
-  const FittedPage fitted =
-      FitPage(m_all, {page.GetAllLengthCol(), page.GetAllLengthRow()}, dots);
-  m_pageArea = fitted.area;
-  m_rects.resize(static_cast<std::size_t>(page.GetCelSize()));
-  page.InitCelRect(&m_pageArea, m_rects.data());
-  for (int index = 0; index < page.GetCelSize(); ++index) {
-    m_texts.push_back(WideFromCodePage(page.GetCelAt(index)->TextView()));
+  for (std::size_t index = 0; index < m_rects.size(); ++index) {
+    const CLayoutCelData& cel = *block.CelAt(static_cast<int>(index));
+    m_texts.push_back(WideFromCodePage(cel.TextView()));
+    m_edges.push_back(EdgesOf(cel, m_rects[index]));
   }
-  const CKivFontEx& font = *page.GetCelAt(0)->GetFont();
-  m_font = ScaledCelFont(font, {fitted.scale, dots});
+  const CKivFontEx& font = *block.CelAt(0)->GetFont();
+  m_font = ScaledCelFont(font, {fitted.scale, DotsOfScreen()});
   m_textColor = font.GetColor();
   m_backColor = font.GetBackColor();
   ::SetWindowLongPtrW(Window(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   ::ShowWindow(Window(), SW_SHOWNOACTIVATE);
   ::UpdateWindow(Window());
+}
+
+BarePageView::Edges BarePageView::EdgesOf(const CLayoutCelData& cel, const CRect& rect) {
+  const CPoint topRight(rect.right, rect.top);
+  const CPoint bottomLeft(rect.left, rect.bottom);
+  const CPoint bottomRight(rect.right, rect.bottom);
+  Edges edges;
+  const auto add = [&edges](int shown, const Edge& edge) {
+    (shown != 0 ? edges.shown : edges.hidden).push_back(edge);
+  };
+  add(cel.GetShowLineVT(), {rect.TopLeft(), topRight});
+  add(cel.GetShowLineVB(), {bottomLeft, bottomRight});
+  add(cel.GetShowLineHR(), {topRight, bottomRight});
+  add(cel.GetShowLineHL(), {rect.TopLeft(), bottomLeft});
+  return edges;
 }
 
 void BarePageView::SelectCel(int index, UINT verticalPlace) {
@@ -122,7 +142,11 @@ LRESULT CALLBACK BarePageView::Proc(HWND window, UINT message, WPARAM wParam, LP
 void BarePageView::Paint() const {
   const Painting paint(Window());
   const CRect area = paint.Area();
-  PaintPage(m_picture->Handle());
+  if (m_style == CelStyle::kRuled) {
+    PaintRuledPage(m_picture->Handle());
+  } else {
+    PaintPage(m_picture->Handle());
+  }
   ::BitBlt(paint.Handle(), area.left, area.top, area.Width(), area.Height(), m_picture->Handle(),
            area.left, area.top, SRCCOPY);
 }
@@ -144,11 +168,42 @@ void BarePageView::PaintPage(HDC deviceContext) const {
   }
 }
 
-void BarePageView::PaintCel(HDC deviceContext, std::size_t index) const {
+void BarePageView::PaintRuledPage(HDC deviceContext) const {
+  const CFontEx font(deviceContext, m_font);
+  const OwnedPen solid(::CreatePen(PS_SOLID, kLineWidth, kBlack));
+  const OwnedPen dotted(::CreatePen(PS_DOT, 1, kBlack));
+  const SelectedObject pen(deviceContext, solid.get());  // whichever is selected goes with it
+  ::SetBkMode(deviceContext, TRANSPARENT);
+  ::SetTextColor(deviceContext, m_textColor);
+  FillSolid(deviceContext, m_all, kAround);
+  FillSolid(deviceContext, m_pageArea, kPaper);
+  for (std::size_t index = 0; index < m_rects.size(); ++index) {
+    PaintText(deviceContext, index);
+    DrawEdges(deviceContext, solid.get(), m_edges[index].shown);
+    DrawEdges(deviceContext, dotted.get(), m_edges[index].hidden);
+  }
+}
+
+void BarePageView::DrawEdges(HDC deviceContext, HPEN pen, const std::vector<Edge>& edges) {
+  if (!edges.empty()) {
+    ::SelectObject(deviceContext, pen);
+  }
+  for (const Edge& edge : edges) {
+    ::MoveToEx(deviceContext, edge.from.x, edge.from.y, nullptr);
+    ::LineTo(deviceContext, edge.to.x, edge.to.y);
+  }
+}
+
+void BarePageView::PaintText(HDC deviceContext, std::size_t index) const {
   CRect rect = m_rects[index];
   FillSolid(deviceContext, rect, m_backColor);
   ::DrawTextW(deviceContext, m_texts[index].c_str(), static_cast<int>(m_texts[index].size()), &rect,
               m_verticalPlace | DT_LEFT | DT_SINGLELINE);
+}
+
+void BarePageView::PaintCel(HDC deviceContext, std::size_t index) const {
+  PaintText(deviceContext, index);
+  const CRect& rect = m_rects[index];
   const std::array<POINT, 5> corners{{{rect.left, rect.top},
                                       {rect.left, rect.bottom},
                                       {rect.right, rect.bottom},

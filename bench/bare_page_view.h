@@ -2,6 +2,7 @@
 #pragma once
 
 #include "bench/bare_window.h"
+#include "dialogs/layout/cel_painter.h"
 #include "dialogs/layout/page_geometry.h"
 
 #include <initializer_list>
@@ -11,17 +12,25 @@
 
 namespace quorvel::bench {
 
+/// As large as a block of cells fits into a picture.
+FittedPage FitInto(const PageBlock& block, const CSize& picture);
+/// In the middle of the picture at a scale.
+FittedPage PlaceIn(const PageBlock& block, const CSize& picture, double scale);
+
 /// A plain window as large as the editor's picture. It has the rectangles, the texts and a picture
-/// in memory made before, and one look for all cells. It
+/// in memory made before, and one font and colour for all cells. It
 /// - paints the page whole into the picture and blits it: grey, white, then of each cell a fill,
-///   the text and the frame, with one font and one pen that are made each time;
-/// - paints one selected cell alone;
+///   the text and the lines, with one font and one pen that are made each time: a frame in one go,
+///   or each edge by itself, first the shown ones, then the hidden ones with a second pen;
+/// - paints one selected cell with a frame alone;
 /// - at a mouse move erases the guide line, draws it elsewhere and sets a read-out: the text, and a
 ///   timer that begins anew.
 class BarePageView {
 public:
-  /// Away from the middle of the screen. All cells of `page` have the font of the first one.
-  BarePageView(const CLayoutPageData& page, const CSize& size);
+  /// Where nothing else is said, away from the middle of the screen. All cells have the font of the
+  /// first one.
+  BarePageView(const PageBlock& block, CelStyle style, const CSize& size, const FittedPage& fitted,
+               const CPoint& corner = {20, 850});
   ~BarePageView() = default;
   BarePageView(const BarePageView&) = delete;
   BarePageView& operator=(const BarePageView&) = delete;
@@ -45,12 +54,29 @@ private:
 
   void Paint() const;
   void PaintPage(HDC deviceContext) const;
+  void PaintRuledPage(HDC deviceContext) const;
   void PaintCel(HDC deviceContext, std::size_t index) const;
+  void PaintText(HDC deviceContext, std::size_t index) const;
   void MoveGuide();
   void ToggleGuides(std::initializer_list<int> heights) const;
 
+  /// An edge of a cell.
+  struct Edge {
+    CPoint from;
+    CPoint to;
+  };
+  /// Of one cell.
+  struct Edges {
+    std::vector<Edge> shown;
+    std::vector<Edge> hidden;
+  };
+  static Edges EdgesOf(const CLayoutCelData& cel, const CRect& rect);
+  static void DrawEdges(HDC deviceContext, HPEN pen, const std::vector<Edge>& edges);
+
+  CelStyle m_style;
   std::vector<CRect> m_rects;
   std::vector<std::wstring> m_texts;
+  std::vector<Edges> m_edges;
   CRect m_all;
   CRect m_pageArea;
   LOGFONTA m_font{};

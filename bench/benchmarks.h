@@ -23,6 +23,10 @@ std::vector<Row> LayoutDialogs(int runs);
 /// The layout editor with 20 x 20 cells: opening, painting, dragging, against bare calls.
 std::vector<Row> LayoutEditor(int runs);
 
+/// The editors of a page of three blocks of 5 x 20 cells: opening, painting, dragging, against bare
+/// calls.
+std::vector<Row> ExtendedEditors(int runs);
+
 /// The page model at its largest: files, rectangles, changes, memory.
 std::vector<Row> PageModel(int runs);
 

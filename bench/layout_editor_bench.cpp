@@ -3,49 +3,31 @@
 // only paints the same, and selecting all cells against the time of a frame.
 #include "bench/bare_page_view.h"
 #include "bench/benchmarks.h"
+#include "bench/editor_bench.h"
 #include "bench/opening.h"
 #include "bench/timing.h"
 #include "dialogs/layout/editor_settings.h"
-#include "driver/controls.h"
-#include "driver/dialog_owner.h"
-#include "driver/modal_script.h"
 #include "driver/picture.h"
 #include "res/ids.h"
 
 #include <quorvel/quorvel.h>
 
-// Needs <windows.h> above.
-#include <commctrl.h>
-
 #include <algorithm>
 #include <array>
 #include <cstdint>
 #include <functional>
-#include <memory>
-#include <span>
-#include <stdexcept>
 #include <string>
-#include <type_traits>
 #include <vector>
 
 namespace quorvel::bench {
 
 namespace {
 
-using driver::Control;
 using driver::ReadPixels;
 
 constexpr int kLines = 20;
 constexpr double kRowLength = 8.0;   ///< millimetres
 constexpr double kColLength = 22.5;  ///< millimetres
-constexpr double kDotsPerMm = 11.811;
-constexpr int kWarmUps = 20;
-
-void Require(bool holds, const char* complaint) {
-  if (!holds) {
-    throw std::runtime_error(complaint);
-  }
-}
 
 CLayoutPageData FullPage() {
   CLayoutPageData page;
@@ -64,188 +46,70 @@ void OpenEditor() {
   __LayoutEditDlg(nullptr, &page, nullptr, nullptr, kDotsPerMm, 0, nullptr);
 }
 
-/// Opens the editor and measures in it. What `measure` throws is the benchmark's error.
-void InEditor(const std::function<void(HWND dialog)>& measure) {
-  driver::ModalScript script;
-  script.When(driver::Painted(driver::DialogWithControl(IDC_LAYOUT_IMAGE)), [&](HWND dialog) {
-    driver::PressKey(dialog, VK_ESCAPE);  // posted: the dialog closes when all is measured
-    measure(dialog);
-  });
-  OpenEditor();
-  Require(script.Finished(), script.Problem().c_str());
+/// Opens the editor and measures in it.
+void InGridEditor(const std::function<void(HWND dialog)>& measure) {
+  InEditor(IDC_LAYOUT_IMAGE, OpenEditor, measure);
 }
 
-/// The picture and where the mouse meets what.
-class EditorPicture {
+/// A window that paints only the page, as large as the editor's picture.
+class BareGrid {
 public:
-  explicit EditorPicture(HWND dialog)
-      : m_dialog(dialog),
-        m_window(Control(dialog, IDC_LAYOUT_IMAGE)),
-        m_area(driver::ClientRectOf(m_window)) {}
+  explicit BareGrid(const EditorPicture& picture)
+      : m_view(m_block, CelStyle::kFramed, picture.Size(), FitInto(m_block, picture.Size())) {}
 
-  HWND Window() const { return m_window; }
-  CSize Size() const { return m_area.Size(); }
-
-  /// A message of the mouse, at a point of the picture.
-  void Mouse(UINT message, const CPoint& point) const {
-    ::SendMessageW(m_dialog, message, message == WM_LBUTTONUP ? 0 : MK_LBUTTON,
-                   MAKELPARAM(point.x + m_area.left, point.y + m_area.top));
-  }
-  void Click(const CPoint& point) const {
-    Mouse(WM_LBUTTONDOWN, point);
-    Mouse(WM_LBUTTONUP, point);
-  }
+  BarePageView* operator->() { return &m_view; }
+  BarePageView& operator*() { return m_view; }
 
 private:
-  HWND m_dialog;
-  HWND m_window;
-  CRect m_area;
-};
-
-/// Seconds from before `act` to the last pixel of the window.
-double TimeOf(HWND window, const std::function<void()>& act) {
-  const LONGLONG start = Ticks();
-  act();
-  ::UpdateWindow(window);
-  ::GdiFlush();
-  return Seconds(start, Ticks());
-}
-
-double TimeOfRepaint(HWND window, const CRect* area = nullptr) {
-  return TimeOf(window, [&] { ::InvalidateRect(window, area, FALSE); });
-}
-
-/// `ours` and `bare`, each of which gives seconds for a step, in turn; the ratio of the medians.
-template <class Ours, class Bare>
-double RatioOfSteps(int runs, Ours ours, Bare bare) {
-  std::vector<double> oursTook;
-  std::vector<double> bareTook;
-  for (int step = 0; step < kWarmUps + runs; ++step) {
-    const double one = ours(step);
-    const double other = bare(step);
-    if (step >= kWarmUps) {
-      oursTook.push_back(one);
-      bareTook.push_back(other);
-    }
-  }
-  return Median(oursTook) / Median(bareTook);
-}
-
-struct ImageListDeleter {
-  void operator()(HIMAGELIST list) const { ::ImageList_Destroy(list); }
-};
-using OwnedImageList = std::unique_ptr<std::remove_pointer_t<HIMAGELIST>, ImageListDeleter>;
-
-/// The editor's template run by the platform alone, with its two tool bars.
-class BareEditor {
-public:
-  void Run(HWND owner) {
-    m_context.Run([&] {
-      ::DialogBoxParamW(m_module, MAKEINTRESOURCEW(IDD_LAYOUT), owner, OnMessage,
-                        reinterpret_cast<LPARAM>(this));
-    });
-  }
-
-private:
-  static INT_PTR CALLBACK OnMessage(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_INITDIALOG) {
-      constexpr std::array kFileTools{TOOLITEM{IDM_OPEN_LAYOUT, 0, FALSE},
-                                      TOOLITEM{IDM_SAVE_LAYOUT, 1, FALSE}};
-      constexpr CPoint kCelBar{30, 122};
-      constexpr CPoint kFileBar{630, 122};
-      auto& self = *reinterpret_cast<BareEditor*>(lParam);
-      self.m_celImages = self.AddBar(dialog, IDB_CELL_TOOLS, kGridCelTools, kCelBar);
-      self.m_fileImages = self.AddBar(dialog, IDB_FILE_TOOLS, kFileTools, kFileBar);
-      return TRUE;
-    }
-    if (message == WM_COMMAND && (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL)) {
-      ::EndDialog(dialog, LOWORD(wParam));
-    }
-    return FALSE;
-  }
-
-  OwnedImageList AddBar(HWND dialog, int bitmap, std::span<const TOOLITEM> items,
-                        const CPoint& position) const {
-    constexpr int kImageWidth = 16;
-    constexpr int kImageHeight = 15;
-    OwnedImageList images(::ImageList_LoadImageW(m_module, MAKEINTRESOURCEW(bitmap), kImageWidth, 0,
-                                                 RGB(0xC0, 0xC0, 0xC0), IMAGE_BITMAP,
-                                                 LR_DEFAULTCOLOR));
-    const HWND bar =
-        ::CreateWindowExW(0, TOOLBARCLASSNAMEW, L"", kToolStyle, position.x, position.y, 0, 0,
-                          dialog, nullptr, m_module, nullptr);
-    std::vector<TBBUTTON> buttons;
-    for (const TOOLITEM& item : items) {
-      TBBUTTON button{};
-      button.fsStyle = item.bSeparator != FALSE ? BTNS_SEP : BTNS_BUTTON;
-      button.idCommand = static_cast<int>(item.nCommand);
-      button.iBitmap = item.nImage;
-      buttons.push_back(button);
-    }
-    ::SendMessageW(bar, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
-    ::SendMessageW(bar, TB_SETBITMAPSIZE, 0, MAKELPARAM(kImageWidth, kImageHeight));
-    ::SendMessageW(bar, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images.get()));
-    ::SendMessageW(bar, TB_ADDBUTTONSW, buttons.size(), reinterpret_cast<LPARAM>(buttons.data()));
-    SIZE size{};
-    ::SendMessageW(bar, TB_GETMAXSIZE, 0, reinterpret_cast<LPARAM>(&size));
-    ::SetWindowPos(bar, nullptr, position.x, position.y, size.cx, size.cy,
-                   SWP_NOZORDER | SWP_NOACTIVATE);
-    return images;
-  }
-
-  HMODULE m_module = ::GetModuleHandleW(L"Quorvel.dll");
-  driver::ModuleContext m_context{m_module};
-  OwnedImageList m_celImages;  ///< they must outlive their bars
-  OwnedImageList m_fileImages;
+  CLayoutPageData m_page = FullPage();
+  SheetBlock m_block{m_page};
+  BarePageView m_view;
 };
 
 /// What painting the page costs is taken off: the bare template has none.
 std::vector<Row> Opening(int runs) {
-  constexpr double kMost = 1.5;
-  constexpr double kMillisecondsInSecond = 1000.0;
+  constexpr CPoint kCelBar{30, 122};
+  constexpr CPoint kFileBar{630, 122};
   std::vector<double> repaints;
-  InEditor([&](HWND dialog) {
-    const BarePageView bare(FullPage(), EditorPicture(dialog).Size());
+  InGridEditor([&](HWND dialog) {
+    BareGrid bare(EditorPicture(dialog, IDC_LAYOUT_IMAGE));
     for (int run = 0; run < runs; ++run) {
-      repaints.push_back(TimeOfRepaint(bare.Window()));
+      repaints.push_back(TimeOfRepaint(bare->Window()));
     }
   });
-  BareEditor bare;
-  return CompareOpening("__LayoutEditDlg", kMost, runs, OpenEditor,
+  BareEditor bare(IDD_LAYOUT, {{IDB_CELL_TOOLS, kGridCelTools, kCelBar},
+                               {IDB_FILE_TOOLS, kFileTools, kFileBar}});
+  return CompareOpening("__LayoutEditDlg", kMostTimesBareTemplate, runs, OpenEditor,
                         [&bare](HWND owner) { bare.Run(owner); },
                         kMillisecondsInSecond * Median(repaints));
 }
 
 Row Repaint(int runs) {
-  constexpr double kMost = 1.3;
   double ratio = 0.0;
-  InEditor([&](HWND dialog) {
-    const EditorPicture picture(dialog);
-    const BarePageView bare(FullPage(), picture.Size());
+  InGridEditor([&](HWND dialog) {
+    const EditorPicture picture(dialog, IDC_LAYOUT_IMAGE);
+    BareGrid bare(picture);
     ratio = RatioOfSteps(
         runs, [&](int /*step*/) { return TimeOfRepaint(picture.Window()); },
-        [&](int /*step*/) { return TimeOfRepaint(bare.Window()); });
-    Require(ReadPixels(picture.Window()) == ReadPixels(bare.Window()),
+        [&](int /*step*/) { return TimeOfRepaint(bare->Window()); });
+    Require(ReadPixels(picture.Window()) == ReadPixels(bare->Window()),
             "the bare window paints another page");
   });
-  return {"layout editor, repaint of 20 x 20 cells", "times bare", ratio, kMost, runs};
+  return {"layout editor, repaint of 20 x 20 cells", "times bare", ratio,
+          kMostTimesBareRepaint, runs};
 }
 
 constexpr int kMiddleCel = kLines / 2 * kLines + kLines / 2;
-
-CPoint CentreOf(const CRect& rect) {
-  return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
-}
 
 Row CelCommand(int runs) {
   constexpr double kMost = 2.0;
   constexpr std::array kPlaces{UINT{DT_VCENTER}, UINT{DT_TOP}};
   constexpr std::array kCommands{IDM_ALIGN_MIDDLE, IDM_ALIGN_TOP};
   double ratio = 0.0;
-  InEditor([&](HWND dialog) {
-    const EditorPicture picture(dialog);
-    BarePageView bare(FullPage(), picture.Size());
-    picture.Click(CentreOf(bare.RectOf(kMiddleCel)));
+  InGridEditor([&](HWND dialog) {
+    const EditorPicture picture(dialog, IDC_LAYOUT_IMAGE);
+    BareGrid bare(picture);
+    picture.Click(CentreOf(bare->RectOf(kMiddleCel)));
     ::UpdateWindow(picture.Window());
     ratio = RatioOfSteps(
         runs,
@@ -256,44 +120,24 @@ Row CelCommand(int runs) {
           });
         },
         [&](int step) {
-          bare.SelectCel(kMiddleCel, kPlaces[static_cast<std::size_t>(step % 2)]);
-          const CRect area = bare.SelectedArea();
-          return TimeOfRepaint(bare.Window(), &area);
+          bare->SelectCel(kMiddleCel, kPlaces[static_cast<std::size_t>(step % 2)]);
+          const CRect area = bare->SelectedArea();
+          return TimeOfRepaint(bare->Window(), &area);
         });
-    Require(ReadPixels(picture.Window()) == ReadPixels(bare.Window()),
+    Require(ReadPixels(picture.Window()) == ReadPixels(bare->Window()),
             "the bare window paints another cell");
   });
   return {"layout editor, command on one cell", "times bare", ratio, kMost, runs};
 }
 
 Row BorderDragStep(int runs) {
-  constexpr double kMost = 2.0;
-  constexpr int kReach = 3;  ///< of the guide line, pixels
   double ratio = 0.0;
-  InEditor([&](HWND dialog) {
-    const EditorPicture picture(dialog);
-    BarePageView bare(FullPage(), picture.Size());
-    const CPoint border(CentreOf(bare.RectOf(kMiddleCel)).x, bare.RectOf(kMiddleCel).bottom);
-    const auto pointOf = [&](int step) {
-      return CPoint(border.x + step % 2, border.y + (step % (2 * kReach) - kReach));
-    };
-    picture.Mouse(WM_LBUTTONDOWN, border);
-    bare.TakeGuide(border.y);
-    ratio = RatioOfSteps(
-        runs,
-        [&](int step) {
-          return TimeOf(picture.Window(), [&] { picture.Mouse(WM_MOUSEMOVE, pointOf(step)); });
-        },
-        [&](int step) {
-          bare.Prepare(pointOf(step).y, L"10mm / 6mm");
-          return TimeOf(bare.Window(), [&] { ::SendMessageW(bare.Window(), WM_MOUSEMOVE, 0, 0); });
-        });
-    Require(ReadPixels(picture.Window()) == ReadPixels(bare.Window()),
-            "the bare window draws another line");
-    // Out of the picture: nothing is dragged.
-    picture.Mouse(WM_LBUTTONUP, {-1, -1});
+  InGridEditor([&](HWND dialog) {
+    const EditorPicture picture(dialog, IDC_LAYOUT_IMAGE);
+    BareGrid bare(picture);
+    ratio = RatioOfDragSteps(runs, picture, *bare, bare->RectOf(kMiddleCel), L"10mm / 6mm");
   });
-  return {"layout editor, step of a border's drag", "times bare", ratio, kMost, runs};
+  return {"layout editor, step of a border's drag", "times bare", ratio, kMostTimesBareStep, runs};
 }
 
 /// Whether a line of a selected cell crosses x between two heights.
@@ -310,17 +154,16 @@ bool HasSelectedFrame(const driver::Picture& picture, int x, int top, int bottom
 /// Drags from the first cell to the last one. The slowest step: of each, the median of the runs.
 std::vector<Row> SelectAll(int runs) {
   constexpr double kFrame = 16.0;
-  constexpr double kMillisecondsInSecond = 1000.0;
   constexpr int kSteps = 20;
   constexpr int kRunsOfDrags = 4;  // one for so many of the others
   const int drags = std::max(runs / kRunsOfDrags, 1);
   std::vector<std::vector<double>> moves(kSteps);
   std::vector<double> releases;
-  InEditor([&](HWND dialog) {
-    const EditorPicture picture(dialog);
-    const BarePageView bare(FullPage(), picture.Size());
-    const CPoint first = CentreOf(bare.RectOf(0));
-    const CPoint last = CentreOf(bare.RectOf(kLines * kLines - 1));
+  InGridEditor([&](HWND dialog) {
+    const EditorPicture picture(dialog, IDC_LAYOUT_IMAGE);
+    BareGrid bare(picture);
+    const CPoint first = CentreOf(bare->RectOf(0));
+    const CPoint last = CentreOf(bare->RectOf(kLines * kLines - 1));
     for (int drag = 0; drag < drags; ++drag) {
       picture.Mouse(WM_LBUTTONDOWN, first);
       for (int step = 0; step < kSteps; ++step) {

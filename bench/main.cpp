@@ -16,8 +16,8 @@ int main(int argc, char** argv) {
     const int runs = argc > 2 ? std::atoi(argv[2]) : kRuns;
     std::vector<Row> rows = InputDialogs(runs);
     for (const std::vector<Row>& family :
-         {ColourDialogs(runs), FontDialogs(runs), LayoutDialogs(runs),
-          LayoutEditor(runs), PageModel(runs / kRunsOfPages), ProductSize()}) {
+         {ColourDialogs(runs), FontDialogs(runs), LayoutDialogs(runs), LayoutEditor(runs),
+          ExtendedEditors(runs), PageModel(runs / kRunsOfPages), ProductSize()}) {
       rows.insert(rows.end(), family.begin(), family.end());
     }
     PrintTable(rows);

@@ -58,8 +58,17 @@ double CPageView::ScaleToFit() const {
 void CPageView::Place(const quorvel::FittedPage& page) {
   m_page = page;
   m_bLaidOut = true;
-  m_table = quorvel::RectTable(m_block, m_page.area);
+  FillTable();
   Invalidate();
+}
+
+void CPageView::FillTable() {
+  m_table = quorvel::RectTable(m_block, m_page.area);
+  m_tableShape = {m_block.Cols(), m_block.Rows()};
+}
+
+bool CPageView::IsTableOfBlock() const {
+  return m_tableShape == CSize(m_block.Cols(), m_block.Rows());
 }
 
 void CPageView::InvalidateCels(const quorvel::CelList& cels) const {
@@ -87,12 +96,12 @@ CRect CPageView::ToDialog(const CRect& rect) const {
 }
 
 int CPageView::CelAt(const CPoint& point, const CSize& margin) const {
-  return quorvel::CelAtPoint(m_block, m_table, point, margin);
+  return IsTableOfBlock() ? quorvel::CelAtPoint(m_block, m_table, point, margin) : -1;
 }
 
 std::optional<CRect> CPageView::RectOf(int index) const {
   CRect rect;
-  if (m_table.empty() || !m_block.RectOf(rect, m_table.data(), index)) {
+  if (m_table.empty() || !IsTableOfBlock() || !m_block.RectOf(rect, m_table.data(), index)) {
     return std::nullopt;
   }
   return rect;
@@ -109,6 +118,9 @@ void CPageView::SetEditedCel(int index) {
 }
 
 bool CPageView::TakeBorder(const CPoint& point) {
+  if (!IsTableOfBlock()) {
+    return false;
+  }
   m_border = quorvel::FindBorder(m_table, m_block.Rows(), m_block.Cols(), point);
   if (m_border) {
     ToggleGuide();
@@ -148,6 +160,9 @@ void CPageView::OnPaint() {
   const CPaintDC paint(this);
   if (!m_bLaidOut) {
     return;
+  }
+  if (!IsTableOfBlock()) {
+    FillTable();
   }
   const quorvel::PaintBuffer buffer(paint.Handle(), paint.Area(), &m_memory);
   Paint(buffer.Handle(), paint.Area());

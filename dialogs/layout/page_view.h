@@ -20,7 +20,8 @@
 /// where nothing else is said.
 class CPageView : public CStatic {
 public:
-  /// `block` must outlive the view, and lie unchanged in shape between two calls of LayOut.
+  /// `block` must outlive the view. Where its shape changes, as an editor above this one does it,
+  /// there are no cells and borders to be found until the view is laid out again, or painted.
   CPageView(quorvel::PageBlock& block, quorvel::CelStyle style) : m_block(block), m_style(style) {}
 
   /// Takes the control and lays it above its siblings, among which a group box encloses it.
@@ -72,6 +73,8 @@ protected:
 private:
   quorvel::SizeInMm PageSize() const { return {m_block.Width(), m_block.Height()}; }
   void Place(const quorvel::FittedPage& page);
+  void FillTable();
+  bool IsTableOfBlock() const;
   void Paint(HDC deviceContext, const CRect& part) const;
   void PaintCels(quorvel::CelPainter& painter, const CRect& part, int kind) const;
   void DrawGuide(HDC deviceContext) const;
@@ -83,6 +86,7 @@ private:
   quorvel::DotsPerInch m_dots{};
   quorvel::FittedPage m_page{{}, 1.0};
   std::vector<CRect> m_table;
+  CSize m_tableShape;  ///< columns and rows
   bool m_bLaidOut = false;
   std::optional<quorvel::BorderDrag> m_border;
   int m_nEditedCel = -1;

@@ -90,7 +90,7 @@ TEST_P(EveryEntry, APositionThatFitsIsTakenExactly) {
   if (!GetParam().hasPosition) {
     return;
   }
-  for (const CPoint wanted : {CPoint(300, 200), CPoint(0, 0), CPoint(1, 700)}) {
+  for (const CPoint wanted : {CPoint(300, 200), CPoint(0, 0), CPoint(1, 600)}) {
     CPoint position = wanted;
     WorkDialog([&] { return Run(&position); }, [&](HWND dialog) {
       const RECT rect = WindowRect(dialog);
@@ -199,6 +199,9 @@ TEST(Entries, ADialogThatCannotBeCreatedGivesTheFailureValue) {
   EXPECT_EQ(__SelFontExDlg(nullptr, &font, 0.0, "", FALSE, QUORVEL_FONT_ALL), FALSE);
   CLayoutPageData page;
   EXPECT_EQ(__LayoutEditDlg(nullptr, &page, nullptr, nullptr, 0.0, 0, nullptr), FALSE);
+  CLayoutExPageData extendedPage;
+  EXPECT_EQ(
+      __LayoutExEditDlg(nullptr, &extendedPage, nullptr, nullptr, nullptr, 0.0, nullptr), FALSE);
 }
 
 }  // namespace

@@ -74,7 +74,7 @@ TEST(ProductFiles, QuorvelExportsTheEntriesAndNothingElse) {
       "__SelColorDlg",   "__SelColorDlgEx",    "__EditColorDlg",    "__SelRGBDlg",
       "__InputTextDlg",  "__InputScaleDlg",    "__InputDpiDlg",     "__InputPointXYDlg",
       "__CheckListDlg",  "__InputPointXYZDlg", "__UserPaperSetDlg", "__SelFontDlg",
-      "__SelFontExDlg",  "__LayoutEditDlg"};
+      "__SelFontExDlg",  "__LayoutEditDlg",   "__LayoutExEditDlg"};
   EXPECT_EQ(LoadedDll("Quorvel.dll").Exports(), expected);
 }
 

@@ -169,6 +169,24 @@ Outcome RunLayoutEdit(CPoint* position) {
   return {confirmed, IsSamePage(page, before)};
 }
 
+Outcome RunLayoutExEdit(CPoint* position) {
+  CLayoutExPageData page = ExtendedPageWithEverything();
+  const CLayoutExPageData before = page;
+  CStringArray fields;
+  for (const char* name : {"品名", "数量", "金額"}) {
+    fields.Add(name);
+  }
+  CStringArray insertions;
+  CDWordArray numbers;
+  for (const char* name : {"図番", "縮尺"}) {
+    insertions.Add(name);
+    numbers.Add(static_cast<DWORD>(numbers.GetSize()));
+  }
+  const bool confirmed = __LayoutExEditDlg(&TestEnv(), &page, &fields, &insertions, &numbers,
+                                           kDotsPerMm, position) != FALSE;
+  return {confirmed, IsSamePage(page, before)};
+}
+
 /// The system's own font dialog with our template and nothing of ours.
 template <WORD TemplateId>
 void RunBareFont(HWND owner) {
@@ -188,6 +206,41 @@ void RunBareFont(HWND owner) {
 }
 
 }  // namespace
+
+CLayoutExPageData ExtendedPageWithEverything() {
+  constexpr BYTE kColumns = 4;
+  constexpr std::array<BYTE, 3> kRows{1, 3, 2};
+  constexpr std::array kHeights{12.5F, 50.0F, 15.25F};
+  CLayoutExPageData page;
+  for (const CLayoutExPageData::LISTTYPE block : kBlocksOfPage) {
+    page.DividePage(block, kRows[static_cast<std::size_t>(block)], kColumns, kDotsPerMm);
+    page.SetAllLengthRow(block, kHeights[static_cast<std::size_t>(block)], 0);
+  }
+  page.SetAllLengthCol(160.0F, 0);
+  page.SetLengthCol(1, 31.25F);
+  page.SetUse(CLayoutExPageData::LISTTYPE_FOOTER, 0);
+  page.SetListShowByPage(1, 0);
+  page.SetRepeatRow(12);
+  page.SetStIndex(3);
+  page.SetByEdgeOutLine(1);
+  const PEN_STATUS line{.color = kColor, .width = 0.25F, .style = 2};
+  page.SetOutLineStatus(&line);
+  page.SetInLineStatus(&line);
+  for (const CLayoutExPageData::LISTTYPE block : kBlocksOfPage) {
+    for (int index = 0; index < page.GetCelSize(block); ++index) {
+      CLayoutCelData& cel = *page.GetCelAt(block, index);
+      cel.SetText(index % 2 == 0 ? "図面名称" : "<M>1 図番</M>");
+      cel.GetFont()->SetHPos(static_cast<BYTE>(index % 3));
+      cel.GetFont()->SetBackColor(&kColor);
+      cel.SetShowLineVB(index % 2);
+      cel.SetShowLineHL((index + 1) % 2);
+      cel.SetSelected(index < 2 ? 1 : 0);
+    }
+    page.MeargeCel(block, 0, 0);
+    page.GetCelAt(block, 3)->SetSelected(1);
+  }
+  return page;
+}
 
 const std::vector<Entry>& AllEntries() {
   static const std::vector<Entry> entries{
@@ -224,6 +277,12 @@ const std::vector<Entry>& AllEntries() {
        FALSE},
       {"LayoutEditOfLines", IDD_LAYOUT, RunLayoutEdit<1>, true,
        [] { return INT_PTR{__LayoutEditDlg(nullptr, nullptr, nullptr, nullptr, 0.0, 1, nullptr)}; },
+       FALSE},
+      {"LayoutExEdit", IDD_LAYOUT_EX, RunLayoutExEdit, true,
+       [] {
+         return INT_PTR{
+             __LayoutExEditDlg(nullptr, nullptr, nullptr, nullptr, nullptr, 0.0, nullptr)};
+       },
        FALSE},
   };
   return entries;

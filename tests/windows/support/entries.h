@@ -27,4 +27,7 @@ struct Entry {
 
 const std::vector<Entry>& AllEntries();
 
+/// Three blocks of 4 columns, with something in everything that such a page can have.
+CLayoutExPageData ExtendedPageWithEverything();
+
 }  // namespace quorvel::test

@@ -99,7 +99,8 @@ void RandomMessages::Burst() {
 
 void RandomMessages::Work(HWND dialog) {
   const std::vector<HWND> windows = VisibleWindowsOf(dialog);
-  for (int i = 0; i < kBurst && !AreAllSent(); ++i) {
+  m_bBurstEnds = false;
+  for (int i = 0; i < kBurst && !m_bBurstEnds && !AreAllSent(); ++i) {
     const HWND window = OneOf(windows);
     if (::IsWindowEnabled(dialog) == FALSE) {
       return;  // closed, or something else is open above it

@@ -28,6 +28,12 @@ public:
   bool AreAllSent() const { return m_sent >= m_count; }
 
 protected:
+  /// Nothing more is sent: something was found.
+  void Stop() { m_sent = m_count; }
+  int Sent() const { return m_sent; }
+  /// The dialog's modal loop gets its turn before the next message.
+  void EndBurst() { m_bBurstEnds = true; }
+
   int Number(int lowest, int highest) {
     return std::uniform_int_distribution(lowest, highest)(m_random);
   }
@@ -60,6 +66,7 @@ private:
   int m_count;
   UINT_PTR m_timer = 0;
   int m_sent = 0;
+  bool m_bBurstEnds = false;
 };
 
 /// Ends the process when nobody tells it for a minute that all is well.

@@ -4,6 +4,7 @@
 #include "kivdata/layout_ex_page_data.h"
 #include "kivdata/layout_page_data.h"
 
+#include <array>
 #include <cstring>
 
 namespace quorvel::test {
@@ -59,30 +60,40 @@ inline bool IsSamePage(const CLayoutPageData& one, const CLayoutPageData& other)
   return same;
 }
 
+inline constexpr std::array kBlocksOfPage{CLayoutExPageData::LISTTYPE_HEADER,
+                                          CLayoutExPageData::LISTTYPE_LIST,
+                                          CLayoutExPageData::LISTTYPE_FOOTER};
+
+inline bool IsSameBlock(const CLayoutExPageData& one, const CLayoutExPageData& other,
+                        CLayoutExPageData::LISTTYPE block) {
+  bool same = one.GetUse(block) == other.GetUse(block) &&
+              one.GetNumRow(block) == other.GetNumRow(block) &&
+              one.GetCelSize(block) == other.GetCelSize(block);
+  for (int row = 0; same && row < one.GetNumRow(block); ++row) {
+    same = one.GetLengthRow(block, row) == other.GetLengthRow(block, row);
+  }
+  for (int index = 0; same && index < one.GetCelSize(block); ++index) {
+    same = IsSameCel(*one.GetCelAt(block, index), *other.GetCelAt(block, index));
+  }
+  return same;
+}
+
 /// The selection counts, too.
 inline bool IsSamePage(const CLayoutExPageData& one, const CLayoutExPageData& other) {
-  bool same = one.GetNumCol() == other.GetNumCol() && one.GetRepeatRow() == other.GetRepeatRow() &&
-              one.GetStIndex() == other.GetStIndex() &&
+  bool same = one.GetNumCol() == other.GetNumCol() &&
+              one.GetRepeatRow() == other.GetRepeatRow() && one.GetStIndex() == other.GetStIndex() &&
               one.GetByEdgeOutLine() == other.GetByEdgeOutLine() &&
               one.GetByEdgeInLine() == other.GetByEdgeInLine() &&
               IsSameLine(one.GetOutLineStatus(), other.GetOutLineStatus()) &&
               IsSameLine(one.GetInLineStatus(), other.GetInLineStatus());
-  for (int kind = 0; same && kind < 3; ++kind) {
-    same = one.GetListShowByPage(kind) == other.GetListShowByPage(kind);
+  for (const int kindOfPage : {0, 1, 2}) {
+    same = same && one.GetListShowByPage(kindOfPage) == other.GetListShowByPage(kindOfPage);
   }
   for (int col = 0; same && col < one.GetNumCol(); ++col) {
     same = one.GetLengthCol(col) == other.GetLengthCol(col);
   }
-  for (const auto block : {CLayoutExPageData::LISTTYPE_HEADER, CLayoutExPageData::LISTTYPE_LIST,
-                           CLayoutExPageData::LISTTYPE_FOOTER}) {
-    same = same && one.GetUse(block) == other.GetUse(block) &&
-           one.GetNumRow(block) == other.GetNumRow(block);
-    for (int row = 0; same && row < one.GetNumRow(block); ++row) {
-      same = one.GetLengthRow(block, row) == other.GetLengthRow(block, row);
-    }
-    for (int index = 0; same && index < one.GetCelSize(block); ++index) {
-      same = IsSameCel(*one.GetCelAt(block, index), *other.GetCelAt(block, index));
-    }
+  for (const CLayoutExPageData::LISTTYPE block : kBlocksOfPage) {
+    same = same && IsSameBlock(one, other, block);
   }
   return same;
 }
