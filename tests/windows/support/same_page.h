@@ -60,7 +60,7 @@ inline bool IsSamePage(const CLayoutPageData& one, const CLayoutPageData& other)
   return same;
 }
 
-inline constexpr std::array kBlocksOfPage{CLayoutExPageData::LISTTYPE_HEADER,
+constexpr std::array kBlocksOfPage{CLayoutExPageData::LISTTYPE_HEADER,
                                           CLayoutExPageData::LISTTYPE_LIST,
                                           CLayoutExPageData::LISTTYPE_FOOTER};
 
