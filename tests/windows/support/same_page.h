@@ -61,8 +61,8 @@ inline bool IsSamePage(const CLayoutPageData& one, const CLayoutPageData& other)
 }
 
 constexpr std::array kBlocksOfPage{CLayoutExPageData::LISTTYPE_HEADER,
-                                          CLayoutExPageData::LISTTYPE_LIST,
-                                          CLayoutExPageData::LISTTYPE_FOOTER};
+                                   CLayoutExPageData::LISTTYPE_LIST,
+                                   CLayoutExPageData::LISTTYPE_FOOTER};
 
 inline bool IsSameBlock(const CLayoutExPageData& one, const CLayoutExPageData& other,
                         CLayoutExPageData::LISTTYPE block) {
