@@ -135,7 +135,18 @@ TEST_F(LayoutExEditDlg, TheRightButtonDuringADragAsksForExactLengths) {
     ReplaceText(Control(dialog, 4055), L"12.5");
     PressKey(Control(dialog, 4055), VK_RETURN);
   });
-  script.When(DialogWithControl(kTextLine), Confirm);
+  script.When(EditorShown(), [&](HWND dialog) {
+    CLayoutExPageData moved = m_editor.page;
+    moved.SetLengthCol(0, 12.5F);
+    moved.SetLengthCol(1, 67.5F);
+    const PagesOnScreen pages(dialog, moved);
+    for (const int block : {0, 1, 2}) {
+      const CRect cel = pages.RectOf(block, 0);
+      const Picture picture = ReadPixels(Control(dialog, kImages[static_cast<std::size_t>(block)]));
+      EXPECT_EQ(picture.At(cel.right, (cel.top + cel.bottom) / 2), kBlack) << block;
+    }
+    Confirm(dialog);
+  });
   EXPECT_TRUE(m_editor.Run(script));
   EXPECT_EQ(m_editor.page.GetLengthCol(0), 12.5F);
   EXPECT_EQ(m_editor.page.GetLengthCol(1), 67.5F);

@@ -470,10 +470,12 @@ TEST_F(LayoutListEditDlg, TheReadOutHasWholeMillimetres) {
 }
 
 TEST_F(LayoutListEditDlg, TheRightButtonDuringADragAsksForExactLengths) {
+  m_page.SetLengthRow(kBlock, 1, 30.0F);
   ModalScript script;
   script.When(Painted(DialogWithControl(kTextLine)), [&](HWND dialog) {
     const CRect image = ClientRectOf(Control(dialog, kImage));
-    const LPARAM border = MAKELPARAM(CentreOf(dialog, 0).x, (image.top + image.bottom) / 2);
+    const int height = image.Height() - 2;  // of 50 mm
+    const LPARAM border = MAKELPARAM(CentreOf(dialog, 0).x, image.top + 1 + height * 2 / 5);
     ::SendMessageW(dialog, WM_LBUTTONDOWN, MK_LBUTTON, border);
     ::PostMessageW(dialog, WM_RBUTTONUP, 0, border);
   });
@@ -485,7 +487,7 @@ TEST_F(LayoutListEditDlg, TheRightButtonDuringADragAsksForExactLengths) {
   });
   script.When(DialogWithControl(kTextLine), [&](HWND dialog) {
     EXPECT_EQ(m_page.GetLengthRow(kBlock, 0), 12.5F);
-    EXPECT_EQ(m_page.GetLengthRow(kBlock, 1), 27.5F);
+    EXPECT_EQ(m_page.GetLengthRow(kBlock, 1), 37.5F);
     Cancel(dialog);
   });
   Run(script);
