@@ -27,8 +27,10 @@ BEGIN_MESSAGE_MAP(CLayoutEditDlg, CPageEditDlg)
   ON_BN_CLICKED(IDC_LAYOUT_EQUAL_COLUMNS, &CLayoutEditDlg::OnEqualColumns)
   ON_BN_CLICKED(IDC_OUTER_LINE, &CLayoutEditDlg::OnLineSwitched)
   ON_BN_CLICKED(IDC_INNER_LINE, &CLayoutEditDlg::OnLineSwitched)
-  ON_BN_CLICKED(IDC_OUTER_LINE_COLOUR, &CLayoutEditDlg::OnOuterColor)
-  ON_BN_CLICKED(IDC_INNER_LINE_COLOUR, &CLayoutEditDlg::OnInnerColor)
+  ON_CONTROL_RANGE(BN_CLICKED, IDC_OUTER_LINE_COLOUR, IDC_OUTER_LINE_COLOUR,
+                   &CLayoutEditDlg::OnLineColor)
+  ON_CONTROL_RANGE(BN_CLICKED, IDC_INNER_LINE_COLOUR, IDC_INNER_LINE_COLOUR,
+                   &CLayoutEditDlg::OnLineColor)
 END_MESSAGE_MAP()
 
 CLayoutEditDlg::CLayoutEditDlg(CKivSysEnv* env, CLayoutPageData* page,
@@ -42,8 +44,7 @@ CLayoutEditDlg::CLayoutEditDlg(CKivSysEnv* env, CLayoutPageData* page,
   SetCurrentView(&m_view);
   ReadPage();
   if (m_bLineMode) {
-    m_outerLine.Read(m_page.GetByEdgeOutLine(), m_page.GetOutLineStatus());
-    m_innerLine.Read(m_page.GetByEdgeInLine(), m_page.GetInLineStatus());
+    m_lines.Read(m_page);
     m_fMargin = 0.0F;
     m_nShowFrame = 1;
   }
@@ -71,8 +72,7 @@ void CLayoutEditDlg::DoDataExchange(CDataExchange* pDX) {
   DDX_Length(pDX, IDC_LAYOUT_WIDTH, m_fWidth, 0);
   DDX_Length(pDX, IDC_LAYOUT_MARGIN, m_fMargin, 0);
   DDX_Check(pDX, IDC_LAYOUT_SHOW_FRAME, m_nShowFrame);
-  m_outerLine.Exchange(pDX);
-  m_innerLine.Exchange(pDX);
+  m_lines.Exchange(pDX);
 }
 
 BOOL CLayoutEditDlg::OnInitDialog() {
@@ -81,11 +81,9 @@ BOOL CLayoutEditDlg::OnInitDialog() {
     for (const int id : kMarginControls) {
       ::ShowWindow(GetDlgItem(id), SW_HIDE);
     }
-    m_outerLine.Init(this);
-    m_innerLine.Init(this);
+    m_lines.Init(this);
   } else {
-    m_outerLine.Hide(this);
-    m_innerLine.Hide(this);
+    m_lines.Hide(this);
   }
   m_view.Attach(IDC_LAYOUT_IMAGE, this);
   const CRect& image = m_view.DialogArea();
@@ -159,14 +157,13 @@ void CLayoutEditDlg::ApplyWidth(bool equal) {
 
 void CLayoutEditDlg::OnLineSwitched() {
   if (ReadFields()) {
-    m_outerLine.EnableByCheck(this);
-    m_innerLine.EnableByCheck(this);
+    m_lines.EnableByCheck(this);
   }
 }
 
-void CLayoutEditDlg::OnOuterColor() { m_outerLine.PickColor(Host().env, this); }
-
-void CLayoutEditDlg::OnInnerColor() { m_innerLine.PickColor(Host().env, this); }
+void CLayoutEditDlg::OnLineColor(UINT buttonId) {
+  m_lines.PickColor(buttonId, Host().env, this);
+}
 
 // ---- Files
 
@@ -195,13 +192,8 @@ void CLayoutEditDlg::OnOK() {
   ApplyHeight(false);
   ApplyWidth(false);
   if (m_bLineMode) {
-    const PEN_STATUS outer = m_outerLine.Status();
-    const PEN_STATUS inner = m_innerLine.Status();
     m_page.SetType(1);
-    m_page.SetByEdgeOutLine(m_outerLine.IsOn());
-    m_page.SetByEdgeInLine(m_innerLine.IsOn());
-    m_page.SetOutLineStatus(&outer);
-    m_page.SetInLineStatus(&inner);
+    m_lines.Store(m_page);
   } else {
     m_page.SetType(0);
     m_page.SetMargin(m_fMargin);

@@ -34,8 +34,7 @@ protected:
   void OnEqualRows();
   void OnEqualColumns();
   void OnLineSwitched();
-  void OnOuterColor();
-  void OnInnerColor();
+  void OnLineColor(UINT buttonId);
   DECLARE_MESSAGE_MAP()
 
 private:
@@ -57,6 +56,5 @@ private:
   double m_fWidth = 0.0;   ///< of all columns
   float m_fMargin = 0.0F;
   int m_nShowFrame = 1;
-  CLineFields m_outerLine{IDC_OUTER_LINE};
-  CLineFields m_innerLine{IDC_INNER_LINE};
+  CPageLines m_lines;
 };

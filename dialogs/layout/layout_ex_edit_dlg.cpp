@@ -55,8 +55,10 @@ BEGIN_MESSAGE_MAP(CLayoutExEditDlg, CBlockEditDlg)
   ON_BN_CLICKED(IDC_FOOTER_USE, &CLayoutExEditDlg::OnUse)
   ON_BN_CLICKED(IDC_OUTER_LINE, &CLayoutExEditDlg::OnLineSwitched)
   ON_BN_CLICKED(IDC_INNER_LINE, &CLayoutExEditDlg::OnLineSwitched)
-  ON_BN_CLICKED(IDC_OUTER_LINE_COLOUR, &CLayoutExEditDlg::OnOuterColor)
-  ON_BN_CLICKED(IDC_INNER_LINE_COLOUR, &CLayoutExEditDlg::OnInnerColor)
+  ON_CONTROL_RANGE(BN_CLICKED, IDC_OUTER_LINE_COLOUR, IDC_OUTER_LINE_COLOUR,
+                   &CLayoutExEditDlg::OnLineColor)
+  ON_CONTROL_RANGE(BN_CLICKED, IDC_INNER_LINE_COLOUR, IDC_INNER_LINE_COLOUR,
+                   &CLayoutExEditDlg::OnLineColor)
 END_MESSAGE_MAP()
 
 CLayoutExEditDlg::CLayoutExEditDlg(CKivSysEnv* env, CLayoutExPageData* page,
@@ -80,8 +82,7 @@ void CLayoutExEditDlg::ReadPage() {
   }
   m_nRepeat = m_page.GetRepeatRow();
   m_nOffset = static_cast<int>(m_page.GetStIndex());
-  m_outerLine.Read(m_page.GetByEdgeOutLine(), m_page.GetOutLineStatus());
-  m_innerLine.Read(m_page.GetByEdgeInLine(), m_page.GetInLineStatus());
+  m_lines.Read(m_page);
 }
 
 void CLayoutExEditDlg::ReadSizes() {
@@ -109,14 +110,12 @@ void CLayoutExEditDlg::DoDataExchange(CDataExchange* pDX) {
   }
   DDX_Count(pDX, IDC_LIST_REPEAT, m_nRepeat, kMostRepeats);
   DDX_Count(pDX, IDC_LIST_OFFSET, m_nOffset, kLargestOffset);
-  m_outerLine.Exchange(pDX);
-  m_innerLine.Exchange(pDX);
+  m_lines.Exchange(pDX);
 }
 
 BOOL CLayoutExEditDlg::OnInitDialog() {
   CBlockEditDlg::OnInitDialog();
-  m_outerLine.Init(this);
-  m_innerLine.Init(this);
+  m_lines.Init(this);
   for (std::size_t i = 0; i < kBlockCount; ++i) {
     m_parts[i].view.Attach(static_cast<UINT>(kPartIds[i].image), this);
   }
@@ -274,14 +273,13 @@ void CLayoutExEditDlg::OnUse() {
 
 void CLayoutExEditDlg::OnLineSwitched() {
   if (ReadFields()) {
-    m_outerLine.EnableByCheck(this);
-    m_innerLine.EnableByCheck(this);
+    m_lines.EnableByCheck(this);
   }
 }
 
-void CLayoutExEditDlg::OnOuterColor() { m_outerLine.PickColor(Host().env, this); }
-
-void CLayoutExEditDlg::OnInnerColor() { m_innerLine.PickColor(Host().env, this); }
+void CLayoutExEditDlg::OnLineColor(UINT buttonId) {
+  m_lines.PickColor(buttonId, Host().env, this);
+}
 
 // ---- Files and the end
 
@@ -295,8 +293,7 @@ bool CLayoutExEditDlg::OpenPage(const std::wstring& path) {
   SetCurrentView(nullptr);
   m_page = opened;
   ReadPage();
-  m_outerLine.Init(this);
-  m_innerLine.Init(this);
+  m_lines.Init(this);
   OnPageChanged();
   EnableUsed();
   return true;
@@ -312,12 +309,7 @@ void CLayoutExEditDlg::OnOK() {
   UpdateData(TRUE);  // of a field that is refused the last number counts
   // Enter confirms without leaving the field that was typed in.
   ApplySizes();
-  const PEN_STATUS outer = m_outerLine.Status();
-  const PEN_STATUS inner = m_innerLine.Status();
-  m_page.SetByEdgeOutLine(m_outerLine.IsOn());
-  m_page.SetByEdgeInLine(m_innerLine.IsOn());
-  m_page.SetOutLineStatus(&outer);
-  m_page.SetInLineStatus(&inner);
+  m_lines.Store(m_page);
   for (std::size_t kind = 0; kind < kPageKindCount; ++kind) {
     m_page.SetListShowByPage(static_cast<int>(kind), m_shownOn[kind]);
   }

@@ -40,8 +40,7 @@ protected:
   void OnEqualAllColumns();
   void OnUse();
   void OnLineSwitched();
-  void OnOuterColor();
-  void OnInnerColor();
+  void OnLineColor(UINT buttonId);
 
   DECLARE_MESSAGE_MAP()
 
@@ -77,6 +76,5 @@ private:
   int m_nRepeat = 1;
   int m_nOffset = 1;
   std::array<int, kPageKindCount> m_shownOn{};  ///< first page, middle pages, last page
-  CLineFields m_outerLine{IDC_OUTER_LINE};
-  CLineFields m_innerLine{IDC_INNER_LINE};
+  CPageLines m_lines;
 };

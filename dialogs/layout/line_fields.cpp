@@ -67,3 +67,27 @@ void CLineFields::PickColor(CKivSysEnv* env, CWnd* dialog) {
     m_btnColor.Recolor(m_status.color);
   }
 }
+
+void CPageLines::Exchange(CDataExchange* pDX) {
+  m_outer.Exchange(pDX);
+  m_inner.Exchange(pDX);
+}
+
+void CPageLines::Init(CWnd* dialog) {
+  m_outer.Init(dialog);
+  m_inner.Init(dialog);
+}
+
+void CPageLines::Hide(CWnd* dialog) const {
+  m_outer.Hide(dialog);
+  m_inner.Hide(dialog);
+}
+
+void CPageLines::EnableByCheck(const CWnd* dialog) const {
+  m_outer.EnableByCheck(dialog);
+  m_inner.EnableByCheck(dialog);
+}
+
+void CPageLines::PickColor(UINT buttonId, CKivSysEnv* env, CWnd* dialog) {
+  (buttonId == IDC_OUTER_LINE_COLOUR ? m_outer : m_inner).PickColor(env, dialog);
+}

@@ -51,6 +51,56 @@ inline LRESULT ChosenItem(HWND dialog, int id) {
   return ::SendMessageW(Control(dialog, id), CB_GETCURSEL, 0, 0);
 }
 
+// ---- Fields
+
+/// The editor that has a control has the focus in a field: behind a message it comes back with some
+/// delay.
+inline Condition Focused(int controlOfEditor, int id) {
+  return {"the field has the focus", [controlOfEditor, id]() -> HWND {
+            const HWND dialog = DialogWithControl(controlOfEditor).find();
+            return dialog != nullptr && FocusedControlId(dialog) == id ? dialog : nullptr;
+          }};
+}
+
+/// Types a text that is refused, is told so, and cancels; what the message says. `editor` is run with a
+/// script.
+template <class Editor>
+std::wstring RefusalOf(Editor& editor, int controlOfEditor, int id, const wchar_t* text) {
+  std::wstring message;
+  ModalScript script;
+  script.When(Painted(DialogWithControl(controlOfEditor)),
+              [&](HWND dialog) { TypeAndLeave(dialog, id, text); });
+  script.When(MessageBoxShown(), [&](HWND box) {
+    message = Text(box, 0xFFFF);
+    Click(box, IDOK);
+  });
+  script.When(Focused(controlOfEditor, id), [&](HWND dialog) {
+    EXPECT_EQ(Text(dialog, id), text);  // what was typed stays
+    Click(dialog, IDCANCEL);
+  });
+  EXPECT_FALSE(editor.Run(script));
+  return message;
+}
+
+/// The fields of a line lie behind its check box.
+namespace line_field {
+
+inline constexpr int kType = 1;
+inline constexpr int kColour = 2;
+inline constexpr int kWidth = 3;
+
+}  // namespace line_field
+
+inline void ExpectLineTypes(HWND dialog, int line) {
+  constexpr std::array kTypes{L"実線", L"破線", L"点線", L"一点鎖線", L"二点鎖線", L"なし"};
+  const HWND list = Control(dialog, line + line_field::kType);
+  ASSERT_EQ(::SendMessageW(list, CB_GETCOUNT, 0, 0), 6);
+  for (std::size_t i = 0; i < kTypes.size(); ++i) {
+    ::SendMessageW(list, CB_SETCURSEL, i, 0);
+    EXPECT_EQ(Text(list), kTypes[i]);
+  }
+}
+
 // ---- Tool bars
 
 /// In the order in which they were made.

@@ -27,40 +27,14 @@ constexpr int kOuter = 2030;
 constexpr int kInner = 2035;
 constexpr int kEqualRows = 10002;
 constexpr int kEqualColumns = 10003;
-// Behind the check box of a line.
-constexpr int kType = 1;
-constexpr int kColour = 2;
-constexpr int kLineWidth = 3;
-
-/// The editor has the focus in a field: behind a message it comes back with some delay.
-Condition Focused(int id) {
-  return {"the field has the focus", [id]() -> HWND {
-            const HWND dialog = DialogWithControl(kImage).find();
-            return dialog != nullptr && FocusedControlId(dialog) == id ? dialog : nullptr;
-          }};
-}
 
 class LayoutEditFields : public ::testing::Test {
 protected:
   /// 3 x 4 cells of 20 x 40 mm.
   LayoutEditor m_editor{3, 4, 60.0, 160.0};
 
-  /// Types a text that is refused, is told so, and cancels.
   std::wstring Refusal(int id, const wchar_t* text) {
-    std::wstring message;
-    ModalScript script;
-    script.When(Painted(DialogWithControl(kImage)),
-                [&](HWND dialog) { TypeAndLeave(dialog, id, text); });
-    script.When(MessageBoxShown(), [&](HWND box) {
-      message = Text(box, 0xFFFF);
-      Click(box, IDOK);
-    });
-    script.When(Focused(id), [&](HWND dialog) {
-      EXPECT_EQ(Text(dialog, id), text);  // what was typed stays
-      Click(dialog, IDCANCEL);
-    });
-    EXPECT_FALSE(m_editor.Run(script));
-    return message;
+    return RefusalOf(m_editor, kImage, id, text);
   }
 };
 
@@ -325,12 +299,12 @@ TEST_F(LayoutEditLines, ThePagesLinesAreShown) {
     }
     EXPECT_TRUE(IsChecked(dialog, kOuter));
     EXPECT_FALSE(IsChecked(dialog, kInner));
-    EXPECT_EQ(Text(dialog, kOuter + kType), L"一点鎖線");
-    EXPECT_EQ(Text(dialog, kInner + kType), L"破線");
-    EXPECT_EQ(Text(dialog, kOuter + kColour), L"赤 255 緑 0 青 0");
-    EXPECT_EQ(Text(dialog, kInner + kColour), L"赤 0 緑 0 青 255");
-    EXPECT_EQ(Text(dialog, kOuter + kLineWidth), L"0.35");
-    EXPECT_EQ(Text(dialog, kInner + kLineWidth), L"2.0");
+    EXPECT_EQ(Text(dialog, kOuter + line_field::kType), L"一点鎖線");
+    EXPECT_EQ(Text(dialog, kInner + line_field::kType), L"破線");
+    EXPECT_EQ(Text(dialog, kOuter + line_field::kColour), L"赤 255 緑 0 青 0");
+    EXPECT_EQ(Text(dialog, kInner + line_field::kColour), L"赤 0 緑 0 青 255");
+    EXPECT_EQ(Text(dialog, kOuter + line_field::kWidth), L"0.35");
+    EXPECT_EQ(Text(dialog, kInner + line_field::kWidth), L"2.0");
     Confirm(dialog);
   });
   EXPECT_EQ(m_editor.page.GetType(), 1);
@@ -340,16 +314,8 @@ TEST_F(LayoutEditLines, ThePagesLinesAreShown) {
 
 TEST_F(LayoutEditLines, TheTypesInTheirOrder) {
   m_editor.Run([](HWND dialog) {
-    const std::array<const wchar_t*, 6> types{L"実線",     L"破線",     L"点線",
-                                              L"一点鎖線", L"二点鎖線", L"なし"};
-    for (const int line : {kOuter, kInner}) {
-      const HWND list = Control(dialog, line + kType);
-      ASSERT_EQ(::SendMessageW(list, CB_GETCOUNT, 0, 0), 6);
-      for (std::size_t i = 0; i < types.size(); ++i) {
-        ::SendMessageW(list, CB_SETCURSEL, i, 0);
-        EXPECT_EQ(Text(list), types[i]);
-      }
-    }
+    ExpectLineTypes(dialog, kOuter);
+    ExpectLineTypes(dialog, kInner);
     Confirm(dialog);
   });
   EXPECT_EQ(m_editor.page.GetOutLineStatus().style, 5);
@@ -358,17 +324,17 @@ TEST_F(LayoutEditLines, TheTypesInTheirOrder) {
 
 TEST_F(LayoutEditLines, ALinesFieldsCanBeChangedWhileItIsOn) {
   m_editor.Run([](HWND dialog) {
-    for (int part = kType; part <= kLineWidth; ++part) {
+    for (int part = line_field::kType; part <= line_field::kWidth; ++part) {
       EXPECT_TRUE(IsEnabled(dialog, kOuter + part));
       EXPECT_FALSE(IsEnabled(dialog, kInner + part));
     }
     Press(dialog, kOuter);
     Press(dialog, kInner);
-    for (int part = kType; part <= kLineWidth; ++part) {
+    for (int part = line_field::kType; part <= line_field::kWidth; ++part) {
       EXPECT_FALSE(IsEnabled(dialog, kOuter + part));
       EXPECT_TRUE(IsEnabled(dialog, kInner + part));
     }
-    ::SetWindowTextW(Control(dialog, kInner + kLineWidth), L"1/4");
+    ::SetWindowTextW(Control(dialog, kInner + line_field::kWidth), L"1/4");
     Confirm(dialog);
   });
   EXPECT_EQ(m_editor.page.GetByEdgeOutLine(), 0);
@@ -380,7 +346,7 @@ TEST_F(LayoutEditLines, AColourIsAskedFor) {
   constexpr int kBlackButton = 13383;
   ModalScript script;
   script.When(Painted(DialogWithControl(kImage)),
-              [](HWND dialog) { Click(dialog, kOuter + kColour); });
+              [](HWND dialog) { Click(dialog, kOuter + line_field::kColour); });
   script.When(Painted(DialogWithControl(kBlackButton)), [](HWND dialog) {
     EXPECT_EQ(Text(dialog), L"色設定");
     Click(dialog, kBlackButton);
@@ -388,7 +354,7 @@ TEST_F(LayoutEditLines, AColourIsAskedFor) {
   });
   std::wstring shown;
   script.When(DialogWithControl(kImage), [&](HWND dialog) {
-    shown = Text(dialog, kOuter + kColour);
+    shown = Text(dialog, kOuter + line_field::kColour);
     EXPECT_NE(shown, L"赤 255 緑 0 青 0");
     Confirm(dialog);
   });
@@ -401,7 +367,7 @@ TEST_F(LayoutEditLines, AStyleThatTheListLacksStays) {
   const PEN_STATUS unknown{.color = 0, .width = 1.0F, .style = 9};
   m_editor.page.SetInLineStatus(&unknown);
   m_editor.Run([](HWND dialog) {
-    EXPECT_EQ(Text(dialog, kInner + kType), L"");
+    EXPECT_EQ(Text(dialog, kInner + line_field::kType), L"");
     Confirm(dialog);
   });
   EXPECT_EQ(m_editor.page.GetInLineStatus().style, 9);

@@ -22,36 +22,11 @@ constexpr int kTextColour = 2041;
 constexpr int kBackColour = 2042;
 constexpr int kOuter = 2030;
 constexpr int kInner = 2035;
-// Behind the check box of a line.
-constexpr int kType = 1;
-constexpr int kColour = 2;
-constexpr int kLineWidth = 3;
-
-/// The editor has the focus in a field: behind a message it comes back with some delay.
-Condition Focused(int id) {
-  return {"the field has the focus", [id]() -> HWND {
-            const HWND dialog = DialogWithControl(kImages[1]).find();
-            return dialog != nullptr && FocusedControlId(dialog) == id ? dialog : nullptr;
-          }};
-}
 
 class LayoutExEditFields : public ExtendedEditorTest {
 protected:
-  /// Types a text that is refused, is told so, and cancels.
   std::wstring Refusal(int id, const wchar_t* text) {
-    std::wstring message;
-    ModalScript script;
-    script.When(EditorShown(), [&](HWND dialog) { TypeAndLeave(dialog, id, text); });
-    script.When(MessageBoxShown(), [&](HWND box) {
-      message = Text(box, 0xFFFF);
-      Click(box, IDOK);
-    });
-    script.When(Focused(id), [&](HWND dialog) {
-      EXPECT_EQ(Text(dialog, id), text);  // what was typed stays
-      Click(dialog, IDCANCEL);
-    });
-    EXPECT_FALSE(m_editor.Run(script));
-    return message;
+    return RefusalOf(m_editor, kImages[1], id, text);
   }
 };
 
@@ -331,7 +306,7 @@ TEST_F(LayoutExEditFields, AFieldThatIsRefusedStaysToBeMended) {
     Click(dialog, kListUse);
   });
   script.When(MessageBoxShown(), [](HWND box) { Click(box, IDOK); });
-  script.When(Focused(kRows[1]), [](HWND dialog) {
+  script.When(Focused(kImages[1], kRows[1]), [](HWND dialog) {
     EXPECT_TRUE(IsEnabled(dialog, kRows[1]));
     TypeAndLeave(dialog, kRows[1], L"2");
     EXPECT_FALSE(IsEnabled(dialog, kRows[1]));
@@ -370,32 +345,25 @@ TEST_F(LayoutExEditFields, TheLinesOfThePage) {
   m_editor.page.SetOutLineStatus(&outer);
   m_editor.page.SetInLineStatus(&inner);
   Run([](HWND dialog, const PagesOnScreen&) {
-    const std::array<const wchar_t*, 6> types{L"実線",     L"破線",     L"点線",
-                                              L"一点鎖線", L"二点鎖線", L"なし"};
     EXPECT_TRUE(IsChecked(dialog, kOuter));
     EXPECT_FALSE(IsChecked(dialog, kInner));
-    EXPECT_EQ(Text(dialog, kOuter + kType), L"一点鎖線");
-    EXPECT_EQ(Text(dialog, kInner + kType), L"破線");
-    EXPECT_EQ(Text(dialog, kOuter + kColour), L"赤 255 緑 0 青 0");
-    EXPECT_EQ(Text(dialog, kInner + kColour), L"赤 0 緑 0 青 255");
-    EXPECT_EQ(Text(dialog, kOuter + kLineWidth), L"0.35");
-    EXPECT_EQ(Text(dialog, kInner + kLineWidth), L"2.0");
+    EXPECT_EQ(Text(dialog, kOuter + line_field::kType), L"一点鎖線");
+    EXPECT_EQ(Text(dialog, kInner + line_field::kType), L"破線");
+    EXPECT_EQ(Text(dialog, kOuter + line_field::kColour), L"赤 255 緑 0 青 0");
+    EXPECT_EQ(Text(dialog, kInner + line_field::kColour), L"赤 0 緑 0 青 255");
+    EXPECT_EQ(Text(dialog, kOuter + line_field::kWidth), L"0.35");
+    EXPECT_EQ(Text(dialog, kInner + line_field::kWidth), L"2.0");
     for (const int line : {kOuter, kInner}) {
-      const HWND list = Control(dialog, line + kType);
-      ASSERT_EQ(::SendMessageW(list, CB_GETCOUNT, 0, 0), 6);
-      for (std::size_t i = 0; i < types.size(); ++i) {
-        ::SendMessageW(list, CB_SETCURSEL, i, 0);
-        EXPECT_EQ(Text(list), types[i]);
-      }
-      ::SendMessageW(list, CB_SETCURSEL, static_cast<WPARAM>(line == kOuter ? 4 : 2), 0);
+      ExpectLineTypes(dialog, line);
+      ChooseItem(dialog, line + line_field::kType, line == kOuter ? 4 : 2);
     }
     Press(dialog, kOuter);
     Press(dialog, kInner);
-    for (int part = kType; part <= kLineWidth; ++part) {
+    for (int part = line_field::kType; part <= line_field::kWidth; ++part) {
       EXPECT_FALSE(IsEnabled(dialog, kOuter + part));
       EXPECT_TRUE(IsEnabled(dialog, kInner + part));
     }
-    ::SetWindowTextW(Control(dialog, kInner + kLineWidth), L"1/4");
+    ::SetWindowTextW(Control(dialog, kInner + line_field::kWidth), L"1/4");
     Confirm(dialog);
   });
   EXPECT_EQ(m_editor.page.GetByEdgeOutLine(), 0);
@@ -414,7 +382,7 @@ TEST_F(LayoutExEditFields, AColourOfALineIsAskedFor) {
   m_editor.page.SetInLineStatus(&red);
   m_editor.page.SetByEdgeInLine(1);
   ModalScript script;
-  script.When(EditorShown(), [](HWND dialog) { Click(dialog, kInner + kColour); });
+  script.When(EditorShown(), [](HWND dialog) { Click(dialog, kInner + line_field::kColour); });
   script.When(Painted(DialogWithControl(kBlackButton)), [](HWND dialog) {
     Click(dialog, kBlackButton);
     Click(dialog, IDOK);
@@ -540,7 +508,7 @@ TEST_F(LayoutExEditFiles, ASavedPageIsOpenedAgain) {
     EXPECT_FALSE(IsEnabled(dialog, kRows[0]));
     EXPECT_FALSE(IsChecked(dialog, kShownOn[1]));
     EXPECT_TRUE(IsChecked(dialog, kInner));
-    EXPECT_TRUE(IsEnabled(dialog, kInner + kType));
+    EXPECT_TRUE(IsEnabled(dialog, kInner + line_field::kType));
     EXPECT_EQ(EnabledTools(dialog), std::vector<int>());
     PagesOnScreen(dialog, saved).ClickCel(2, 7);
     EXPECT_EQ(Text(dialog, kTextLine), L"保存");
