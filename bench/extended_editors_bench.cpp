@@ -35,9 +35,9 @@ constexpr auto kList = CLayoutExPageData::LISTTYPE_LIST;
 
 /// A block and where the extended editor and its bare window show it.
 struct BlockPlace {
-  CLayoutExPageData::LISTTYPE type;
-  float height;  ///< millimetres
-  int imageId;
+  CLayoutExPageData::LISTTYPE type = CLayoutExPageData::LISTTYPE_HEADER;
+  float height = 0.0F;  ///< millimetres
+  int imageId = 0;
   CPoint corner;  ///< clear of the dialog in the middle of the screen
 };
 constexpr std::array kPlaces{

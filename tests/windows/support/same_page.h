@@ -60,9 +60,9 @@ inline bool IsSamePage(const CLayoutPageData& one, const CLayoutPageData& other)
   return same;
 }
 
-inline constexpr std::array kBlocksOfPage{CLayoutExPageData::LISTTYPE_HEADER,
-                                          CLayoutExPageData::LISTTYPE_LIST,
-                                          CLayoutExPageData::LISTTYPE_FOOTER};
+constexpr std::array kBlocksOfPage{CLayoutExPageData::LISTTYPE_HEADER,
+                                   CLayoutExPageData::LISTTYPE_LIST,
+                                   CLayoutExPageData::LISTTYPE_FOOTER};
 
 inline bool IsSameBlock(const CLayoutExPageData& one, const CLayoutExPageData& other,
                         CLayoutExPageData::LISTTYPE block) {
