@@ -34,7 +34,8 @@ struct PageEditHost {
 
 /// The commands act on the selected cells of the current view. F2 edits the text of the first of
 /// them, the menu key opens their menu, and Ctrl with an arrow key selects the next cell, wherever
-/// the key has no other meaning: in a field only up and down. The template has the colour buttons and the list of insertions.
+/// the key has no other meaning: in a field only up and down. The template has the colour buttons and
+/// the list of insertions.
 class CPageEditDlg : public CKivDialog {
 public:
   BOOL PreTranslateMessage(MSG* message) override;
@@ -51,7 +52,6 @@ protected:
   virtual CPageView* ViewAt(const CPoint& point) = 0;
   /// Lengths have changed: all views fit their pages anew.
   virtual void LayOutViews() = 0;
-
 
   // What an editor may do otherwise.
 
