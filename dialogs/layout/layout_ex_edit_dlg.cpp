@@ -4,7 +4,6 @@
 #include "dialogs/layout/size_fields.h"
 
 #include <algorithm>
-#include <iterator>
 #include <limits>
 
 namespace {
@@ -131,11 +130,17 @@ BOOL CLayoutExEditDlg::OnInitDialog() {
 
 // ---- Views
 
+/// kBlockCount for none.
+std::size_t CLayoutExEditDlg::CurrentIndex() const {
+  std::size_t index = 0;
+  while (index < kBlockCount && &m_parts[index].view != CurrentView()) {
+    ++index;
+  }
+  return index;
+}
+
 CLayoutExPageData::LISTTYPE CLayoutExEditDlg::CurrentBlock() const {
-  const auto current = std::find_if(m_parts.begin(), m_parts.end(), [&](const Part& part) {
-    return &part.view == CurrentView();
-  });
-  return current->type;
+  return m_parts[CurrentIndex()].type;
 }
 
 CPageView* CLayoutExEditDlg::ViewAt(const CPoint& point) {
@@ -156,17 +161,21 @@ void CLayoutExEditDlg::TakeView(CPageView& view) {
 }
 
 CPageView* CLayoutExEditDlg::ViewBeyond(int down) {
-  const auto isUsed = [](const Part& part) { return part.use != 0; };
-  const auto current = std::find_if(m_parts.begin(), m_parts.end(), [&](const Part& part) {
-    return &part.view == CurrentView();
-  });
-  if (current != m_parts.end() && down < 0) {
-    const auto above = std::find_if(std::make_reverse_iterator(current), m_parts.rend(), isUsed);
-    return above != m_parts.rend() ? &above->view : nullptr;
+  const std::size_t current = CurrentIndex();
+  if (current < kBlockCount && down < 0) {
+    for (std::size_t i = current; i > 0; --i) {
+      if (m_parts[i - 1].use != 0) {
+        return &m_parts[i - 1].view;
+      }
+    }
+    return nullptr;
   }
-  const auto first = current == m_parts.end() ? m_parts.begin() : current + 1;
-  const auto below = std::find_if(first, m_parts.end(), isUsed);
-  return below != m_parts.end() ? &below->view : nullptr;
+  for (std::size_t i = current < kBlockCount ? current + 1 : 0; i < kBlockCount; ++i) {
+    if (m_parts[i].use != 0) {
+      return &m_parts[i].view;
+    }
+  }
+  return nullptr;
 }
 
 bool CLayoutExEditDlg::OnDoubleClicked(CPageView* view, const CPoint& /*point*/) {

@@ -61,6 +61,7 @@ private:
     float height = 0.0F;  ///< of all rows, millimetres
   };
 
+  std::size_t CurrentIndex() const;
   void ReadPage();
   void ReadSizes();
   void ApplySizes();

@@ -361,7 +361,7 @@ BOOL CPageEditDlg::PreTranslateMessage(MSG* message) {
 }
 
 /// Ctrl and an arrow key, unless they lead through the text of a field or open a list.
-bool CPageEditDlg::MovesSelection(const MSG& message) const {
+bool CPageEditDlg::MovesSelection(const MSG& message) {
   if (message.wParam < VK_LEFT || message.wParam > VK_DOWN || !IsPressed(VK_CONTROL)) {
     return false;
   }

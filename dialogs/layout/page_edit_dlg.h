@@ -168,7 +168,7 @@ private:
   void DropReadOut();
   int CelBeside(int down, int right);
   void SelectNeighbour(WPARAM key);
-  bool MovesSelection(const MSG& message) const;
+  static bool MovesSelection(const MSG& message);
   bool OpenTextEdit();
   void ShowCelMenu(const CPoint& screenPoint);
   void ApplyColor(const CKivColorButton& button, CelCommand apply);

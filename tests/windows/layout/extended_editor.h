@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <functional>
 #include <limits>
 #include <string>
@@ -105,7 +106,7 @@ public:
     constexpr double kMmPerInch = 25.4;
     constexpr double kDots = 96.0;
     const auto pixels = [](double mm) {
-      return std::max(static_cast<int>(mm / kMmPerInch * kDots + 0.5), 1);
+      return std::max(static_cast<int>(std::lround(mm / kMmPerInch * kDots)), 1);
     };
     const int width = pixels(m_page.GetAllLengthCol());
     for (std::size_t i = 0; i < m_views.size(); ++i) {
