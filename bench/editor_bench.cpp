@@ -33,7 +33,8 @@ void InEditor(int imageId, const std::function<void()>& open,
     driver::PressKey(dialog, VK_ESCAPE);
   });
   open();
-  Require(script.Finished(), script.Problem().c_str());
+  Require(script.Finished(), script.Problem().empty() ? "an editor closed before it was measured"
+                                                      : script.Problem().c_str());
 }
 
 EditorPicture::EditorPicture(HWND dialog, int imageId)

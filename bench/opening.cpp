@@ -28,6 +28,8 @@ struct Times {
 /// Runs one modal dialog owned by `owner` and, where `counts`, adds its times.
 void Time(DialogOwner& owner, const std::function<void()>& call, bool counts, Times& times) {
   owner.SetCommand(IDOK);
+  // The active window owns the dialog; another one of the thread may have become it meanwhile.
+  ::SetActiveWindow(owner.Window());
   const int answered = owner.Answered();
   const LONGLONG called = Ticks();
   call();

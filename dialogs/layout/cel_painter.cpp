@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstring>
 #include <string>
+#include <utility>
 
 namespace quorvel {
 
@@ -54,7 +55,8 @@ CelPainter::CelPainter(HDC deviceContext, CelStyle style, const TextScale& scale
       m_previousText(::GetTextColor(deviceContext)),
       m_previousBack(::GetBkColor(deviceContext)),
       m_nPreviousMode(
-          ::SetBkMode(deviceContext, style == CelStyle::kFramed ? OPAQUE : TRANSPARENT)) {}
+          ::SetBkMode(deviceContext, style == CelStyle::kFramed ? OPAQUE : TRANSPARENT)),
+      m_previousPen(deviceContext, ::GetStockObject(BLACK_PEN)) {}
 
 CelPainter::~CelPainter() {
   ::SetTextColor(m_hDC, m_previousText);
@@ -140,11 +142,13 @@ void CelPainter::UseFont(const LOGFONTA& font) {
 }
 
 void CelPainter::UsePen(const Pen& pen) {
-  if (!m_pen || m_penLike != pen) {
-    m_pen.reset();
-    m_pen.emplace(m_hDC, pen.style, pen.width, pen.color);
-    m_penLike = pen;
+  MadePen& made = pen.style == PS_SOLID ? m_linePen : m_dottedPen;
+  OwnedPen unused;  // goes when another one is selected
+  if (made.pen == nullptr || made.like != pen) {
+    unused = std::exchange(made.pen, OwnedPen(::CreatePen(pen.style, pen.width, pen.color)));
+    made.like = pen;
   }
+  ::SelectObject(m_hDC, made.pen.get());
 }
 
 }  // namespace quorvel

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "dialogs/layout/page_geometry.h"
+#include "framework/device_context.h"
 #include "kivdata/layout_cel_data.h"
 #include "kivfcl/drawing_objects.h"
 
@@ -51,6 +52,11 @@ private:
     bool operator==(const Pen&) const = default;
   };
 
+  struct MadePen {
+    Pen like{};
+    OwnedPen pen;
+  };
+
   void DrawCelText(const CLayoutCelData& cel, CRect rect);
   void DrawFrame(const CRect& rect, int kind);
   void DrawEdges(const CLayoutCelData& cel, const CRect& rect, int kind);
@@ -66,8 +72,9 @@ private:
   // Neighbours are alike: what the last cell needed is kept.
   LOGFONTA m_logFont{};
   std::optional<CFontEx> m_font;
-  Pen m_penLike{};
-  std::optional<CPenEx> m_pen;
+  MadePen m_linePen;    ///< of whole lines
+  MadePen m_dottedPen;  ///< each cell may need both
+  SelectedObject m_previousPen;
 };
 
 }  // namespace quorvel
