@@ -64,6 +64,16 @@ int CLayoutExPageData::SaveFileW(const wchar_t* path) const {
   return quorvel::SavePage(quorvel::PathOfHost(path), *m_model) ? 1 : 0;
 }
 
+int CLayoutExPageData::OpenBytes(const void* bytes, std::size_t count) {
+  return bytes == nullptr
+             ? 0
+             : m_model->Take(quorvel::DecodeExPage({static_cast<const BYTE*>(bytes), count}));
+}
+
+std::size_t CLayoutExPageData::SaveBytes(void* bytes, std::size_t capacity) const {
+  return quorvel::TellBytes(quorvel::EncodePage(*m_model), bytes, capacity);
+}
+
 // The page.
 
 int CLayoutExPageData::GetByEdgeOutLine() const {

@@ -11,6 +11,7 @@
 #include "kivdata/layout_cel_data.h"
 #include "kivdata/pen_status.h"
 
+#include <cstddef>
 #include <memory>
 
 /// Lengths are millimetres. Rows, columns and cell indices count from 0; a cell's index is
@@ -39,6 +40,10 @@ public:
   /// failure. What is selected is not written.
   int SaveFile(const char* path) const;
   int SaveFileW(const wchar_t* path) const;
+  /// The bytes of such a file, in memory. 0, and the page as it was, for any others.
+  int OpenBytes(const void* bytes, std::size_t count);
+  /// How many bytes the page's file has; they are written if `capacity` is at least that.
+  std::size_t SaveBytes(void* bytes, std::size_t capacity) const;
 
   // The page.
 

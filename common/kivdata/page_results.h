@@ -1,8 +1,10 @@
 // What the two page classes have in common in giving their answers to hosts.
 #pragma once
 
+#include "kivdata/layout_file.h"
 #include "kivdata/page_models.h"
 
+#include <cstring>
 #include <optional>
 
 namespace quorvel {
@@ -29,6 +31,15 @@ inline int TellPosition(const std::optional<CellRange>& cell, int* row, int* col
     *col = cell->col;
   }
   return cell ? 1 : 0;
+}
+
+/// Copies the bytes of a file if there is room for them; how many they are.
+inline std::size_t TellBytes(const FileBytes& file, void* bytes, std::size_t capacity) {
+  const std::span<const BYTE> span = file.Span();
+  if (bytes != nullptr && span.size() <= capacity) {
+    std::memcpy(bytes, span.data(), span.size());
+  }
+  return span.size();
 }
 
 /// Takes over a line style that can be drawn.
