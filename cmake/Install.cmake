@@ -1,7 +1,7 @@
 # `make dist`: the DLLs and host programs in bin/, headers, import libraries and the CMake package.
 include(CMakePackageConfigHelpers)
 
-set(product Frame64 KivComm64 KivData64 KivFcl64 Quorvel)
+set(product Frame64 KivComm64 KivData64 KivFcl64 Quorvel QuorvelC64)
 install(
   TARGETS ${product}
   EXPORT QuorvelTargets

@@ -13,7 +13,7 @@
 namespace {
 
 constexpr std::array kOwnDlls{"Frame64.dll", "KivComm64.dll", "KivData64.dll", "KivFcl64.dll",
-                              "Quorvel.dll"};
+                              "Quorvel.dll",  "QuorvelC64.dll"};
 
 /// A DLL loaded by this process, read through its headers.
 class LoadedDll {
@@ -78,6 +78,22 @@ TEST(ProductFiles, QuorvelExportsTheEntriesAndNothingElse) {
   EXPECT_EQ(LoadedDll("Quorvel.dll").Exports(), expected);
 }
 
+TEST(ProductFiles, TheCInterfaceExportsItsFunctionsAndNothingElse) {
+  const std::set<std::string> expected{
+      "quorvel_version",      "quorvel_last_error",      "quorvel_free",
+      "quorvel_input_text",   "quorvel_input_scale",     "quorvel_input_dpi",
+      "quorvel_input_point_xy", "quorvel_input_point_xyz", "quorvel_set_user_paper",
+      "quorvel_check_list",   "quorvel_select_color",    "quorvel_select_color_ex",
+      "quorvel_edit_color",   "quorvel_select_rgb",      "quorvel_select_font",
+      "quorvel_select_font_ex", "quorvel_edit_layout",   "quorvel_edit_layout_ex",
+      "quorvel_page_create",  "quorvel_page_free",       "quorvel_page_kind_of",
+      "quorvel_page_open",    "quorvel_page_save",       "quorvel_page_read",
+      "quorvel_page_write",   "quorvel_page_divide",     "quorvel_page_counts",
+      "quorvel_page_set_size", "quorvel_page_size",      "quorvel_page_set_text",
+      "quorvel_page_text"};
+  EXPECT_EQ(LoadedDll("QuorvelC64.dll").Exports(), expected);
+}
+
 TEST(ProductFiles, ImportNothingButWindowsTheirSistersAndTheRunTime) {
   const std::set<std::string> allowed{
       // Windows
@@ -86,7 +102,7 @@ TEST(ProductFiles, ImportNothingButWindowsTheirSistersAndTheRunTime) {
       // the compiler's run-time
       "libgcc_s_seh-1.dll", "libstdc++-6.dll", "libwinpthread-1.dll",
       // sisters
-      "frame64.dll", "kivcomm64.dll", "kivdata64.dll", "kivfcl64.dll"};
+      "frame64.dll", "kivcomm64.dll", "kivdata64.dll", "kivfcl64.dll", "quorvel.dll"};
   for (const char* name : kOwnDlls) {
     const LoadedDll dll(name);
     ASSERT_TRUE(dll.Exists()) << name;
