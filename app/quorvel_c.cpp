@@ -260,12 +260,10 @@ void FillFont(CKivFont& font, const quorvel_font& given, double dotsPerMm) {
   font.SetV(given.height);
   font.SetH(given.width);
   font.CalcMmToLogFont(dotsPerMm == 0 ? quorvel::kUsualDotsPerMm : dotsPerMm);
-  if (given.dots_height != 0) {
-    record = font.GetLogFont(0);
-    record.lfHeight = given.dots_height;
-    record.lfWidth = given.dots_width;
-    font.SetLogFont(&record);
-  }
+  record = font.GetLogFont(0);
+  record.lfHeight = given.dots_height != 0 ? given.dots_height : record.lfHeight;
+  record.lfWidth = given.dots_width != 0 ? given.dots_width : record.lfWidth;
+  font.SetLogFont(&record);
   const COLORREF color = given.color;
   font.SetColor(&color);
   font.SetStrikeOutType(given.strike_out_type);

@@ -6,17 +6,23 @@
 // Standard output and standard error are UTF-8 on every system.
 #include "cli/commands.h"
 #include "cli/outcome.h"
-#include "quorvel/quorvel.h"
+
+#include <quorvel/quorvel_c.h>
+
+#include <windows.h>
 
 #include <fcntl.h>
 #include <io.h>
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <exception>
 #include <iterator>
+#include <memory>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -25,8 +31,6 @@
 namespace quorvel::cli {
 
 namespace {
-
-constexpr UINT kHostCodePage = 932;
 
 /// An unpaired surrogate becomes U+FFFD.
 std::string Utf8FromWide(std::wstring_view wide) {
@@ -38,419 +42,426 @@ std::string Utf8FromWide(std::wstring_view wide) {
   return utf8;
 }
 
-std::wstring WideFromBytes(UINT codePage, std::string_view bytes) {
-  const int length = static_cast<int>(bytes.size());
-  const int needed = MultiByteToWideChar(codePage, 0, bytes.data(), length, nullptr, 0);
-  std::wstring wide(static_cast<std::size_t>(needed), L'\0');
-  MultiByteToWideChar(codePage, 0, bytes.data(), length, wide.data(), needed);
-  return wide;
+// ---- What all dialogs have in common
+
+/// A structure of the library in the shape of its header.
+template <class Dialog>
+Dialog New() {
+  Dialog dialog{};
+  dialog.size = sizeof dialog;
+  return dialog;
 }
 
-/// The text as the library takes it. Throws UsageError for a character that code page 932 lacks.
-CString HostText(std::string_view utf8) {
-  const std::wstring wide = WideFromBytes(CP_UTF8, utf8);
-  const int length = static_cast<int>(wide.size());
-  BOOL hasReplacement = FALSE;
-  const int needed = WideCharToMultiByte(kHostCodePage, WC_NO_BEST_FIT_CHARS, wide.data(), length,
-                                         nullptr, 0, nullptr, &hasReplacement);
-  if (hasReplacement != FALSE) {
-    throw UsageError("not all characters are in code page 932: " + JsonQuoted(utf8));
+/// A text of the library.
+class OwnedText {
+public:
+  explicit OwnedText(char* text) : m_text(text) {}
+  std::string Text() const { return m_text.get(); }
+
+private:
+  struct Deleter {
+    void operator()(char* text) const { quorvel_free(text); }
+  };
+  std::unique_ptr<char, Deleter> m_text;
+};
+
+/// Throws what the library calls a failure: UsageError for a text that dialogs cannot hold.
+quorvel_result Checked(quorvel_result result) {
+  if (result == QUORVEL_BAD_TEXT) {
+    throw UsageError(quorvel_last_error());
   }
-  std::string text(static_cast<std::size_t>(needed), '\0');
-  WideCharToMultiByte(kHostCodePage, WC_NO_BEST_FIT_CHARS, wide.data(), length, text.data(), needed,
-                      nullptr, nullptr);
-  return CString(std::string_view(text));
+  if (result < 0) {
+    throw std::runtime_error(quorvel_last_error());
+  }
+  return result;
 }
 
-std::string Utf8FromHostText(const CString& text) {
-  return Utf8FromWide(WideFromBytes(kHostCodePage, text.View()));
+/// The outcome of a dialog that the user may only confirm or cancel; `answer` fills that of a
+/// confirmed one.
+template <class Answer>
+Outcome OutcomeOf(quorvel_result result, Answer answer) {
+  switch (Checked(result)) {
+    case QUORVEL_CONFIRMED:
+      break;
+    case QUORVEL_MOUSE_PICK:
+      return MousePick();
+    case QUORVEL_CLEAR_ALL:
+      return ClearAll();
+    default:
+      return Cancelled();
+  }
+  Outcome outcome = Confirmed();
+  answer(outcome.answer);
+  return outcome;
 }
 
-/// The point that an entry takes as its position, or none.
+/// The point that a dialog takes as its position, or none.
 class PositionArgument {
 public:
   explicit PositionArgument(const std::optional<ScreenPosition>& position) {
     if (position) {
-      m_point.emplace(position->x, position->y);
+      m_point.emplace(quorvel_position{position->x, position->y});
     }
   }
 
-  CPoint* Pointer() { return m_point ? &*m_point : nullptr; }
+  const quorvel_position* Pointer() const { return m_point ? &*m_point : nullptr; }
 
 private:
-  std::optional<CPoint> m_point;
+  std::optional<quorvel_position> m_point;
 };
 
-Outcome Run(const InputTextRequest& request) {
-  const CString title = HostText(request.title);
-  const CString comment = HostText(request.comment);
-  CString text = HostText(request.text);
-  PositionArgument position(request.position);
-  if (__InputTextDlg(title, comment, &text, position.Pointer()) == FALSE) {
-    return Cancelled();
+/// The texts as the library takes a list of them; `texts` must outlive it.
+std::vector<const char*> Pointers(const std::vector<std::string>& texts) {
+  std::vector<const char*> pointers;
+  for (const std::string& text : texts) {
+    pointers.push_back(text.c_str());
   }
-  Outcome outcome = Confirmed();
-  outcome.answer.AddText("text", Utf8FromHostText(text));
-  return outcome;
+  return pointers;
+}
+
+// ---- Values
+
+Outcome Run(const InputTextRequest& request) {
+  const PositionArgument position(request.position);
+  auto dialog = New<quorvel_text_dialog>();
+  dialog.title = request.title.c_str();
+  dialog.comment = request.comment.c_str();
+  dialog.text = request.text.c_str();
+  dialog.position = position.Pointer();
+  return OutcomeOf(quorvel_input_text(&dialog), [&](JsonObject& answer) {
+    answer.AddText("text", OwnedText(dialog.result).Text());
+  });
 }
 
 Outcome Run(const InputScaleRequest& request) {
-  const CString title = HostText(request.title);
-  const CString comment = HostText(request.comment);
-  double scale = request.scale;
-  PositionArgument position(request.position);
-  if (__InputScaleDlg(title, comment, &scale, position.Pointer()) == FALSE) {
-    return Cancelled();
-  }
-  Outcome outcome = Confirmed();
-  outcome.answer.AddNumber("scale", scale);
-  return outcome;
+  const PositionArgument position(request.position);
+  auto dialog = New<quorvel_scale_dialog>();
+  dialog.title = request.title.c_str();
+  dialog.comment = request.comment.c_str();
+  dialog.scale = request.scale;
+  dialog.position = position.Pointer();
+  return OutcomeOf(quorvel_input_scale(&dialog),
+                   [&](JsonObject& answer) { answer.AddNumber("scale", dialog.scale); });
 }
 
 Outcome Run(const InputDpiRequest& request) {
-  int dpi = request.dpi;
-  PositionArgument position(request.position);
-  if (__InputDpiDlg(&dpi, position.Pointer()) == FALSE) {
-    return Cancelled();
-  }
-  Outcome outcome = Confirmed();
-  outcome.answer.AddInteger("dpi", dpi);
-  return outcome;
+  const PositionArgument position(request.position);
+  auto dialog = New<quorvel_dpi_dialog>();
+  dialog.dpi = request.dpi;
+  dialog.position = position.Pointer();
+  return OutcomeOf(quorvel_input_dpi(&dialog),
+                   [&](JsonObject& answer) { answer.AddInteger("dpi", dialog.dpi); });
 }
 
+/// A point is given and told in the order of the entries' arrays, y before x.
 Outcome Run(const InputPointRequest& request) {
-  constexpr INT_PTR kPointConfirmed = 0;
-  constexpr INT_PTR kPointMousePick = 2;
-  std::vector<double> point = request.point;
-  const BOOL allowMousePick = request.allowsMousePick ? TRUE : FALSE;
-  PositionArgument position(request.position);
-  const auto entry = point.size() == 2 ? __InputPointXYDlg : __InputPointXYZDlg;
-  const INT_PTR result = entry(point.data(), allowMousePick, position.Pointer());
-  if (result == kPointMousePick) {
-    return MousePick();
-  }
-  if (result != kPointConfirmed) {
-    return Cancelled();
-  }
-  Outcome outcome = Confirmed();
-  outcome.answer.AddNumbers("point", point);
-  return outcome;
+  const PositionArgument position(request.position);
+  const bool hasZ = request.point.size() > 2;
+  auto dialog = New<quorvel_point_dialog>();
+  dialog.y = request.point.at(0);
+  dialog.x = request.point.at(1);
+  dialog.z = hasZ ? request.point.at(2) : 0.0;
+  dialog.allow_mouse_pick = request.allowsMousePick ? 1 : 0;
+  dialog.position = position.Pointer();
+  const quorvel_result result =
+      hasZ ? quorvel_input_point_xyz(&dialog) : quorvel_input_point_xy(&dialog);
+  return OutcomeOf(result, [&](JsonObject& answer) {
+    std::vector<double> point{dialog.y, dialog.x};
+    if (hasZ) {
+      point.push_back(dialog.z);
+    }
+    answer.AddNumbers("point", point);
+  });
 }
 
 Outcome Run(const UserPaperRequest& request) {
-  CString name = HostText(request.name);
-  int width = request.width;
-  int height = request.height;
-  int clearAll = 0;
-  if (__UserPaperSetDlg(nullptr, &name, &width, &height, &clearAll, nullptr) == 0) {
-    return Cancelled();
-  }
-  if (clearAll != 0) {
-    return ClearAll();
-  }
-  Outcome outcome = Confirmed();
-  outcome.answer.AddText("name", Utf8FromHostText(name))
-      .AddInteger("width", width)
-      .AddInteger("height", height);
-  return outcome;
+  auto dialog = New<quorvel_paper_dialog>();
+  dialog.width = request.width;
+  dialog.height = request.height;
+  return OutcomeOf(quorvel_set_user_paper(&dialog), [&](JsonObject& answer) {
+    answer.AddText("name", OwnedText(dialog.result).Text())
+        .AddInteger("width", dialog.width)
+        .AddInteger("height", dialog.height);
+  });
 }
 
 Outcome Run(const CheckListRequest& request) {
-  const CString title = HostText(request.title);
-  CArray<CString, CString&> names;
-  CByteArray states;
+  std::vector<const char*> names;
+  std::vector<std::uint8_t> ticked;
   for (const CheckListItem& item : request.items) {
-    CString name = HostText(item.name);
-    names.Add(name);
-    states.Add(item.isTicked ? 1 : 0);
+    names.push_back(item.name.c_str());
+    ticked.push_back(item.isTicked ? 1 : 0);
   }
-  const INT_PTR result = __CheckListDlg(&title, &names, &states);
-  if (result == IDCANCEL) {
-    return Cancelled();
-  }
-  if (result != IDOK) {
-    return Failed();
-  }
-  std::vector<JsonObject> items;
-  INT_PTR index = 0;
-  for (const CheckListItem& item : request.items) {
-    items.emplace_back().AddText("name", item.name).AddFlag("ticked", states.GetAt(index) != 0);
-    ++index;
-  }
-  Outcome outcome = Confirmed();
-  outcome.answer.AddObjects("items", items);
-  return outcome;
+  auto dialog = New<quorvel_check_list_dialog>();
+  dialog.title = request.title.c_str();
+  dialog.items = names.data();
+  dialog.ticked = ticked.data();
+  dialog.count = names.size();
+  return OutcomeOf(quorvel_check_list(&dialog), [&](JsonObject& answer) {
+    std::vector<JsonObject> items;
+    for (std::size_t i = 0; i < names.size(); ++i) {
+      items.emplace_back()
+          .AddText("name", request.items.at(i).name)
+          .AddFlag("ticked", ticked.at(i) != 0);
+    }
+    answer.AddObjects("items", items);
+  });
 }
 
-using ColorEntry = BOOL (*)(CKivSysEnv* env, COLORREF* color, CPoint* position);
+// ---- Colours
 
-COLORREF HostColor(const Colour& colour) {
+std::uint32_t HostColor(const Colour& colour) {
   return RGB(colour.red, colour.green, colour.blue);
 }
 
-std::string TextOfColor(COLORREF color) {
+std::string TextOfColor(std::uint32_t color) {
   return ColourText(
       {.red = GetRValue(color), .green = GetGValue(color), .blue = GetBValue(color)});
 }
 
-Outcome ConfirmedColor(COLORREF color) {
-  Outcome outcome = Confirmed();
-  outcome.answer.AddText("color", TextOfColor(color));
-  return outcome;
-}
+using ColorFunction = quorvel_result (*)(quorvel_color_dialog*);
 
-Outcome RunColor(const ColorArguments& arguments, ColorEntry entry) {
-  std::optional<CKivSysEnv> env;
-  if (!arguments.key.empty()) {
-    env.emplace(HostText(arguments.key));
-  }
-  COLORREF color = HostColor(arguments.color);
-  PositionArgument position(arguments.position);
-  if (entry(env ? &*env : nullptr, &color, position.Pointer()) == FALSE) {
-    return Cancelled();
-  }
-  return ConfirmedColor(color);
+Outcome RunColor(const ColorArguments& arguments, ColorFunction ask) {
+  const PositionArgument position(arguments.position);
+  auto dialog = New<quorvel_color_dialog>();
+  dialog.registry_key = arguments.key.c_str();
+  dialog.color = HostColor(arguments.color);
+  dialog.position = position.Pointer();
+  return OutcomeOf(ask(&dialog), [&](JsonObject& answer) {
+    answer.AddText("color", TextOfColor(dialog.color));
+  });
 }
 
 Outcome Run(const SelectColorRequest& request) {
-  return RunColor(request.arguments, __SelColorDlg);
+  return RunColor(request.arguments, quorvel_select_color);
 }
 
 Outcome Run(const SelectColorExRequest& request) {
-  return RunColor(request.arguments, __SelColorDlgEx);
+  return RunColor(request.arguments, quorvel_select_color_ex);
 }
 
 Outcome Run(const EditColorRequest& request) {
-  return RunColor(request.arguments, __EditColorDlg);
+  return RunColor(request.arguments, quorvel_edit_color);
 }
 
 Outcome Run(const SelectRgbRequest& request) {
-  COLORREF color = HostColor(request.color);
-  return __SelRGBDlg(&color) == FALSE ? Cancelled() : ConfirmedColor(color);
+  return RunColor({.color = request.color, .key = {}, .position = {}}, quorvel_select_rgb);
 }
 
-/// Throws UsageError for a face name that the record cannot hold.
-void FillFont(CKivFont& font, const FontFields& fields, double dotsPerMm) {
-  const CString face = HostText(fields.face);
-  if (face.GetLength() >= LF_FACESIZE) {
+// ---- Fonts
+
+/// Throws UsageError for a face name that the structure cannot hold.
+quorvel_font HostFont(const FontFields& fields) {
+  quorvel_font font{};
+  if (fields.face.size() >= std::size(font.face)) {
     throw UsageError("the name of a face has at most 31 bytes: " + JsonQuoted(fields.face));
   }
-  LOGFONTA record{};
-  record.lfEscapement = fields.escapement;
-  record.lfOrientation = fields.orientation;
-  record.lfWeight = fields.weight;
-  record.lfItalic = fields.isItalic ? 1 : 0;
-  record.lfUnderline = fields.isUnderlined ? 1 : 0;
-  record.lfStrikeOut = fields.isStruckOut ? 1 : 0;
-  record.lfCharSet = fields.charSet;
-  record.lfOutPrecision = fields.outPrecision;
-  record.lfClipPrecision = fields.clipPrecision;
-  record.lfQuality = fields.quality;
-  record.lfPitchAndFamily = fields.pitchAndFamily;
-  face.View().copy(std::begin(record.lfFaceName), LF_FACESIZE - 1);
-  font.SetLogFont(&record);
-  font.SetV(fields.height);
-  font.SetH(fields.width);
-  font.CalcMmToLogFont(dotsPerMm == 0 ? kUsualDotsPerMm : dotsPerMm);
-  record = font.GetLogFont(0);
-  record.lfHeight = fields.dotsHeight.value_or(record.lfHeight);
-  record.lfWidth = fields.dotsWidth.value_or(record.lfWidth);
-  font.SetLogFont(&record);
-  const COLORREF color = HostColor(fields.color);
-  font.SetColor(&color);
-  font.SetStrikeOutType(fields.strikeOutType);
+  fields.face.copy(std::data(font.face), std::size(font.face) - 1);
+  font.height = fields.height;
+  font.width = fields.width;
+  font.dots_height = fields.dotsHeight.value_or(0);
+  font.dots_width = fields.dotsWidth.value_or(0);
+  font.escapement = fields.escapement;
+  font.orientation = fields.orientation;
+  font.weight = fields.weight;
+  font.italic = fields.isItalic ? 1 : 0;
+  font.underline = fields.isUnderlined ? 1 : 0;
+  font.strike_out = fields.isStruckOut ? 1 : 0;
+  font.strike_out_type = fields.strikeOutType;
+  font.char_set = fields.charSet;
+  font.out_precision = fields.outPrecision;
+  font.clip_precision = fields.clipPrecision;
+  font.quality = fields.quality;
+  font.pitch_and_family = fields.pitchAndFamily;
+  font.color = HostColor(fields.color);
+  return font;
 }
 
-Outcome ConfirmedFont(const CKivFont& font) {
-  const LOGFONTA record = font.GetLogFont(0);
-  Outcome outcome = Confirmed();
-  outcome.answer.AddText("face", Utf8FromHostText(CString(std::begin(record.lfFaceName))))
-      .AddNumber("height", font.GetV())
-      .AddNumber("width", font.GetH())
-      .AddInteger("dotsHeight", record.lfHeight)
-      .AddInteger("dotsWidth", record.lfWidth)
-      .AddInteger("escapement", record.lfEscapement)
-      .AddInteger("orientation", record.lfOrientation)
-      .AddInteger("weight", record.lfWeight)
-      .AddFlag("italic", record.lfItalic != 0)
-      .AddFlag("underline", record.lfUnderline != 0)
-      .AddFlag("strikeOut", record.lfStrikeOut != 0)
-      .AddInteger("strikeOutType", font.GetStrikeOutType())
-      .AddInteger("charSet", record.lfCharSet)
-      .AddInteger("outPrecision", record.lfOutPrecision)
-      .AddInteger("clipPrecision", record.lfClipPrecision)
-      .AddInteger("quality", record.lfQuality)
-      .AddInteger("pitchAndFamily", record.lfPitchAndFamily)
-      .AddText("color", TextOfColor(font.GetColor()));
-  return outcome;
+/// `arguments` must outlive it.
+quorvel_font_dialog FontDialog(const FontDialogArguments& arguments, const FontFields& fields) {
+  auto dialog = New<quorvel_font_dialog>();
+  dialog.registry_key = arguments.key.c_str();
+  dialog.title = arguments.title ? arguments.title->c_str() : nullptr;
+  dialog.dots_per_mm = arguments.dotsPerMm;
+  dialog.fixed_color = arguments.hasFixedColor ? 1 : 0;
+  dialog.locked = ~arguments.enableMask;
+  dialog.font = HostFont(fields);
+  return dialog;
 }
 
-/// What both font entries take besides the font, in the host's types.
-class FontArguments {
-public:
-  explicit FontArguments(const FontDialogArguments& given)
-      : m_hasTitle(given.title.has_value()), m_title(HostText(given.title.value_or(""))) {
-    if (!given.key.empty()) {
-      m_environment.emplace(HostText(given.key));
-    }
-  }
-
-  const char* Title() const { return m_hasTitle ? m_title.GetString() : nullptr; }
-  CKivSysEnv* Environment() { return m_environment ? &*m_environment : nullptr; }
-
-private:
-  bool m_hasTitle;
-  CString m_title;
-  std::optional<CKivSysEnv> m_environment;
-};
+void AddFont(JsonObject& answer, const quorvel_font& font) {
+  answer.AddText("face", std::data(font.face))
+      .AddNumber("height", font.height)
+      .AddNumber("width", font.width)
+      .AddInteger("dotsHeight", font.dots_height)
+      .AddInteger("dotsWidth", font.dots_width)
+      .AddInteger("escapement", font.escapement)
+      .AddInteger("orientation", font.orientation)
+      .AddInteger("weight", font.weight)
+      .AddFlag("italic", font.italic != 0)
+      .AddFlag("underline", font.underline != 0)
+      .AddFlag("strikeOut", font.strike_out != 0)
+      .AddInteger("strikeOutType", font.strike_out_type)
+      .AddInteger("charSet", font.char_set)
+      .AddInteger("outPrecision", font.out_precision)
+      .AddInteger("clipPrecision", font.clip_precision)
+      .AddInteger("quality", font.quality)
+      .AddInteger("pitchAndFamily", font.pitch_and_family)
+      .AddText("color", TextOfColor(font.color));
+}
 
 Outcome Run(const SelectFontRequest& request) {
-  FontArguments arguments(request.dialog);
-  CKivFont font;
-  FillFont(font, request.font, request.dialog.dotsPerMm);
-  const BOOL confirmed = __SelFontDlg(
-      arguments.Environment(), &font, request.dialog.dotsPerMm, arguments.Title(),
-      request.showsStrikeOutType ? TRUE : FALSE, request.dialog.hasFixedColor ? TRUE : FALSE,
-      request.dialog.enableMask);
-  return confirmed != FALSE ? ConfirmedFont(font) : Cancelled();
+  quorvel_font_dialog dialog = FontDialog(request.dialog, request.font);
+  dialog.show_strike_type = request.showsStrikeOutType ? 1 : 0;
+  return OutcomeOf(quorvel_select_font(&dialog),
+                   [&](JsonObject& answer) { AddFont(answer, dialog.font); });
 }
 
 Outcome Run(const SelectFontExRequest& request) {
-  FontArguments arguments(request.dialog);
-  CKivFontEx font;
-  FillFont(font, request.font, request.dialog.dotsPerMm);
-  const COLORREF backColor = HostColor(request.backColor);
-  font.SetBackColor(&backColor);
-  font.SetVPos(request.verticalPlace);
-  font.SetHPos(request.horizontalPlace);
-  const BOOL confirmed =
-      __SelFontExDlg(arguments.Environment(), &font, request.dialog.dotsPerMm, arguments.Title(),
-                     request.dialog.hasFixedColor ? TRUE : FALSE, request.dialog.enableMask);
-  if (confirmed == FALSE) {
-    return Cancelled();
-  }
-  Outcome outcome = ConfirmedFont(font);
-  outcome.answer.AddText("backColor", TextOfColor(font.GetBackColor()))
-      .AddInteger("verticalPlace", font.GetVPos())
-      .AddInteger("horizontalPlace", font.GetHPos());
-  return outcome;
+  quorvel_font_dialog dialog = FontDialog(request.dialog, request.font);
+  dialog.font.back_color = HostColor(request.backColor);
+  dialog.font.vertical_place = request.verticalPlace;
+  dialog.font.horizontal_place = request.horizontalPlace;
+  return OutcomeOf(quorvel_select_font_ex(&dialog), [&](JsonObject& answer) {
+    AddFont(answer, dialog.font);
+    answer.AddText("backColor", TextOfColor(dialog.font.back_color))
+        .AddInteger("verticalPlace", dialog.font.vertical_place)
+        .AddInteger("horizontalPlace", dialog.font.horizontal_place);
+  });
 }
 
-CStringArray HostTexts(const std::vector<std::string>& texts) {
-  CStringArray array;
-  for (const std::string& text : texts) {
-    array.Add(HostText(text));
-  }
-  return array;
-}
+// ---- Pages
 
-/// What both layout entries take besides the page, in the host's types.
-class LayoutEntryArguments {
-public:
-  explicit LayoutEntryArguments(const LayoutArguments& given)
-      : m_insertions(HostTexts(given.insertions)), m_position(given.position) {
-    for (const int number : given.numbers) {
-      m_numbers.Add(static_cast<DWORD>(number));
-    }
-    if (!given.key.empty()) {
-      m_environment.emplace(HostText(given.key));
-    }
-  }
-
-  CStringArray* Insertions() { return &m_insertions; }
-  CDWordArray* Numbers() { return &m_numbers; }
-  CKivSysEnv* Environment() { return m_environment ? &*m_environment : nullptr; }
-  CPoint* Position() { return m_position.Pointer(); }
-
-private:
-  CStringArray m_insertions;
-  CDWordArray m_numbers;
-  std::optional<CKivSysEnv> m_environment;
-  PositionArgument m_position;
+struct PageDeleter {
+  void operator()(quorvel_page* page) const { quorvel_page_free(page); }
 };
+using OwnedPage = std::unique_ptr<quorvel_page, PageDeleter>;
 
 /// The page that is to be edited: made by `divide` where it is to be new, read from its file
 /// otherwise. Throws std::runtime_error when it cannot be had.
-template <class Page, class Request, class Divide>
-void PreparePage(Page& page, const Request& request, std::string_view kind, Divide divide) {
+template <class Request, class Divide>
+OwnedPage PreparePage(const Request& request, quorvel_page_kind kind, Divide divide) {
   const std::string& file = request.arguments.file;
-  const std::wstring path = WideFromBytes(CP_UTF8, file);
-  const bool isThere = ::GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+  quorvel_page* page = nullptr;
+  const quorvel_result opened = quorvel_page_open(file.c_str(), &page);
+  OwnedPage owner(page);
   if (request.newPage) {
-    if (isThere) {
+    if (opened != QUORVEL_FILE_ERROR) {
       throw std::runtime_error(JsonQuoted(file) + " is there already, --new replaces no file");
     }
-    divide(*request.newPage);
-  } else if (page.OpenFileW(path.c_str()) == 0) {
-    throw std::runtime_error(JsonQuoted(file) +
-                             (isThere ? " cannot be read as a layout file " + std::string(kind)
-                                      : " is not there, --new begins a new page"));
+    Checked(quorvel_page_create(kind, &page));
+    owner.reset(page);
+    divide(page, *request.newPage);
+  } else if (opened == QUORVEL_FILE_ERROR) {
+    throw std::runtime_error(JsonQuoted(file) + " is not there, --new begins a new page");
+  } else if (opened != QUORVEL_OK || quorvel_page_kind_of(page) != kind) {
+    throw std::runtime_error(JsonQuoted(file) + " cannot be read as a layout file " +
+                             (kind == QUORVEL_PAGE_GRID ? "*.mtpld" : "*.mtpld2"));
   }
+  return owner;
 }
 
-template <class Page>
-void WritePage(const Page& page, const std::string& file) {
-  if (page.SaveFileW(WideFromBytes(CP_UTF8, file).c_str()) == 0) {
+/// What both layout dialogs take besides the page.
+class LayoutDialog {
+public:
+  /// `given` must outlive it.
+  LayoutDialog(const LayoutArguments& given, quorvel_page* page)
+      : m_insertions(Pointers(given.insertions)),
+        m_numbers(given.numbers.begin(), given.numbers.end()),
+        m_position(given.position) {
+    m_dialog.registry_key = given.key.c_str();
+    m_dialog.position = m_position.Pointer();
+    m_dialog.page = page;
+    m_dialog.dots_per_mm = given.dotsPerMm;
+    m_dialog.insertions = m_insertions.data();
+    m_dialog.insertion_count = m_insertions.size();
+    m_dialog.numbers = m_numbers.data();
+    m_dialog.number_count = m_numbers.size();
+  }
+
+  quorvel_layout_dialog* operator->() { return &m_dialog; }
+  quorvel_layout_dialog* Pointer() { return &m_dialog; }
+
+private:
+  std::vector<const char*> m_insertions;
+  std::vector<std::uint32_t> m_numbers;
+  PositionArgument m_position;
+  quorvel_layout_dialog m_dialog = New<quorvel_layout_dialog>();
+};
+
+void WritePage(const quorvel_page* page, const std::string& file) {
+  if (quorvel_page_save(page, file.c_str()) != QUORVEL_OK) {
     throw std::runtime_error(JsonQuoted(file) + " cannot be written");
   }
 }
 
+/// A block as the answer tells it.
+struct BlockSize {
+  std::int32_t rows = 0;
+  std::int32_t columns = 0;
+  double width = 0.0;
+  double height = 0.0;
+};
+
+BlockSize SizeOf(const quorvel_page* page, quorvel_block block) {
+  BlockSize size;
+  Checked(quorvel_page_counts(page, block, &size.rows, &size.columns));
+  Checked(quorvel_page_size(page, block, &size.width, &size.height));
+  return size;
+}
+
 Outcome Run(const EditLayoutRequest& request) {
   const LayoutArguments& given = request.arguments;
-  CLayoutPageData page;
-  PreparePage(page, request, "*.mtpld", [&](const PageCounts& counts) {
-    page.DividePage(static_cast<BYTE>(counts.rows), static_cast<BYTE>(counts.columns),
-                    given.dotsPerMm);
+  const OwnedPage page =
+      PreparePage(request, QUORVEL_PAGE_GRID, [&](quorvel_page* made, const PageCounts& counts) {
+        Checked(quorvel_page_divide(made, 0, counts.rows, counts.columns, given.dotsPerMm));
+      });
+  LayoutDialog dialog(given, page.get());
+  dialog->line_mode = request.isLineMode ? 1 : 0;
+  return OutcomeOf(quorvel_edit_layout(dialog.Pointer()), [&](JsonObject& answer) {
+    WritePage(page.get(), given.outFile);
+    const BlockSize size = SizeOf(page.get(), 0);
+    answer.AddInteger("rows", size.rows)
+        .AddInteger("columns", size.columns)
+        .AddNumber("width", size.width)
+        .AddNumber("height", size.height)
+        .AddText("file", given.outFile);
   });
-  LayoutEntryArguments arguments(given);
-  if (__LayoutEditDlg(arguments.Environment(), &page, arguments.Insertions(), arguments.Numbers(),
-                      given.dotsPerMm, request.isLineMode ? 1 : 0, arguments.Position()) == FALSE) {
-    return Cancelled();
-  }
-  WritePage(page, given.outFile);
-  Outcome outcome = Confirmed();
-  outcome.answer.AddInteger("rows", page.GetNumRow())
-      .AddInteger("columns", page.GetNumCol())
-      .AddNumber("width", page.GetAllLengthCol())
-      .AddNumber("height", page.GetAllLengthRow())
-      .AddText("file", given.outFile);
-  return outcome;
 }
 
 /// In the order of the counts that --new takes.
-constexpr std::array kBlocks{CLayoutExPageData::LISTTYPE_HEADER, CLayoutExPageData::LISTTYPE_LIST,
-                             CLayoutExPageData::LISTTYPE_FOOTER};
+constexpr std::array<quorvel_block, kBlockCount> kBlocks{QUORVEL_HEADER, QUORVEL_LIST,
+                                                         QUORVEL_FOOTER};
 
 Outcome Run(const EditLayoutExRequest& request) {
   const LayoutArguments& given = request.arguments;
-  CLayoutExPageData page;
-  PreparePage(page, request, "*.mtpld2", [&](const BlockCounts& counts) {
-    for (std::size_t i = 0; i < kBlocks.size(); ++i) {
-      page.DividePage(kBlocks.at(i), static_cast<BYTE>(counts.rows.at(i)),
-                      static_cast<BYTE>(counts.columns), given.dotsPerMm);
+  const OwnedPage page = PreparePage(
+      request, QUORVEL_PAGE_EXTENDED, [&](quorvel_page* made, const BlockCounts& counts) {
+        for (std::size_t i = 0; i < kBlockCount; ++i) {
+          Checked(quorvel_page_divide(made, kBlocks.at(i), counts.rows.at(i), counts.columns,
+                                      given.dotsPerMm));
+        }
+      });
+  LayoutDialog dialog(given, page.get());
+  const std::vector<const char*> fields = Pointers(request.fields);
+  dialog->fields = fields.data();
+  dialog->field_count = fields.size();
+  return OutcomeOf(quorvel_edit_layout_ex(dialog.Pointer()), [&](JsonObject& answer) {
+    WritePage(page.get(), given.outFile);
+    std::vector<double> rows;
+    std::vector<double> heights;
+    BlockSize size;
+    for (const quorvel_block block : kBlocks) {
+      size = SizeOf(page.get(), block);
+      rows.push_back(size.rows);
+      heights.push_back(Shortest(static_cast<float>(size.height)));
     }
+    answer.AddNumbers("rows", rows)
+        .AddInteger("columns", size.columns)
+        .AddNumber("width", Shortest(static_cast<float>(size.width)))
+        .AddNumbers("height", heights)
+        .AddText("file", given.outFile);
   });
-  LayoutEntryArguments arguments(given);
-  CStringArray fields = HostTexts(request.fields);
-  if (__LayoutExEditDlg(arguments.Environment(), &page, fields.GetSize() > 0 ? &fields : nullptr,
-                        arguments.Insertions(), arguments.Numbers(), given.dotsPerMm,
-                        arguments.Position()) == FALSE) {
-    return Cancelled();
-  }
-  WritePage(page, given.outFile);
-  std::vector<double> rows;
-  std::vector<double> heights;
-  for (const CLayoutExPageData::LISTTYPE block : kBlocks) {
-    rows.push_back(page.GetNumRow(block));
-    heights.push_back(Shortest(page.GetAllLengthRow(block)));
-  }
-  Outcome outcome = Confirmed();
-  outcome.answer.AddNumbers("rows", rows)
-      .AddInteger("columns", page.GetNumCol())
-      .AddNumber("width", Shortest(page.GetAllLengthCol()))
-      .AddNumbers("height", heights)
-      .AddText("file", given.outFile);
-  return outcome;
 }
 
 /// False when the stream does not take the text.

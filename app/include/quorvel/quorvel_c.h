@@ -174,7 +174,7 @@ typedef struct quorvel_font {
   char face[96]; /* at most 31 bytes in code page 932 */
   double height; /* of the characters, millimetres */
   double width;  /* 0 for the natural one */
-  int32_t dots_height; /* as in LOGFONT; 0 for what the millimetres come to */
+  int32_t dots_height; /* as in LOGFONT; each 0 for what the millimetres come to */
   int32_t dots_width;
   int32_t escapement;
   int32_t orientation;
