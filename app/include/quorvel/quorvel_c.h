@@ -1,6 +1,6 @@
 /* Quorvel for hosts in any language: the dialogs of quorvel.h as plain C functions.
  *
- *   quorvel_color_dialog dialog = {sizeof dialog};
+ *   quorvel_color_dialog dialog = {.size = sizeof dialog};
  *   dialog.color = 0x000000FF;                            // red
  *   if (quorvel_select_color(&dialog) == QUORVEL_CONFIRMED) { use(dialog.color); }
  *

@@ -90,6 +90,11 @@ HWND DialogOf(DWORD process) {
 }  // namespace
 
 Ended RunProgram(const std::wstring& arguments, const Worker& work) {
+  return RunHost(L"quorvel.exe", arguments, work ? std::vector{work} : std::vector<Worker>());
+}
+
+Ended RunHost(const std::wstring& name, const std::wstring& arguments,
+              const std::vector<Worker>& workers) {
   Pipe output = MakePipe();
   Pipe errors = MakePipe();
   STARTUPINFOW startup{};
@@ -98,14 +103,14 @@ Ended RunProgram(const std::wstring& arguments, const Worker& work) {
   startup.hStdOutput = output.writing.Get();
   startup.hStdError = errors.writing.Get();
   PROCESS_INFORMATION information{};
-  std::wstring line = L"quorvel.exe " + arguments;
+  std::wstring line = name + L" " + arguments;
   std::array<wchar_t, MAX_PATH> folder{};
   ::GetModuleFileNameW(nullptr, folder.data(), static_cast<DWORD>(folder.size()));
   std::wstring program(folder.data());
-  program.erase(program.find_last_of(L'\\') + 1).append(L"quorvel.exe");
+  program.erase(program.find_last_of(L'\\') + 1).append(name);
   if (::CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
                        &startup, &information) == FALSE) {
-    throw std::runtime_error("quorvel.exe did not start, error " +
+    throw std::runtime_error("the program did not start, error " +
                              std::to_string(::GetLastError()));
   }
   const Handle process(information.hProcess);
@@ -114,19 +119,21 @@ Ended RunProgram(const std::wstring& arguments, const Worker& work) {
   errors.writing.Close();
 
   const ULONGLONG end = ::GetTickCount64() + kDeadline;
-  bool worked = !work;
+  std::size_t worked = 0;
+  HWND last = nullptr;
   while (::WaitForSingleObject(process.Get(), kLookInterval) == WAIT_TIMEOUT) {
-    const HWND dialog = worked ? nullptr : DialogOf(information.dwProcessId);
-    if (dialog != nullptr) {
-      work(dialog);
-      worked = true;
+    const HWND dialog = DialogOf(information.dwProcessId);
+    if (dialog != nullptr && dialog != last && worked < workers.size()) {
+      workers[worked](dialog);
+      ++worked;
     }
+    last = dialog;
     if (::GetTickCount64() > end) {
       ::TerminateProcess(process.Get(), 1);
-      throw std::runtime_error("quorvel.exe did not end");
+      throw std::runtime_error("the program did not end");
     }
   }
-  EXPECT_TRUE(worked) << "no dialog came up";
+  EXPECT_EQ(worked, workers.size()) << "a dialog did not come up";
   DWORD status = 0;
   ::GetExitCodeProcess(process.Get(), &status);
   return {static_cast<int>(status), ReadAll(output.reading), ReadAll(errors.reading)};

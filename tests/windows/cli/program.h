@@ -1,4 +1,4 @@
-// quorvel.exe as a process that a test starts, works and reads.
+// quorvel.exe, or another host of the build, as a process that a test starts, works and reads.
 //
 //   using namespace program;
 //   const Ended ended = RunProgram(L"input-scale --scale 500", Confirm);
@@ -26,6 +26,10 @@ using Worker = std::function<void(HWND)>;
 /// Starts quorvel.exe, lets `work` have its dialog, and waits for its end. Throws
 /// std::runtime_error if that does not come.
 Ended RunProgram(const std::wstring& arguments, const Worker& work = {});
+
+/// The same for any program beside the tests, whose dialogs come one after the other.
+Ended RunHost(const std::wstring& name, const std::wstring& arguments,
+              const std::vector<Worker>& workers);
 
 void Command(HWND dialog, int id);
 void Confirm(HWND dialog);
