@@ -70,8 +70,8 @@ double TimeOfRepaint(HWND window, const CRect* area = nullptr);
 double RatioOfSteps(int runs, const std::function<double(int step)>& ours,
                     const std::function<double(int step)>& bare);
 
-/// The same for the steps of a drag of the border below a cell. Both pictures must look alike in the
-/// end; nothing is dragged in the end.
+/// The same for the steps of a drag of the border below a cell, which drags nothing in the end. Both
+/// pictures must look alike.
 double RatioOfDragSteps(int runs, const EditorPicture& picture, BarePageView& bare,
                         const CRect& celAbove, const std::wstring& readOut);
 

@@ -1,6 +1,6 @@
-// The extended layout editor and the list editor with blocks of 5 x 20 cells, a text in each, some of
-// their lines hidden: opening against their bare templates, painting and a step of a border's drag
-// against windows that only paint the same.
+// The extended layout editor and the list editor with blocks of 5 x 20 cells, a text in each, some
+// of their lines hidden: opening against their bare templates, painting and a step of a border's
+// drag against windows that only paint the same.
 #include "bench/bare_page_view.h"
 #include "bench/benchmarks.h"
 #include "bench/editor_bench.h"

@@ -21,7 +21,7 @@
 class CPageView : public CStatic {
 public:
   /// `block` must outlive the view. Where its shape changes, as an editor above this one does it,
-  /// there are no cells and borders to be found until the view is laid out again, or painted.
+  /// there are no cells and no borders until the view is laid out again, or painted.
   CPageView(quorvel::PageBlock& block, quorvel::CelStyle style) : m_block(block), m_style(style) {}
 
   /// Takes the control and lays it above its siblings, among which a group box encloses it.

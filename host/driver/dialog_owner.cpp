@@ -67,6 +67,7 @@ LRESULT CALLBACK DialogOwner::Proc(HWND window, UINT message, WPARAM wParam, LPA
     owner->OnIdle(reinterpret_cast<HWND>(lParam));
   } else if (message == WM_TIMER && wParam == kWatchdog) {
     std::fputs("a dialog does not close\n", stderr);
+    std::fflush(stderr);  // which the end of the process does not do
     TerminateProcess(GetCurrentProcess(), kHangStatus);
   } else if (message == WM_ENABLE && wParam != FALSE && owner != nullptr) {
     owner->m_lastAnswered = nullptr;  // the dialog is gone; the next may get its handle

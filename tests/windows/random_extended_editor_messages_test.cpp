@@ -1,6 +1,6 @@
 // Random messages to the editors of an extended page do no harm: no crash, no hang, nothing left
-// behind. The list editor keeps its page sound at each message; what the extended editor, and the list
-// editors that it opens, made of a page is sound when confirmed and gone when cancelled.
+// behind. The list editor keeps its page sound at each message; what the extended editor, and the
+// list editors that it opens, made of a page is sound when confirmed and gone when cancelled.
 //
 // The environment variables are those of the other random messages. Ruled lines, data fields and
 // exact lengths are worked a little; what else the editors open is cancelled or confirmed at once.

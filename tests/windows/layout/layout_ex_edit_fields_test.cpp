@@ -126,7 +126,7 @@ TEST_F(LayoutExEditFields, TabVisitsTheFieldsInReadingOrder) {
 TEST_F(LayoutExEditFields, RowsAreOneToFiveAndColumnsOneToTwenty) {
   for (const int id : kRows) {
     for (const wchar_t* text : {L"0", L"6", L"-1"}) {
-      EXPECT_NE(Refusal(id, text).find(L"5"), std::wstring::npos) << id;
+      EXPECT_NE(Refusal(id, text).find(L'5'), std::wstring::npos) << id;
     }
   }
   for (const wchar_t* text : {L"0", L"21"}) {

@@ -66,8 +66,9 @@ protected:
     const double perMm = area.Width() / static_cast<double>(m_page.GetAllLengthCol());
     const double height = m_page.GetAllLengthRow(kBlock) * perMm;
     const double top = area.top + (area.Height() - height) / 2;
+    const int row = index / cols;
     return {image.left + area.left + (2 * (index % cols) + 1) * area.Width() / (2 * cols),
-            image.top + static_cast<int>(top + (2 * (index / cols) + 1) * height / (2 * rows))};
+            image.top + static_cast<int>(top + (2 * row + 1) * height / (2 * rows))};
   }
   void Click(HWND dialog, int index) const { Drag(dialog, index, index); }
   void Drag(HWND dialog, int from, int to) const {

@@ -1,5 +1,5 @@
-// Random messages for the layout editors: those of any dialog, and what a user does to the cells of a
-// page besides; what an editor opens is worked a little and cancelled or confirmed.
+// Random messages for the layout editors: those of any dialog, and what a user does to the cells of
+// a page besides; what an editor opens is worked a little and cancelled or confirmed.
 //
 //   class GridMessages : public EditorMessages { ... };   // says what its editor has
 #pragma once

@@ -81,7 +81,8 @@ inline bool IsSameBlock(const CLayoutExPageData& one, const CLayoutExPageData& o
 /// The selection counts, too.
 inline bool IsSamePage(const CLayoutExPageData& one, const CLayoutExPageData& other) {
   bool same = one.GetNumCol() == other.GetNumCol() &&
-              one.GetRepeatRow() == other.GetRepeatRow() && one.GetStIndex() == other.GetStIndex() &&
+              one.GetRepeatRow() == other.GetRepeatRow() &&
+              one.GetStIndex() == other.GetStIndex() &&
               one.GetByEdgeOutLine() == other.GetByEdgeOutLine() &&
               one.GetByEdgeInLine() == other.GetByEdgeInLine() &&
               IsSameLine(one.GetOutLineStatus(), other.GetOutLineStatus()) &&
