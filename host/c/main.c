@@ -112,6 +112,7 @@ int wmain(int argument_count, wchar_t** arguments) {
     return 1;
   }
   _setmode(_fileno(stdout), _O_BINARY);
+  _setmode(_fileno(stderr), _O_BINARY);
   if (ask_for_name() != 0 || ask_for_color() != 0 || lay_out(file) != 0) {
     puts("cancelled");
     return 1;

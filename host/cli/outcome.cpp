@@ -27,8 +27,5 @@ Outcome MousePick() {
 Outcome ClearAll() {
   return MakeOutcome(ExitStatus::kOtherChoice, "clear-all");
 }
-Outcome Failed() {
-  return MakeOutcome(ExitStatus::kFailed, "failed");
-}
 
 }  // namespace quorvel::cli

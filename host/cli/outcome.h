@@ -26,6 +26,5 @@ Outcome Confirmed();
 Outcome Cancelled();
 Outcome MousePick();
 Outcome ClearAll();
-Outcome Failed();
 
 }  // namespace quorvel::cli

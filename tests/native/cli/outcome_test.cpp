@@ -15,7 +15,6 @@ TEST(Outcome, EachHasItsStatusAndItsLine) {
   ExpectOutcome(Cancelled(), 1, R"({"result":"cancelled"})");
   ExpectOutcome(MousePick(), 2, R"({"result":"mouse-pick"})");
   ExpectOutcome(ClearAll(), 2, R"({"result":"clear-all"})");
-  ExpectOutcome(Failed(), 70, R"({"result":"failed"})");
 }
 
 TEST(Outcome, AnswersFollowTheResult) {
