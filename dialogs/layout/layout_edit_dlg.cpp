@@ -25,8 +25,8 @@ BEGIN_MESSAGE_MAP(CLayoutEditDlg, CPageEditDlg)
   ON_EN_KILLFOCUS(IDC_INNER_LINE_WIDTH, &CLayoutEditDlg::OnFieldLeft)
   ON_BN_CLICKED(IDC_LAYOUT_EQUAL_ROWS, &CLayoutEditDlg::OnEqualRows)
   ON_BN_CLICKED(IDC_LAYOUT_EQUAL_COLUMNS, &CLayoutEditDlg::OnEqualColumns)
-  ON_BN_CLICKED(IDC_OUTER_LINE, &CLayoutEditDlg::OnLineSwitched)
-  ON_BN_CLICKED(IDC_INNER_LINE, &CLayoutEditDlg::OnLineSwitched)
+  ON_BN_CLICKED(IDC_OUTER_LINE, &CLayoutEditDlg::OnSwitched)
+  ON_BN_CLICKED(IDC_INNER_LINE, &CLayoutEditDlg::OnSwitched)
   ON_CONTROL_RANGE(BN_CLICKED, IDC_OUTER_LINE_COLOUR, IDC_OUTER_LINE_COLOUR,
                    &CLayoutEditDlg::OnLineColor)
   ON_CONTROL_RANGE(BN_CLICKED, IDC_INNER_LINE_COLOUR, IDC_INNER_LINE_COLOUR,
@@ -152,12 +152,6 @@ void CLayoutEditDlg::ApplyWidth(bool equal) {
     EndTextEdit();
     m_block.SetWidth(m_fWidth, equal);
     LayOutViews();
-  }
-}
-
-void CLayoutEditDlg::OnLineSwitched() {
-  if (ReadFields()) {
-    m_lines.EnableByCheck(this);
   }
 }
 

@@ -24,6 +24,7 @@ protected:
   void OnCancel() override;
   CPageView* ViewAt(const CPoint& point) override;
   void LayOutViews() override;
+  void OnFieldsRead() override { m_lines.EnableByCheck(this); }
   bool OpenPage(const std::wstring& path) override;
   bool PrepareToSave() override { return ReadFields(); }
   void SavePage(const std::wstring& path) override { m_page.SaveFileW(path.c_str()); }
@@ -33,7 +34,6 @@ protected:
   void OnWidthLeft();
   void OnEqualRows();
   void OnEqualColumns();
-  void OnLineSwitched();
   void OnLineColor(UINT buttonId);
   DECLARE_MESSAGE_MAP()
 

@@ -52,8 +52,8 @@ BEGIN_MESSAGE_MAP(CLayoutExEditDlg, CBlockEditDlg)
   ON_BN_CLICKED(IDC_HEADER_USE, &CLayoutExEditDlg::OnUse)
   ON_BN_CLICKED(IDC_LIST_USE, &CLayoutExEditDlg::OnUse)
   ON_BN_CLICKED(IDC_FOOTER_USE, &CLayoutExEditDlg::OnUse)
-  ON_BN_CLICKED(IDC_OUTER_LINE, &CLayoutExEditDlg::OnLineSwitched)
-  ON_BN_CLICKED(IDC_INNER_LINE, &CLayoutExEditDlg::OnLineSwitched)
+  ON_BN_CLICKED(IDC_OUTER_LINE, &CLayoutExEditDlg::OnSwitched)
+  ON_BN_CLICKED(IDC_INNER_LINE, &CLayoutExEditDlg::OnSwitched)
   ON_CONTROL_RANGE(BN_CLICKED, IDC_OUTER_LINE_COLOUR, IDC_OUTER_LINE_COLOUR,
                    &CLayoutExEditDlg::OnLineColor)
   ON_CONTROL_RANGE(BN_CLICKED, IDC_INNER_LINE_COLOUR, IDC_INNER_LINE_COLOUR,
@@ -215,7 +215,6 @@ void CLayoutExEditDlg::OnPageChanged() {
 void CLayoutExEditDlg::OnSizeLeft() {
   if (ReadField()) {
     ApplySizes();
-    EnableUsed();  // a field that was refused keeps its block's fields enabled until it is mended
   }
 }
 
@@ -271,18 +270,17 @@ void CLayoutExEditDlg::EnableUsed() const {
   }
 }
 
+/// A field that is refused keeps its block's fields enabled until it is mended.
+void CLayoutExEditDlg::OnFieldsRead() {
+  EnableUsed();
+  m_lines.EnableByCheck(this);
+}
+
 void CLayoutExEditDlg::OnUse() {
   if (ReadFields()) {
-    EnableUsed();
     for (const Part& part : m_parts) {
       part.view.Invalidate();
     }
-  }
-}
-
-void CLayoutExEditDlg::OnLineSwitched() {
-  if (ReadFields()) {
-    m_lines.EnableByCheck(this);
   }
 }
 

@@ -29,6 +29,7 @@ protected:
   CPageView* ViewBeyond(int down) override;
   bool OnDoubleClicked(CPageView* view, const CPoint& point) override;
   void LayOutViews() override;
+  void OnFieldsRead() override;
   bool OpenPage(const std::wstring& path) override;
   bool PrepareToSave() override { return ReadFields(); }
   void SavePage(const std::wstring& path) override { m_page.SaveFileW(path.c_str()); }
@@ -39,7 +40,6 @@ protected:
   void OnEqualRowsOf(UINT id);
   void OnEqualAllColumns();
   void OnUse();
-  void OnLineSwitched();
   void OnLineColor(UINT buttonId);
 
   DECLARE_MESSAGE_MAP()

@@ -70,7 +70,7 @@ BEGIN_MESSAGE_MAP(CPageEditDlg, CKivDialog)
   ON_CBN_SELCHANGE(IDC_LAYOUT_INSERTION, &CPageEditDlg::OnInsertion)
   ON_CONTROL(CBN_SELENDOK, IDC_LAYOUT_INSERTION, &CPageEditDlg::OnInsertionTaken)
   ON_CONTROL(CBN_CLOSEUP, IDC_LAYOUT_INSERTION, &CPageEditDlg::OnInsertionClosed)
-  ON_BN_CLICKED(IDC_LAYOUT_APPEND, &CPageEditDlg::OnFieldLeft)
+  ON_BN_CLICKED(IDC_LAYOUT_APPEND, &CPageEditDlg::OnSwitched)
   ON_COMMAND(IDM_OPEN_LAYOUT, &CPageEditDlg::OnOpen)
   ON_COMMAND(IDM_SAVE_LAYOUT, &CPageEditDlg::OnSave)
 END_MESSAGE_MAP()
@@ -149,10 +149,15 @@ bool CPageEditDlg::ReadField() {
 
 bool CPageEditDlg::ReadFields() {
   m_bRefused = UpdateData(TRUE) == FALSE;
+  if (!m_bRefused) {
+    OnFieldsRead();
+  }
   return !m_bRefused;
 }
 
 void CPageEditDlg::OnFieldLeft() { ReadField(); }
+
+void CPageEditDlg::OnSwitched() { ReadFields(); }
 
 void CPageEditDlg::Close(INT_PTR result) {
   m_bClosing = true;

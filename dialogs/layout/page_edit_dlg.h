@@ -70,6 +70,8 @@ protected:
   virtual void OnTextGiven() {}
   /// A tag has been inserted.
   virtual void OnInserted() {}
+  /// All fields have been read, none was refused: what their switches enable is enabled.
+  virtual void OnFieldsRead() {}
   /// What is being typed goes to the selected cells.
   virtual void EndTyping() { EndTextEdit(); }
   virtual bool IsCommandPossible(UINT command) const;
@@ -146,6 +148,7 @@ protected:
   void OnChooseTextColor();
   void OnChooseBackColor();
   void OnFieldLeft();
+  void OnSwitched();
   void OnInsertion();
   void OnInsertionTaken();
   void OnInsertionClosed();
