@@ -184,6 +184,8 @@ TEST_F(CelCommands, AtTheEdgeOfThePageThereIsNoNextCell) {
 }
 
 TEST_F(CelCommands, TheCellsOfTheOuterRowsCountMergedOnes) {
+  Select({1, 2, 5, 6});
+  ASSERT_TRUE(m_page.MeargeCel(0, 1));
   EXPECT_EQ(CelOfFirstRow(m_block, 0), 0);
   EXPECT_EQ(CelOfFirstRow(m_block, 2), 1);  // merged with the one before
   EXPECT_EQ(CelOfLastRow(m_block, 3), 11);
