@@ -62,7 +62,7 @@ soak-0 soak-1: soak-%: windows run-packages
 # The seeds are made anew; inputs that found new ways stay in build/fuzz/found, a failing one in
 # build/fuzz/failed.
 SECONDS := 60
-FUZZERS := ex_page_file expression field_macro grid_page_file
+FUZZERS := command_line ex_page_file expression field_macro grid_page_file
 .PHONY: fuzzers $(addprefix fuzz-,$(FUZZERS))
 fuzzers: build-packages | build
 	@tools/install-packages clang libclang-rt-14-dev
@@ -80,7 +80,7 @@ $(addprefix fuzz-,$(FUZZERS)): fuzz-%: fuzzers
 
 # What a host builds against and ships with, in dist/.
 dist: configure-windows
-	@cmake --build $(WINDOWS) --target Quorvel quorvel_cli quorvel_gallery
+	@cmake --build $(WINDOWS) --target Quorvel QuorvelC64 quorvel_cli quorvel_gallery
 	@rm -rf dist
 	@cmake --install $(WINDOWS) --prefix dist >build/dist.log || { cat build/dist.log; exit 1; }
 

@@ -1,6 +1,7 @@
 // write_seeds FOLDER
 // Writes what the fuzzers begin with: for each parser a folder of inputs that the model itself
 // wrote, so that they are accepted, and of calculations as they are typed. The status is 0 only if every file was written.
+#include "cli/commands.h"
 #include "kivdata/layout_ex_page_data.h"
 #include "kivdata/layout_page_data.h"
 #include "kivdata/val_info_one_data.h"
@@ -53,6 +54,21 @@ void WriteExpressions(const std::filesystem::path& top) {
                          "\x82\x51\x81\x7E\x82\x52\x81\x80\x82\x53", "\x81\x69\x82\x50\x81\x7B\x82\x51\x81\x6A"};
   for (std::size_t i = 0; i < texts.size(); ++i) {
     folder.Write("text" + std::to_string(i), texts.at(i));
+  }
+}
+
+/// Each subcommand with all its options, as its table has them.
+void WriteCommandLines(const std::filesystem::path& top) {
+  const SeedFolder folder(top / "command_line");
+  folder.Write("help", "--help");
+  folder.Write("version", "--version");
+  for (const quorvel::cli::Command& command : quorvel::cli::Commands()) {
+    std::string line(command.name);
+    for (const quorvel::cli::Option& option : command.options) {
+      line += option.isOperand ? "\n" : "\n--" + std::string(option.name) + "\n";
+      line += option.kind == quorvel::cli::OptionKind::kText ? "x" : "1,2";
+    }
+    folder.Write(std::string(command.name), line);
   }
 }
 
@@ -128,6 +144,7 @@ int main(int count, char** arguments) {
   }
   try {
     const std::filesystem::path top(arguments[1]);
+    WriteCommandLines(top);
     WriteExPages(top);
     WriteExpressions(top);
     WriteFieldMacros(top);
