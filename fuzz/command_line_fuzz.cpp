@@ -48,7 +48,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::vector<std::string> arguments =
       Arguments({reinterpret_cast<const char*>(data), size});
   const CommandLine line = quorvel::cli::ReadCommandLine(arguments);
-  if (const auto* const message = std::get_if<Message>(&line)) {
+  const auto* const message = std::get_if<Message>(&line);
+  if (arguments.empty()) {
+    Require(message != nullptr && message->status == ExitStatus::kBadUsage);  // how it is called
+  } else if (message != nullptr) {
     CheckMessage(*message);
   }
   return 0;
