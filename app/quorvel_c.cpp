@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <new>
@@ -36,13 +35,17 @@ private:
   quorvel_result m_result;
 };
 
-// Without a destructor: threads may end after the library has gone.
-thread_local std::array<char, 256> t_lastError{};
+std::array<char, 256>& LastError() {
+  // Without a destructor: threads may end after the library has gone.
+  thread_local std::array<char, 256> words{};
+  return words;
+}
 
 void SetLastError(std::string_view words) {
-  const std::size_t length = std::min(words.size(), t_lastError.size() - 1);
-  std::copy_n(words.begin(), length, t_lastError.begin());
-  t_lastError[length] = '\0';
+  std::array<char, 256>& error = LastError();
+  const std::size_t length = std::min(words.size(), error.size() - 1);
+  std::copy_n(words.begin(), length, error.begin());
+  error.at(length) = '\0';
 }
 
 quorvel_result Fail(quorvel_result result, std::string_view words) {
@@ -151,15 +154,14 @@ std::string Utf8FromCodePage(std::string_view text) {
   return utf8;
 }
 
+using TextBlock = char[];  // NOLINT(modernize-avoid-c-arrays): what unique_ptr calls a block
+
 /// For the host, which gives it to quorvel_free.
 char* NewText(const CString& text) {
   const std::string utf8 = Utf8FromCodePage(text.View());
-  auto* const copy = static_cast<char*>(std::malloc(utf8.size() + 1));
-  if (copy == nullptr) {
-    throw std::bad_alloc();
-  }
-  std::memcpy(copy, utf8.c_str(), utf8.size() + 1);
-  return copy;
+  auto copy = std::make_unique_for_overwrite<TextBlock>(utf8.size() + 1);
+  std::memcpy(copy.get(), utf8.c_str(), utf8.size() + 1);
+  return copy.release();
 }
 
 /// Names that a dialog offers; null stands for none.
@@ -375,13 +377,15 @@ quorvel_result EditLayout(quorvel_layout_dialog* dialog, Run run) {
 
 }  // namespace
 
+// NOLINTBEGIN(readability-identifier-naming): names of C
+
 extern "C" {
 
 const char* quorvel_version(void) { return QUORVEL_VERSION; }
 
-const char* quorvel_last_error(void) { return t_lastError.data(); }
+const char* quorvel_last_error(void) { return LastError().data(); }
 
-void quorvel_free(char* text) { std::free(text); }
+void quorvel_free(char* text) { const std::unique_ptr<TextBlock> owner(text); }
 
 quorvel_result quorvel_input_text(quorvel_text_dialog* dialog) {
   return Call([&] {
@@ -731,3 +735,5 @@ quorvel_result quorvel_edit_layout_ex(quorvel_layout_dialog* dialog) {
 }
 
 }  // extern "C"
+
+// NOLINTEND(readability-identifier-naming)

@@ -113,6 +113,7 @@ private:
 /// The texts as the library takes a list of them; `texts` must outlive it.
 std::vector<const char*> Pointers(const std::vector<std::string>& texts) {
   std::vector<const char*> pointers;
+  pointers.reserve(texts.size());
   for (const std::string& text : texts) {
     pointers.push_back(text.c_str());
   }

@@ -25,6 +25,8 @@
 #ifndef QUORVEL_QUORVEL_C_H
 #define QUORVEL_QUORVEL_C_H
 
+/* Names, declarations and headers are those of C. NOLINTBEGIN */
+
 #include <stddef.h>
 #include <stdint.h>
 
@@ -286,5 +288,7 @@ QUORVEL_C_API quorvel_result quorvel_edit_layout_ex(quorvel_layout_dialog* dialo
 #ifdef __cplusplus
 }
 #endif
+
+/* NOLINTEND */
 
 #endif

@@ -228,7 +228,7 @@ TEST(CInterface, EachColourFunctionHasItsDialog) {
 
 quorvel_font_dialog NewFontDialog() {
   auto dialog = New<quorvel_font_dialog>();
-  std::strcpy(std::data(dialog.font.face), Utf8(u8"ＭＳ ゴシック"));
+  std::string(Utf8(u8"ＭＳ ゴシック")).copy(std::data(dialog.font.face), std::size(dialog.font.face) - 1);
   dialog.font.height = 3.5;
   dialog.font.weight = FW_NORMAL;
   dialog.font.char_set = SHIFTJIS_CHARSET;
