@@ -84,6 +84,8 @@ Type& Needed(Type* pointer, const char* name) {
 
 // ---- Structures of any size
 
+constexpr std::size_t kLargestSize = 4096;
+
 /// A host's structure in today's shape.
 template <class Dialog>
 class Given {
@@ -93,6 +95,9 @@ public:
     // The first shape of each structure is today's.
     if (size < sizeof(Dialog)) {
       BadArgument("size is smaller than that of the structure");
+    }
+    if (size > kLargestSize) {  // nobody's structure: it must not be read
+      BadArgument("size is no size of a structure");
     }
     const auto* const bytes = reinterpret_cast<const unsigned char*>(m_host);
     if (std::any_of(bytes + sizeof(Dialog), bytes + size,
@@ -654,9 +659,10 @@ quorvel_result quorvel_page_counts(const quorvel_page* page, quorvel_block block
         [](auto& extended, CLayoutExPageData::LISTTYPE type) -> int {
           return extended.GetNumRow(type);
         });
-    Needed(rows, "rows") = count;
+    int32_t& rowCount = Needed(rows, "rows");
     Needed(columns, "columns") =
         std::visit([](const auto& data) -> int { return data.GetNumCol(); }, given.data);
+    rowCount = count;
     return QUORVEL_OK;
   });
 }
@@ -690,9 +696,10 @@ quorvel_result quorvel_page_size(const quorvel_page* page, quorvel_block block, 
         [](auto& extended, CLayoutExPageData::LISTTYPE type) -> double {
           return extended.GetAllLengthRow(type);
         });
-    Needed(height, "height") = total;
+    double& heightOfAll = Needed(height, "height");
     Needed(width, "width") =
         std::visit([](const auto& data) -> double { return data.GetAllLengthCol(); }, given.data);
+    heightOfAll = total;
     return QUORVEL_OK;
   });
 }
@@ -709,8 +716,8 @@ quorvel_result quorvel_page_set_text(quorvel_page* page, quorvel_block block, in
 quorvel_result quorvel_page_text(const quorvel_page* page, quorvel_block block, int32_t row,
                                  int32_t column, char** text) {
   return Call([&] {
-    const CString found = CelAt(Needed(page, "page"), block, row, column)->GetText();
-    Needed(text, "text") = NewText(found);
+    char*& result = Needed(text, "text");
+    result = NewText(CelAt(Needed(page, "page"), block, row, column)->GetText());
     return QUORVEL_OK;
   });
 }

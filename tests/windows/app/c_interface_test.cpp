@@ -54,6 +54,9 @@ TEST(CInterface, RefusesStructuresThatItDoesNotKnow) {
   EXPECT_NE(LastError(), "");
   dialog.size = 0;
   EXPECT_EQ(quorvel_input_dpi(&dialog), QUORVEL_BAD_ARGUMENT);
+  dialog.size = static_cast<std::size_t>(-1);  // forgotten: nothing behind it is read
+  EXPECT_EQ(quorvel_input_dpi(&dialog), QUORVEL_BAD_ARGUMENT);
+  EXPECT_EQ(LastError(), "size is no size of a structure");
   EXPECT_EQ(dialog.dpi, 5);
 }
 
@@ -364,6 +367,10 @@ TEST(CInterface, WhatIsNoPageIsRefused) {
   char* text = nullptr;
   EXPECT_EQ(quorvel_page_text(grid.get(), 0, 5, 0, &text), QUORVEL_BAD_ARGUMENT);
   EXPECT_EQ(text, nullptr);
+  EXPECT_EQ(quorvel_page_text(grid.get(), 0, 0, 0, nullptr), QUORVEL_BAD_ARGUMENT);
+  int32_t rows = 7;
+  EXPECT_EQ(quorvel_page_counts(grid.get(), 0, &rows, nullptr), QUORVEL_BAD_ARGUMENT);
+  EXPECT_EQ(rows, 7);
   EXPECT_EQ(quorvel_page_save(grid.get(), "no/such/folder/a.mtpld"), QUORVEL_FILE_ERROR);
 }
 
