@@ -13,14 +13,15 @@
 #include "dialogs/input/user_paper_set_dlg.h"
 #include "dialogs/layout/layout_edit_dlg.h"
 #include "dialogs/layout/layout_ex_edit_dlg.h"
+#include "framework/dpi_awareness.h"
 #include "framework/module_state.h"
 
 #include <quorvel/quorvel.h>
 
 namespace {
 
-/// Runs the body of an entry in this library's module state. What `needed` names must not be null;
-/// that, and an exception out of the body, gives `failure`.
+/// Runs the body of an entry in this library's module state and at the display's own scale. What
+/// `needed` names must not be null; that, and an exception out of the body, gives `failure`.
 template <class Result, class Body, class... Pointers>
 Result RunEntry(Result failure, Body body, const Pointers*... needed) noexcept {
   if ((... || (needed == nullptr))) {
@@ -28,10 +29,19 @@ Result RunEntry(Result failure, Body body, const Pointers*... needed) noexcept {
   }
   try {
     AFX_MANAGE_STATE(AfxGetStaticModuleState());
+    const quorvel::SystemDpiAwareness crisp;
     return body();
   } catch (...) {
     return failure;  // a host's frames are not made for our exceptions
   }
+}
+
+/// The same for a body that is told the caller's position, which may be null.
+template <class Result, class Body, class... Pointers>
+Result RunPlacedEntry(Result failure, const CPoint* position, Body body,
+                      const Pointers*... needed) noexcept {
+  quorvel::CallersPoint callers(position);
+  return RunEntry(failure, [&] { return body(callers.Here()); }, needed...);
 }
 
 /// Runs a colour dialog; `chosen`, a member of it, becomes the caller's colour on IDOK only.
@@ -45,9 +55,9 @@ BOOL ConfirmedColor(CDialog& dialog, const COLORREF& chosen, COLORREF* color) {
 
 INT_PTR RunPointEntry(double* point, CInputPointDlg::Coordinates coordinates, BOOL allowMousePick,
                       CPoint* position) noexcept {
-  const auto body = [&] {
+  const auto body = [&](CPoint* place) {
     CInputPointDlg dialog;
-    switch (dialog.Run(point, coordinates, allowMousePick, position)) {
+    switch (dialog.Run(point, coordinates, allowMousePick, place)) {
       case IDOK:
         return QUORVEL_POINT_CONFIRMED;
       case IDC_POINT_MOUSE:
@@ -56,7 +66,7 @@ INT_PTR RunPointEntry(double* point, CInputPointDlg::Coordinates coordinates, BO
         return QUORVEL_POINT_CANCELLED;
     }
   };
-  return RunEntry(QUORVEL_POINT_CANCELLED, body, point);
+  return RunPlacedEntry(QUORVEL_POINT_CANCELLED, position, body, point);
 }
 
 }  // namespace
@@ -64,27 +74,27 @@ INT_PTR RunPointEntry(double* point, CInputPointDlg::Coordinates coordinates, BO
 extern "C" {
 
 BOOL __SelColorDlg(CKivSysEnv* env, COLORREF* color, CPoint* position) {
-  const auto body = [&] {
-    CSelColor dialog(env, *color, position, nullptr);
+  const auto body = [&](CPoint* place) {
+    CSelColor dialog(env, *color, place, nullptr);
     return ConfirmedColor(dialog, dialog.m_colorSel, color);
   };
-  return RunEntry(FALSE, body, color);
+  return RunPlacedEntry(FALSE, position, body, color);
 }
 
 BOOL __SelColorDlgEx(CKivSysEnv* env, COLORREF* color, CPoint* position) {
-  const auto body = [&] {
-    CSelColorDlg dialog(env, *color, position, nullptr);
+  const auto body = [&](CPoint* place) {
+    CSelColorDlg dialog(env, *color, place, nullptr);
     return ConfirmedColor(dialog, dialog.m_color, color);
   };
-  return RunEntry(FALSE, body, color);
+  return RunPlacedEntry(FALSE, position, body, color);
 }
 
 BOOL __EditColorDlg(CKivSysEnv* env, COLORREF* color, CPoint* position) {
-  const auto body = [&] {
-    CEditColorDlg dialog(env, *color, position, nullptr);
+  const auto body = [&](CPoint* place) {
+    CEditColorDlg dialog(env, *color, place, nullptr);
     return ConfirmedColor(dialog, dialog.m_color, color);
   };
-  return RunEntry(FALSE, body, color);
+  return RunPlacedEntry(FALSE, position, body, color);
 }
 
 BOOL __SelRGBDlg(COLORREF* color) {
@@ -114,31 +124,31 @@ BOOL __SelFontExDlg(CKivSysEnv* env, CKivFontEx* font, double dotsPerMm, const c
 }
 
 BOOL __InputTextDlg(const char* title, const char* comment, CString* text, CPoint* position) {
-  const auto body = [&] {
-    CInputTextDlg dialog(title, comment, *text, position);
+  const auto body = [&](CPoint* place) {
+    CInputTextDlg dialog(title, comment, *text, place);
     if (dialog.DoModal() != IDOK) {
       return FALSE;
     }
     *text = dialog.m_strText;
     return TRUE;
   };
-  return RunEntry(FALSE, body, text);
+  return RunPlacedEntry(FALSE, position, body, text);
 }
 
 BOOL __InputScaleDlg(const char* title, const char* comment, double* scale, CPoint* position) {
-  const auto body = [&] {
+  const auto body = [&](CPoint* place) {
     CInputScaleDlg dialog;
-    return dialog.Run(title, comment, scale, position) == IDOK ? TRUE : FALSE;
+    return dialog.Run(title, comment, scale, place) == IDOK ? TRUE : FALSE;
   };
-  return RunEntry(FALSE, body, scale);
+  return RunPlacedEntry(FALSE, position, body, scale);
 }
 
 BOOL __InputDpiDlg(int* dpi, CPoint* position) {
-  const auto body = [&] {
+  const auto body = [&](CPoint* place) {
     CInputDpiDlg dialog;
-    return dialog.Run(dpi, position) == IDOK ? TRUE : FALSE;
+    return dialog.Run(dpi, place) == IDOK ? TRUE : FALSE;
   };
-  return RunEntry(FALSE, body, dpi);
+  return RunPlacedEntry(FALSE, position, body, dpi);
 }
 
 INT_PTR __InputPointXYDlg(double* point, BOOL allowMousePick, CPoint* position) {
@@ -169,20 +179,20 @@ INT_PTR __CheckListDlg(const CString* title, const CArray<CString, CString&>* it
 
 BOOL __LayoutEditDlg(CKivSysEnv* env, CLayoutPageData* page, CStringArray* insertions,
                      CDWordArray* numbers, double dotsPerMm, int lineMode, CPoint* position) {
-  const auto body = [&] {
-    CLayoutEditDlg dialog(env, page, insertions, numbers, dotsPerMm, lineMode, position, nullptr);
+  const auto body = [&](CPoint* place) {
+    CLayoutEditDlg dialog(env, page, insertions, numbers, dotsPerMm, lineMode, place, nullptr);
     return dialog.DoModal() == IDOK ? TRUE : FALSE;
   };
-  return RunEntry(FALSE, body, page);
+  return RunPlacedEntry(FALSE, position, body, page);
 }
 
 BOOL __LayoutExEditDlg(CKivSysEnv* env, CLayoutExPageData* page, CStringArray* fields,
                        CStringArray* insertions, CDWordArray* numbers, double dotsPerMm,
                        CPoint* position) {
-  const auto body = [&] {
-    CLayoutExEditDlg dialog(env, page, fields, insertions, numbers, dotsPerMm, position, nullptr);
+  const auto body = [&](CPoint* place) {
+    CLayoutExEditDlg dialog(env, page, fields, insertions, numbers, dotsPerMm, place, nullptr);
     return dialog.DoModal() == IDOK ? TRUE : FALSE;
   };
-  return RunEntry(FALSE, body, page);
+  return RunPlacedEntry(FALSE, position, body, page);
 }
 }

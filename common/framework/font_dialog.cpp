@@ -8,6 +8,8 @@
 #include <dlgs.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -92,16 +94,35 @@ void EnumerateFonts(std::wstring_view face, Visit visit) {
   ::EnumFontFamiliesExW(deviceContext.Handle(), &query, call, reinterpret_cast<LPARAM>(&visit), 0);
 }
 
-bool IsInstalled(std::wstring_view face) {
+/// Whether the system's list of faces has this name. A face has a name in each of some languages, of
+/// which the list has one.
+bool IsListed(std::wstring_view face) {
   bool found = false;
-  // Without a name it would be all faces.
-  if (!face.empty()) {
-    EnumerateFonts(face, [&found](const LOGFONTW&, DWORD type) {
-      found = (type & TRUETYPE_FONTTYPE) != 0;
-      return !found;
-    });
-  }
+  EnumerateFonts(L"", [&](const LOGFONTW& font, DWORD type) {
+    const std::wstring_view name = std::begin(font.lfFaceName);
+    found = (type & TRUETYPE_FONTTYPE) != 0 &&
+            ::CompareStringOrdinal(name.data(), static_cast<int>(name.size()), face.data(),
+                                   static_cast<int>(face.size()), TRUE) == CSTR_EQUAL;
+    return !found;
+  });
   return found;
+}
+
+/// The selected font's family as the system lists it; empty where that cannot be told. GetTextFace
+/// would tell the name that was asked for, whatever language that is in.
+std::wstring SelectedFamily(HDC deviceContext) {
+  const UINT size = ::GetOutlineTextMetricsW(deviceContext, 0, nullptr);
+  std::vector<BYTE> bytes(size);
+  if (size == 0 || ::GetOutlineTextMetricsW(
+                       deviceContext, size,
+                       reinterpret_cast<OUTLINETEXTMETRICW*>(bytes.data())) == 0) {
+    return {};
+  }
+  // What is declared as a pointer to the name is its distance from the beginning.
+  OUTLINETEXTMETRICW metrics{};
+  std::memcpy(&metrics, bytes.data(), sizeof metrics);
+  return reinterpret_cast<const wchar_t*>(bytes.data() +
+                                          reinterpret_cast<std::uintptr_t>(metrics.otmpFamilyName));
 }
 
 /// Replaces the face by the one that the system takes for it where it can take TrueType only.
@@ -112,7 +133,13 @@ void PutStandIn(LOGFONTW& font) {
   const CWnd screen;
   const CClientDC deviceContext(&screen);
   const quorvel::SelectedObject selected(deviceContext.Handle(), created.get());
-  ::GetTextFaceW(deviceContext.Handle(), LF_FACESIZE, std::begin(font.lfFaceName));
+  const std::wstring family = SelectedFamily(deviceContext.Handle());
+  if (family.empty() || family.size() >= LF_FACESIZE) {
+    ::GetTextFaceW(deviceContext.Handle(), LF_FACESIZE, std::begin(font.lfFaceName));
+    return;
+  }
+  std::ranges::fill(font.lfFaceName, L'\0');
+  family.copy(std::begin(font.lfFaceName), LF_FACESIZE - 1);
 }
 
 /// A character set that the face has: `wanted` if it has that one, or else its first.
@@ -152,7 +179,7 @@ INT_PTR CFontDialog::RunModal() {
   m_bAccepted = false;
   // The platform writes into the record while the dialog is open, even if it is cancelled then.
   m_platformFont = quorvel::WideLogFont(m_font);
-  if ((m_cf.Flags & CF_INITTOLOGFONTSTRUCT) != 0 && !IsInstalled(m_platformFont.lfFaceName)) {
+  if ((m_cf.Flags & CF_INITTOLOGFONTSTRUCT) != 0 && !IsListed(m_platformFont.lfFaceName)) {
     // For a face that it does not list the platform would show another one, Wine its very first.
     PutStandIn(m_platformFont);
   }

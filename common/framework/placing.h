@@ -14,4 +14,8 @@ FRAME_API CPoint CentredIn(const CRect& area, const CSize& size);
 /// caption and the first controls are there.
 FRAME_API CPoint KeptVisible(const CRect& area, const CPoint& topLeft, const CSize& size);
 
+/// Where a point beside or in `from` is when the same area is measured as `to`, as that of a monitor
+/// is for threads that see another scale. Ends at the ends of `int`; `from` itself where it is empty.
+FRAME_API CPoint Rescaled(const CPoint& point, const CRect& from, const CRect& to);
+
 }  // namespace quorvel

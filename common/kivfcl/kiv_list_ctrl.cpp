@@ -1,6 +1,7 @@
 #include "kivfcl/kiv_list_ctrl.h"
 
 #include "framework/device_context.h"
+#include "kivfcl/display_rate.h"
 
 #include <algorithm>
 #include <array>
@@ -17,7 +18,7 @@ constexpr int kSideOfTickWidth = 6;  ///< a check box is so many times as wide a
 constexpr WPARAM kSpace = L' ';
 
 void DrawCellText(HDC deviceContext, CRect cell, const std::wstring& text) {
-  cell.left += kTextMargin;
+  cell.left += quorvel::DisplayPixels(kTextMargin);
   ::DrawTextW(deviceContext, text.c_str(), static_cast<int>(text.size()), &cell,
               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
 }

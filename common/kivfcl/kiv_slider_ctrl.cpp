@@ -126,12 +126,12 @@ LRESULT CKivSliderCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
 
 quorvel::SliderTrack CKivSliderCtrl::Track() const {
   const CSize client = GetClientRect().Size();
-  return quorvel::TrackOf(IsUpright() ? client.cy : client.cx);
+  return quorvel::TrackOf(IsUpright() ? client.cy : client.cx, m_displayRate);
 }
 
 CRect CKivSliderCtrl::Thumb() const {
   return quorvel::ThumbRect(quorvel::PlaceOfPosition(m_nPos, m_range, Track()),
-                            GetClientRect().Size(), IsUpright());
+                            GetClientRect().Size(), IsUpright(), m_displayRate);
 }
 
 bool CKivSliderCtrl::MoveThumb(int position) {

@@ -10,6 +10,7 @@
 #pragma once
 
 #include "framework/wnd.h"
+#include "kivfcl/display_rate.h"
 #include "kivfcl/kiv_image_data.h"
 #include "kivfcl/kivfcl_export.h"
 #include "kivfcl/slider_rules.h"
@@ -120,6 +121,7 @@ private:
   int m_nKind = KIVSLIDER_HORIZONTAL;
   quorvel::SliderRange m_range{0, kHighestAtFirst};
   int m_nPos = 0;
+  double m_displayRate = __KivFcl_GetDispRate();
   quorvel::Gradient m_gradient{quorvel::GradientModel::kRgb, kGrey, kGrey};
   CKivImageData m_strip;  ///< one pixel across, kept until the gradient or the size changes
   bool m_bStripIsOld = true;

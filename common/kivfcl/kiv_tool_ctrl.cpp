@@ -1,7 +1,7 @@
 #include "kivfcl/kiv_tool_ctrl.h"
 
-#include "framework/device_context.h"
 #include "framework/module_state.h"
+#include "kivfcl/display_bitmap.h"
 
 #include <commctrl.h>
 
@@ -13,9 +13,8 @@ namespace {
 /// What the pictures are drawn on; the bar shows there instead.
 constexpr COLORREF kClearColor = RGB(0xC0, 0xC0, 0xC0);
 
-quorvel::OwnedBitmap LoadPictures(UINT id) {
-  return quorvel::OwnedBitmap(static_cast<HBITMAP>(::LoadImageW(
-      AfxGetResourceHandle(), MAKEINTRESOURCEW(id), IMAGE_BITMAP, 0, 0, LR_DEFAULTCOLOR)));
+HIMAGELIST AsList(const std::unique_ptr<void, CKivToolCtrl::ImageListDeleter>& list) {
+  return static_cast<HIMAGELIST>(list.get());
 }
 
 TBBUTTON ButtonOf(const TOOLITEM& item, BOOL disabled) {
@@ -53,16 +52,28 @@ BOOL CKivToolCtrl::CreateToolCtrl(CWnd* parent, DWORD style, const TOOLITEM* ite
 }
 
 bool CKivToolCtrl::LoadImages(UINT bitmapId, int imageCount) {
-  const quorvel::OwnedBitmap pictures = LoadPictures(bitmapId);
-  BITMAP size{};
-  if (imageCount < 1 || ::GetObjectW(pictures.get(), sizeof size, &size) == 0 ||
-      size.bmWidth < imageCount) {
+  const quorvel::DisplayPictures pictures =
+      quorvel::LoadDisplayPictures(bitmapId, imageCount, kClearColor);
+  if (pictures.bitmap == nullptr) {
     return false;
   }
-  m_images.reset(::ImageList_Create(size.bmWidth / imageCount, size.bmHeight,
-                                    ILC_COLOR24 | ILC_MASK, imageCount, 0));
-  return ::ImageList_AddMasked(static_cast<HIMAGELIST>(m_images.get()), pictures.get(),
-                               kClearColor) == 0;
+  if (pictures.disabled == nullptr) {
+    m_images.reset(::ImageList_Create(pictures.size.cx, pictures.size.cy, ILC_COLOR24 | ILC_MASK,
+                                      imageCount, 0));
+    return ::ImageList_AddMasked(AsList(m_images), pictures.bitmap.get(), kClearColor) == 0;
+  }
+  // The platform's own way to show that a command is not possible knows no opacity.
+  m_images = ListOf(pictures.bitmap.get(), pictures.size);
+  m_disabledImages = ListOf(pictures.disabled.get(), pictures.size);
+  return m_images != nullptr && m_disabledImages != nullptr;
+}
+
+CKivToolCtrl::ImageList CKivToolCtrl::ListOf(HBITMAP pictures, const CSize& size) {
+  ImageList list(::ImageList_Create(size.cx, size.cy, ILC_COLOR32, 1, 1));
+  if (::ImageList_Add(AsList(list), pictures, nullptr) != 0) {
+    list.reset();
+  }
+  return list;
 }
 
 void CKivToolCtrl::AddButtons(const TOOLITEM* items, int count, BOOL disabled) {
@@ -73,10 +84,12 @@ void CKivToolCtrl::AddButtons(const TOOLITEM* items, int count, BOOL disabled) {
   }
   int width = 0;
   int height = 0;
-  ::ImageList_GetIconSize(static_cast<HIMAGELIST>(m_images.get()), &width, &height);
+  ::ImageList_GetIconSize(AsList(m_images), &width, &height);
   ::SendMessageW(m_hWnd, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
   ::SendMessageW(m_hWnd, TB_SETBITMAPSIZE, 0, MAKELPARAM(width, height));
   ::SendMessageW(m_hWnd, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(m_images.get()));
+  ::SendMessageW(m_hWnd, TB_SETDISABLEDIMAGELIST, 0,
+                 reinterpret_cast<LPARAM>(m_disabledImages.get()));
   ::SendMessageW(m_hWnd, TB_ADDBUTTONSW, buttons.size(),
                  reinterpret_cast<LPARAM>(buttons.data()));
 }
@@ -104,4 +117,7 @@ void CKivToolCtrl::AnswerToolTip(const NMHDR& notification) {
   question.lpszText = MAKEINTRESOURCEW(notification.idFrom);
 }
 
-void CKivToolCtrl::PostNcDestroy() { m_images.reset(); }
+void CKivToolCtrl::PostNcDestroy() {
+  m_images.reset();
+  m_disabledImages.reset();
+}

@@ -43,18 +43,21 @@ public:
   /// command's in the string table of the module in force.
   static void AnswerToolTip(const NMHDR& notification);
 
+  struct ImageListDeleter {
+    void operator()(void* list) const;
+  };
+
 protected:
   void PostNcDestroy() override;
 
 private:
-  struct ImageListDeleter {
-    void operator()(void* list) const;
-  };
   using ImageList = std::unique_ptr<void, ImageListDeleter>;
 
   bool LoadImages(UINT bitmapId, int imageCount);
+  static ImageList ListOf(HBITMAP pictures, const CSize& size);
   void AddButtons(const TOOLITEM* items, int count, BOOL disabled);
   void FitToButtons(const CPoint& position);
 
-  ImageList m_images;  ///< the bar uses it and does not own it
+  ImageList m_images;          ///< the bar uses them and does not own them
+  ImageList m_disabledImages;  ///< none where the bar makes its own out of the others
 };

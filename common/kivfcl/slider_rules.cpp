@@ -1,5 +1,7 @@
 #include "kivfcl/slider_rules.h"
 
+#include "kivfcl/display_pixels.h"
+
 #include <algorithm>
 #include <cstdlib>
 
@@ -7,7 +9,7 @@ namespace quorvel {
 
 namespace {
 
-/// Of the thumb from its centre, not counting the centre.
+/// Of the thumb from its centre, not counting the centre, on a display at 100 %.
 constexpr int kHalfThumb = 4;
 /// The focus frame at the slider's edge; the thumb stays inside it.
 constexpr int kFocusFrame = 1;
@@ -56,9 +58,10 @@ int KeptInRange(long long position, const SliderRange& range) {
   return static_cast<int>(std::clamp<long long>(position, range.lowest, range.highest));
 }
 
-SliderTrack TrackOf(int length) {
+SliderTrack TrackOf(int length, double rate) {
   SliderTrack track;
-  track.halfThumb = std::clamp((length - 2 * kFocusFrame - 1) / 2, 0, kHalfThumb);
+  track.halfThumb = std::clamp((length - 2 * kFocusFrame - 1) / 2, 0,
+                               PixelsAt(rate, kHalfThumb));
   track.first = std::min(kFocusFrame + track.halfThumb, std::max(length - 1, 0) / 2);
   track.last = std::max(track.first, length - 1 - kFocusFrame - track.halfThumb);
   return track;
@@ -124,9 +127,9 @@ CRect StripRect(const CSize& client) {
   return CRect(CPoint(0, 0), client).Grown(-kRoom, -kRoom);
 }
 
-CRect ThumbRect(int place, const CSize& client, bool upright) {
+CRect ThumbRect(int place, const CSize& client, bool upright, double rate) {
   const int length = upright ? client.cy : client.cx;
-  const int half = TrackOf(length).halfThumb;
+  const int half = TrackOf(length, rate).halfThumb;
   constexpr int kSide = kFocusFrame + kThumbGap;
   if (upright) {
     const int y = client.cy - 1 - place;

@@ -36,8 +36,8 @@ struct SliderTrack {
 };
 
 /// The whole thumb stays inside, and away from the focus frame, for any length that has room for
-/// it; in a shorter one it is as small as needed.
-SliderTrack TrackOf(int length);
+/// it; in a shorter one it is as small as needed. `rate` is the display's scale.
+SliderTrack TrackOf(int length, double rate = 1.0);
 
 int PlaceOfPosition(int position, const SliderRange& range, const SliderTrack& track);
 /// The nearest position; a place beyond the track's ends means the end.
@@ -63,7 +63,7 @@ int PlaceOfPoint(const CPoint& point, const CSize& client, bool upright);
 /// The strip of colours with its outline, inside the room for the focus frame.
 CRect StripRect(const CSize& client);
 /// The thumb, its centre at `place`.
-CRect ThumbRect(int place, const CSize& client, bool upright);
+CRect ThumbRect(int place, const CSize& client, bool upright, double rate = 1.0);
 
 /// The model of a gradient's components.
 enum class GradientModel { kRgb, kCmyk, kHsb };

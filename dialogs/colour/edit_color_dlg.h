@@ -24,5 +24,7 @@ protected:
   void OnOK() override;
 
 private:
+  void MoveButtonsBelow(int bottom);
+
   std::unique_ptr<CEditColor> m_pPage;
 };

@@ -2,6 +2,7 @@
 
 #include "framework/device_context.h"
 #include "kivcomm/color_models.h"
+#include "kivfcl/display_rate.h"
 
 #include <algorithm>
 
@@ -11,6 +12,7 @@ using quorvel::kHighestHue;
 
 namespace {
 
+// In pixels of a display at 100 %.
 constexpr int kMarkerRadius = 3;
 constexpr int kMarkerReach = 4;  ///< no pixel of the marker is farther from its point
 constexpr int kPictureBits = 24;
@@ -122,7 +124,8 @@ void CEditSelColor::ApplyHueAndSaturation(int hue, int saturation) {
   const CPoint marker = quorvel::MarkerOfHsb(m_fieldRect, m_values);
   CRect changed(std::min(m_ptLastMarker.x, marker.x), std::min(m_ptLastMarker.y, marker.y),
                 std::max(m_ptLastMarker.x, marker.x), std::max(m_ptLastMarker.y, marker.y));
-  changed = changed.Grown(kMarkerReach, kMarkerReach);
+  const int reach = quorvel::DisplayPixels(kMarkerReach);
+  changed = changed.Grown(reach, reach);
   changed.OffsetRect(-m_fieldRect.left, -m_fieldRect.top);
   m_field.InvalidateRect(changed);
   m_ptLastMarker = marker;
@@ -163,8 +166,9 @@ void CEditSelColor::PaintField(const CWnd& field) const {
   const int line = m_values.brightness < kDarkest ? WHITE_PEN : BLACK_PEN;
   const quorvel::SelectedObject pen(deviceContext, ::GetStockObject(line));
   const quorvel::SelectedObject hollow(deviceContext, ::GetStockObject(NULL_BRUSH));
-  ::Ellipse(deviceContext, marker.x - kMarkerRadius, marker.y - kMarkerRadius,
-            marker.x + kMarkerRadius, marker.y + kMarkerRadius);
+  const int radius = quorvel::DisplayPixels(kMarkerRadius);
+  ::Ellipse(deviceContext, marker.x - radius, marker.y - radius, marker.x + radius,
+            marker.y + radius);
   if (::GetFocus() == field.m_hWnd) {
     ::DrawFocusRect(deviceContext, &all);
   }

@@ -1,6 +1,7 @@
 #include "dialogs/colour/picker_rules.h"
 
 #include "framework/number_text.h"
+#include "kivfcl/display_pixels.h"
 
 #include <algorithm>
 #include <cmath>
@@ -29,7 +30,7 @@ constexpr int kOffsetOfValues = 1;
 constexpr int kOffsetOfFieldBrightness = 2;
 constexpr int kOffsetOfBar = 0;
 
-// The marker's strokes, in pixels.
+// The marker's strokes, in pixels of a display at 100 %.
 constexpr int kStrokeStart = 4;
 constexpr int kStrokeEnd = 8;
 constexpr int kLeastStrokeEnd = 2;
@@ -214,24 +215,30 @@ FieldColour ColourAtPoint(const CPoint& point, const CSize& field, int brightnes
   return result;
 }
 
-std::vector<Segment> MarkerStrokes(const CPoint& marker, const CSize& field) {
+std::vector<Segment> MarkerStrokes(const CPoint& marker, const CSize& field, double rate) {
+  const int outOfSight = PixelsAt(rate, kOutOfSight);
+  const int start = PixelsAt(rate, kStrokeStart);
+  const int end = PixelsAt(rate, kStrokeEnd);
+  const int leastEnd = PixelsAt(rate, kLeastStrokeEnd);
   // A typed value can lead to the end of the range of int, where no stroke could be computed.
-  const int x = std::clamp<int>(marker.x, -kOutOfSight, field.cx + kOutOfSight);
-  const int y = std::clamp<int>(marker.y, -kOutOfSight, field.cy + kOutOfSight);
-  const int rowOfHorizontals = y + ShiftAtEdge(y, field.cy, kShiftDown, kShiftUp);
-  const int columnOfVerticals = x + ShiftAtEdge(x, field.cx, kShiftRight, kShiftLeft);
+  const int x = std::clamp<int>(marker.x, -outOfSight, field.cx + outOfSight);
+  const int y = std::clamp<int>(marker.y, -outOfSight, field.cy + outOfSight);
+  const int rowOfHorizontals =
+      y + ShiftAtEdge(y, field.cy, PixelsAt(rate, kShiftDown), PixelsAt(rate, kShiftUp));
+  const int columnOfVerticals =
+      x + ShiftAtEdge(x, field.cx, PixelsAt(rate, kShiftRight), PixelsAt(rate, kShiftLeft));
   std::vector<Segment> strokes;
-  if (x - kStrokeEnd >= kLeastStrokeEnd) {
-    strokes.push_back({{x - kStrokeEnd, rowOfHorizontals}, {x - kStrokeStart, rowOfHorizontals}});
+  if (x - end >= leastEnd) {
+    strokes.push_back({{x - end, rowOfHorizontals}, {x - start, rowOfHorizontals}});
   }
-  if (y - kStrokeEnd >= kLeastStrokeEnd) {
-    strokes.push_back({{columnOfVerticals, y - kStrokeEnd}, {columnOfVerticals, y - kStrokeStart}});
+  if (y - end >= leastEnd) {
+    strokes.push_back({{columnOfVerticals, y - end}, {columnOfVerticals, y - start}});
   }
-  if (x + kStrokeEnd < field.cx - 1) {
-    strokes.push_back({{x + kStrokeStart, rowOfHorizontals}, {x + kStrokeEnd, rowOfHorizontals}});
+  if (x + end < field.cx - 1) {
+    strokes.push_back({{x + start, rowOfHorizontals}, {x + end, rowOfHorizontals}});
   }
-  if (y + kStrokeEnd < field.cy - 1) {
-    strokes.push_back({{columnOfVerticals, y + kStrokeStart}, {columnOfVerticals, y + kStrokeEnd}});
+  if (y + end < field.cy - 1) {
+    strokes.push_back({{columnOfVerticals, y + start}, {columnOfVerticals, y + end}});
   }
   return strokes;
 }

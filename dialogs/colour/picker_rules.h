@@ -94,7 +94,7 @@ struct Segment {
 
 /// The marker's strokes around its point, at most four in the order left, top, right, bottom. Those
 /// that would leave the field are missing; at the field's edge those along it are moved inwards.
-std::vector<Segment> MarkerStrokes(const CPoint& marker, const CSize& field);
+std::vector<Segment> MarkerStrokes(const CPoint& marker, const CSize& field, double rate = 1.0);
 
 // The brightness bar: bright at the top.
 

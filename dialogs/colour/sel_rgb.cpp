@@ -2,6 +2,8 @@
 
 #include "framework/module_state.h"
 #include "framework/number_text.h"
+#include "kivfcl/display_pixels.h"
+#include "kivfcl/display_rate.h"
 
 #include <algorithm>
 #include <array>
@@ -399,9 +401,10 @@ void CSelRGB::DrawField(HDC deviceContext, const CRect& rect) const {
   ::BitBlt(buffer.Handle(), rect.left, rect.top, rect.Width(), rect.Height(), picture.Handle(), 0,
            0, SRCCOPY);
 
-  const quorvel::OwnedPen pen(::CreatePen(PS_SOLID, kMarkerWidth, RGB(0, 0, 0)));
+  const double rate = __KivFcl_GetDispRate();
+  const quorvel::OwnedPen pen(::CreatePen(PS_SOLID, quorvel::PixelsAt(rate, kMarkerWidth), RGB(0, 0, 0)));
   const quorvel::SelectedObject selected(buffer.Handle(), pen.get());
-  for (const quorvel::Segment& stroke : quorvel::MarkerStrokes(m_ptMarker, rect.Size())) {
+  for (const quorvel::Segment& stroke : quorvel::MarkerStrokes(m_ptMarker, rect.Size(), rate)) {
     ::MoveToEx(buffer.Handle(), stroke.from.x, stroke.from.y, nullptr);
     ::LineTo(buffer.Handle(), stroke.to.x, stroke.to.y);
   }

@@ -1,8 +1,8 @@
 #include "dialogs/input/check_list_dlg.h"
 
-#include "dialogs/input/check_list_layout.h"
 #include "framework/data_exchange.h"
 #include "framework/device_context.h"
+#include "kivfcl/display_rate.h"
 
 #include <algorithm>
 #include <array>
@@ -42,22 +42,23 @@ BOOL CCheckListDlg::OnInitDialog() {
   const quorvel::CheckListMeasures measures{.widestName = WidestName(),
                                             .characterHeight = static_cast<int>(font.tmHeight),
                                             .descent = static_cast<int>(font.tmDescent),
-                                            .rows = static_cast<int>(ShownItems())};
+                                            .rows = static_cast<int>(ShownItems()),
+                                            .rate = __KivFcl_GetDispRate()};
   m_listCtrl.SetRedraw(false);
   m_listCtrl.SetRowHeight(quorvel::RowHeight(measures));
   m_listCtrl.ResizeTo(quorvel::CheckListSize(measures));
-  FillList(quorvel::NameColumnWidth(measures));
+  FillList(measures);
 
   m_listCtrl.SetRedraw(true);
 
   CRect okClient;
   ::GetClientRect(GetDlgItem(IDOK), &okClient);
   const CRect list = GetDlgItemRect(IDC_CHECK_LIST);
-  const auto [ok, cancel] = quorvel::PlaceCheckListButtons(list, okClient.Width());
+  const auto [ok, cancel] = quorvel::PlaceCheckListButtons(list, okClient.Width(), measures.rate);
   MoveDlgItem(IDCANCEL, cancel);
   MoveDlgItem(IDOK, ok);
   ResizeTo(quorvel::CheckListDialogSize(list.Size(), GetDlgItemRect(IDOK).Height(),
-                                        ::GetSystemMetrics(SM_CYCAPTION)));
+                                        ::GetSystemMetrics(SM_CYCAPTION), measures.rate));
   return TRUE;
 }
 
@@ -71,9 +72,10 @@ int CCheckListDlg::WidestName() const {
   return widest;
 }
 
-void CCheckListDlg::FillList(int nameColumnWidth) {
-  const std::array heads{KIVLISTCTRLHEAD{"項目名", 0, nameColumnWidth, kNameColumnStyle, 0},
-                         KIVLISTCTRLHEAD{"", 0, quorvel::kCheckColumnWidth, kCheckColumnStyle, 0}};
+void CCheckListDlg::FillList(const quorvel::CheckListMeasures& measures) {
+  const std::array heads{
+      KIVLISTCTRLHEAD{"項目名", 0, quorvel::NameColumnWidth(measures), kNameColumnStyle, 0},
+      KIVLISTCTRLHEAD{"", 0, quorvel::CheckColumnWidth(measures.rate), kCheckColumnStyle, 0}};
   const int columns = static_cast<int>(heads.size());
   m_listCtrl.InitListCtrl(IDC_CHECK_LIST, heads.data(), columns, kListStyle, 0);
   for (INT_PTR i = 0; i < ShownItems(); ++i) {

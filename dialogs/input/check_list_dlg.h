@@ -2,6 +2,7 @@
 // the items.
 #pragma once
 
+#include "dialogs/input/check_list_layout.h"
 #include "framework/collections.h"
 #include "framework/dialog.h"
 #include "kivfcl/kiv_list_ctrl.h"
@@ -21,7 +22,7 @@ protected:
 private:
   INT_PTR ShownItems() const;
   int WidestName() const;
-  void FillList(int nameColumnWidth);
+  void FillList(const quorvel::CheckListMeasures& measures);
 
   CKivListCtrl m_listCtrl;
   const CString* m_pTitle;

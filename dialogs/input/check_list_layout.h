@@ -11,9 +11,10 @@ struct CheckListMeasures {
   int characterHeight;  ///< of the font that measured them
   int descent;
   int rows;
+  double rate = 1.0;  ///< the display's scale
 };
 
-inline constexpr int kCheckColumnWidth = 21;
+int CheckColumnWidth(double rate);
 
 /// Of the headings and of each row.
 int RowHeight(const CheckListMeasures& measures);
@@ -27,9 +28,9 @@ struct CheckListButtons {
   CPoint ok;
   CPoint cancel;
 };
-CheckListButtons PlaceCheckListButtons(const CRect& list, int buttonWidth);
+CheckListButtons PlaceCheckListButtons(const CRect& list, int buttonWidth, double rate);
 
 /// The size of the whole dialog with its frame.
-CSize CheckListDialogSize(const CSize& list, int buttonHeight, int captionHeight);
+CSize CheckListDialogSize(const CSize& list, int buttonHeight, int captionHeight, double rate);
 
 }  // namespace quorvel

@@ -1,6 +1,7 @@
 #include "dialogs/input/input_point_dlg.h"
 
 #include "framework/data_exchange.h"
+#include "kivfcl/display_rate.h"
 
 BEGIN_MESSAGE_MAP(CInputPointDlg, CKivDialog)
   ON_BN_CLICKED(IDC_POINT_MOUSE, &CInputPointDlg::OnMousePick)
@@ -42,7 +43,8 @@ BOOL CInputPointDlg::OnInitDialog() {
 
 void CInputPointDlg::CloseUpToTwoCoordinates() {
   const int shift =
-      quorvel::ButtonShift(GetDlgItemRect(IDC_POINT_Y).bottom, GetDlgItemRect(IDOK).top);
+      quorvel::ButtonShift(GetDlgItemRect(IDC_POINT_Y).bottom, GetDlgItemRect(IDOK).top,
+                           __KivFcl_GetDispRate());
   for (const int id : {IDOK, IDCANCEL, IDC_POINT_MOUSE}) {
     const CRect rect = GetDlgItemRect(id);
     ::MoveWindow(GetDlgItem(id), rect.left, rect.top + shift, rect.Width(), rect.Height(), TRUE);

@@ -2,6 +2,7 @@
 
 #include "framework/number_text.h"
 #include "kivcomm/rounding.h"
+#include "kivfcl/display_pixels.h"
 
 namespace quorvel {
 
@@ -29,8 +30,8 @@ void ReadPoint(const PointTexts& texts, bool hasZ, double* point) {
   }
 }
 
-int ButtonShift(int yFieldBottom, int buttonTop) {
-  return yFieldBottom - buttonTop + kGapAboveButtons;
+int ButtonShift(int yFieldBottom, int buttonTop, double rate) {
+  return yFieldBottom - buttonTop + PixelsAt(rate, kGapAboveButtons);
 }
 
 }  // namespace quorvel

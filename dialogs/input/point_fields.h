@@ -25,8 +25,8 @@ PointTexts TextsOfPoint(const double* point, bool hasZ);
 /// Reads the number that each text begins with, 0.0 where there is none, into `point`.
 void ReadPoint(const PointTexts& texts, bool hasZ, double* point);
 
-/// How far the buttons move down (up where negative) to stand 12 pixels below the Y field. Both
-/// edges in pixels of the dialog's client area.
-int ButtonShift(int yFieldBottom, int buttonTop);
+/// How far the buttons move down (up where negative) to stand 12 pixels below the Y field at the
+/// display's scale `rate` 1.0. Both edges in pixels of the dialog's client area.
+int ButtonShift(int yFieldBottom, int buttonTop, double rate);
 
 }  // namespace quorvel

@@ -5,6 +5,7 @@
 #include "dialogs/layout/layout_frame_edit_dlg.h"
 #include "framework/data_exchange.h"
 #include "framework/message_box.h"
+#include "kivfcl/display_rate.h"
 
 namespace {
 
@@ -45,7 +46,7 @@ BOOL CBlockEditDlg::OnInitDialog() {
     ::ShowWindow(GetDlgItem(IDC_LAYOUT_FIELD), SW_HIDE);
   }
   const CRect line = GetDlgItemRect(IDC_LAYOUT_TEXT_LINE);
-  CreateCelTools({line.left, line.top - kToolsAboveLine});
+  CreateCelTools({line.left, line.top - quorvel::DisplayPixels(kToolsAboveLine)});
   return TRUE;
 }
 

@@ -1,6 +1,7 @@
 #include "dialogs/layout/cel_painter.h"
 
 #include "framework/code_page.h"
+#include "kivfcl/display_pixels.h"
 
 #include <array>
 #include <cmath>
@@ -16,6 +17,7 @@ constexpr COLORREF kBlack = RGB(0, 0, 0);
 constexpr COLORREF kRed = RGB(255, 0, 0);
 constexpr COLORREF kMagenta = RGB(255, 0, 255);
 constexpr COLORREF kTint = 0x00E2E2FF;
+// In pixels of a display at 100 %.
 constexpr int kLineWidth = 2;
 constexpr int kFixedHeight = -11;
 constexpr double kNoWidth = 1e-6;
@@ -37,7 +39,7 @@ std::wstring WithoutAccessKeys(std::wstring text) {
 LOGFONTA ScaledCelFont(const CKivFontEx& font, const TextScale& scale) {
   LOGFONTA logFont = font.GetLogFont(0);
   if (scale.fixedHeight) {
-    logFont.lfHeight = kFixedHeight;
+    logFont.lfHeight = PixelsAt(RateOf(scale.dots), kFixedHeight);
     return logFont;
   }
   const auto [width, height] = font.GetMM();
@@ -52,6 +54,7 @@ CelPainter::CelPainter(HDC deviceContext, CelStyle style, const TextScale& scale
     : m_hDC(deviceContext),
       m_style(style),
       m_scale(scale),
+      m_nLineWidth(PixelsAt(RateOf(scale.dots), kLineWidth)),
       m_previousText(::GetTextColor(deviceContext)),
       m_previousBack(::GetBkColor(deviceContext)),
       m_nPreviousMode(
@@ -98,7 +101,7 @@ void CelPainter::DrawCelText(const CLayoutCelData& cel, CRect rect) {
 
 void CelPainter::DrawFrame(const CRect& rect, int kind) {
   const COLORREF color = kind == kNormalCel ? kBlack : kind == kSelectedCel ? kRed : kMagenta;
-  UsePen({PS_SOLID, kLineWidth, color});
+  UsePen({PS_SOLID, m_nLineWidth, color});
   const std::array<POINT, 5> corners{{{rect.left, rect.top},
                                       {rect.left, rect.bottom},
                                       {rect.right, rect.bottom},
@@ -125,7 +128,7 @@ void CelPainter::DrawEdges(const CLayoutCelData& cel, const CRect& rect, int kin
   for (const bool shown : {true, false}) {
     for (const Edge& edge : edges) {
       if (edge.shown == shown) {
-        UsePen(shown ? Pen{PS_SOLID, kLineWidth, color} : Pen{PS_DOT, 1, color});
+        UsePen(shown ? Pen{PS_SOLID, m_nLineWidth, color} : Pen{PS_DOT, 1, color});
         ::MoveToEx(m_hDC, edge.from.x, edge.from.y, nullptr);
         ::LineTo(m_hDC, edge.to.x, edge.to.y);
       }

@@ -27,7 +27,7 @@ inline constexpr int kSelectedCel = 1;
 struct TextScale {
   double scale;
   DotsPerInch dots;
-  bool fixedHeight = false;  ///< letters are 11 pixels high at any scale
+  bool fixedHeight = false;  ///< letters are 11 pixels high, on a display at 100 %, at any scale of the page
 };
 
 /// The font of a cell as it is drawn.
@@ -41,7 +41,7 @@ public:
   CelPainter(const CelPainter&) = delete;
   CelPainter& operator=(const CelPainter&) = delete;
 
-  /// The frame reaches one pixel out of `rect`; a text that does not fit is cut off at it.
+  /// The frame reaches one pixel of a display at 100 % out of `rect`; a text that does not fit is cut off at it.
   void Draw(const CLayoutCelData& cel, const CRect& rect, int kind);
 
 private:
@@ -66,6 +66,7 @@ private:
   HDC m_hDC;
   CelStyle m_style;
   TextScale m_scale;
+  int m_nLineWidth;
   COLORREF m_previousText;
   COLORREF m_previousBack;
   int m_nPreviousMode;

@@ -1,9 +1,12 @@
 #include "dialogs/layout/frame_lines.h"
 
+#include "kivfcl/display_pixels.h"
+
 namespace quorvel {
 
 namespace {
 
+// The preview's lines in pixels of a display at 100 %.
 constexpr int kLeftX = 5;
 constexpr int kMiddleX = 65;
 constexpr int kRightX = 125;
@@ -38,6 +41,28 @@ void AddRun(FrameLines& lines, const Run& run, const CLayoutCelData& first,
   AddFlag(lines, FrameLine::kLeft, first.GetShowLineHL());
   AddFlag(lines, FrameLine::kBottom, last.GetShowLineVB());
   AddFlag(lines, FrameLine::kRight, last.GetShowLineHR());
+}
+
+FrameSegment SegmentAt100(FrameLine line) {
+  switch (line) {
+    case FrameLine::kTop:
+      return {{kLeftX, kTopY}, {kRightX, kTopY}};
+    case FrameLine::kInnerHorizontal:
+      return {{kLeftX, kMiddleY}, {kRightX, kMiddleY}};
+    case FrameLine::kBottom:
+      return {{kLeftX, kBottomY}, {kRightX, kBottomY}};
+    case FrameLine::kLeft:
+      return {{kLeftX, kTopY}, {kLeftX, kBottomY}};
+    case FrameLine::kInnerVertical:
+      return {{kMiddleX, kTopY}, {kMiddleX, kBottomY}};
+    case FrameLine::kRight:
+      return {{kRightX, kTopY}, {kRightX, kBottomY}};
+    case FrameLine::kRisingDiagonal:
+      return {{kLeftX, kBottomY}, {kRightX, kTopY}};
+    case FrameLine::kFallingDiagonal:
+      return {{kLeftX, kTopY}, {kRightX, kBottomY}};
+  }
+  return {};
 }
 
 }  // namespace
@@ -101,26 +126,10 @@ FrameStroke StrokeOf(const FrameLines& lines, FrameLine line) {
   return lines[line] != 0 ? FrameStroke::kSolid : FrameStroke::kDotted;
 }
 
-FrameSegment SegmentOf(FrameLine line) {
-  switch (line) {
-    case FrameLine::kTop:
-      return {{kLeftX, kTopY}, {kRightX, kTopY}};
-    case FrameLine::kInnerHorizontal:
-      return {{kLeftX, kMiddleY}, {kRightX, kMiddleY}};
-    case FrameLine::kBottom:
-      return {{kLeftX, kBottomY}, {kRightX, kBottomY}};
-    case FrameLine::kLeft:
-      return {{kLeftX, kTopY}, {kLeftX, kBottomY}};
-    case FrameLine::kInnerVertical:
-      return {{kMiddleX, kTopY}, {kMiddleX, kBottomY}};
-    case FrameLine::kRight:
-      return {{kRightX, kTopY}, {kRightX, kBottomY}};
-    case FrameLine::kRisingDiagonal:
-      return {{kLeftX, kBottomY}, {kRightX, kTopY}};
-    case FrameLine::kFallingDiagonal:
-      return {{kLeftX, kTopY}, {kRightX, kBottomY}};
-  }
-  return {};
+FrameSegment SegmentOf(FrameLine line, double rate) {
+  const auto [from, to] = SegmentAt100(line);
+  return {{PixelsAt(rate, from.x), PixelsAt(rate, from.y)},
+          {PixelsAt(rate, to.x), PixelsAt(rate, to.y)}};
 }
 
 }  // namespace quorvel

@@ -56,12 +56,13 @@ enum class FrameStroke { kNone, kSolid, kDotted };
 /// selection has no room for, and a diagonal, not at all.
 FrameStroke StrokeOf(const FrameLines& lines, FrameLine line);
 
-/// Of the preview, in its own pixels at any scale of the display. The last point is not drawn, as
+/// Of the preview, in its own pixels, whatever the font of the dialog. The last point is not drawn, as
 /// the platform draws lines.
 struct FrameSegment {
   CPoint from;
   CPoint to;
 };
-FrameSegment SegmentOf(FrameLine line);
+/// `rate` is the display's scale.
+FrameSegment SegmentOf(FrameLine line, double rate);
 
 }  // namespace quorvel

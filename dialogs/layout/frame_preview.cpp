@@ -1,6 +1,7 @@
 #include "dialogs/layout/frame_preview.h"
 
 #include "framework/device_context.h"
+#include "kivfcl/display_rate.h"
 
 using quorvel::FrameLine;
 using quorvel::FrameSegment;
@@ -51,6 +52,7 @@ void CFramePreview::Draw() const {
   // Beyond the control's edges, too: with a low font the bottom line lies there. Some platforms end
   // the control's own device context at its edges.
   const CRect area = Area();
+  const double rate = __KivFcl_GetDispRate();
   const ParentDC deviceContext(m_hWnd);
   const quorvel::PaintBuffer buffer(deviceContext.Handle(), area);
   quorvel::FillSolid(buffer.Handle(), area, kPaper);
@@ -64,7 +66,7 @@ void CFramePreview::Draw() const {
     }
     const quorvel::SelectedObject pen(
         buffer.Handle(), stroke == FrameStroke::kSolid ? shown.get() : hidden.get());
-    const FrameSegment segment = quorvel::SegmentOf(line);
+    const FrameSegment segment = quorvel::SegmentOf(line, rate);
     ::MoveToEx(buffer.Handle(), segment.from.x, segment.from.y, nullptr);
     ::LineTo(buffer.Handle(), segment.to.x, segment.to.y);
   }

@@ -1,6 +1,7 @@
 #include "dialogs/layout/layout_edit_dlg.h"
 
 #include "dialogs/layout/size_fields.h"
+#include "kivfcl/display_rate.h"
 
 #include <array>
 
@@ -87,8 +88,9 @@ BOOL CLayoutEditDlg::OnInitDialog() {
   }
   m_view.Attach(IDC_LAYOUT_IMAGE, this);
   const CRect& image = m_view.DialogArea();
-  CreateCelTools({image.left, image.top - kToolsAboveImage});
-  CreateFileTools({image.right - kFileToolsWidth, image.top - kToolsAboveImage}, m_bLineMode);
+  const int top = image.top - quorvel::DisplayPixels(kToolsAboveImage);
+  CreateCelTools({image.left, top});
+  CreateFileTools({image.right - quorvel::DisplayPixels(kFileToolsWidth), top}, m_bLineMode);
   LayOutViews();
   RefreshCommands();
   MoveToCallersPosition(Host().position);

@@ -2,6 +2,7 @@
 
 #include "dialogs/layout/layout_list_edit_dlg.h"
 #include "dialogs/layout/size_fields.h"
+#include "kivfcl/display_rate.h"
 
 #include <algorithm>
 #include <limits>
@@ -120,7 +121,9 @@ BOOL CLayoutExEditDlg::OnInitDialog() {
   }
   CPoint corner(GetWindowRect().left, GetWindowRect().bottom);
   ::ScreenToClient(m_hWnd, &corner);
-  CreateFileTools({corner.x + kFileTools.x, corner.y + kFileTools.y}, false);
+  CreateFileTools({corner.x + quorvel::DisplayPixels(kFileTools.x),
+                   corner.y + quorvel::DisplayPixels(kFileTools.y)},
+                  false);
   EnableUsed();
   LayOutViews();
   RefreshCommands();

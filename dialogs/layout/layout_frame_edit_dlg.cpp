@@ -2,7 +2,7 @@
 
 #include "dialogs/colour/sel_color.h"
 #include "framework/data_exchange.h"
-#include "framework/module_state.h"
+#include "kivfcl/display_bitmap.h"
 
 using quorvel::FrameLine;
 
@@ -18,11 +18,6 @@ constexpr std::array kLinePictures{IDB_LINE_TOP,  IDB_LINE_INNER_HORIZONTAL, IDB
 
 // The second one is spelt so.
 constexpr std::array kStyles{"規定値", "実線 0.1m", "実線 0.3mm", "実線 0.5mm", "実線 1.0mm"};
-
-quorvel::OwnedBitmap LoadPicture(int id) {
-  return quorvel::OwnedBitmap(static_cast<HBITMAP>(::LoadImageW(
-      AfxGetResourceHandle(), MAKEINTRESOURCEW(id), IMAGE_BITMAP, 0, 0, LR_DEFAULTCOLOR)));
-}
 
 }  // namespace
 
@@ -78,11 +73,11 @@ BOOL CLayoutFrameEditDlg::OnInitDialog() {
 
 void CLayoutFrameEditDlg::LoadPictures() {
   for (std::size_t i = 0; i < kPresetCount; ++i) {
-    m_bmpPresets[i] = LoadPicture(kPresetPictures[i]);
+    m_bmpPresets[i] = quorvel::LoadDisplayBitmap(kPresetPictures[i]);
     m_btnPresets[i].SetBitmap(m_bmpPresets[i].get());
   }
   for (std::size_t i = 0; i < kLineButtonCount; ++i) {
-    m_bmpLines[i] = LoadPicture(kLinePictures[i]);
+    m_bmpLines[i] = quorvel::LoadDisplayBitmap(kLinePictures[i]);
     m_btnLines[i].SetBitmap(m_bmpLines[i].get());
   }
 }

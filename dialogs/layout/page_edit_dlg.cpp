@@ -7,6 +7,7 @@
 #include "framework/file_dialog.h"
 #include "framework/message_box.h"
 #include "framework/module_state.h"
+#include "kivfcl/display_bitmap.h"
 
 #include <array>
 #include <cstdio>
@@ -102,9 +103,7 @@ BOOL CPageEditDlg::OnInitDialog() {
   CKivDialog::OnInitDialog();
   m_btnTextColor.Recolor(m_btnTextColor.m_color);
   m_btnBackColor.Recolor(m_btnBackColor.m_color);
-  m_bmpArrow.reset(static_cast<HBITMAP>(
-      ::LoadImageW(AfxGetResourceHandle(), MAKEINTRESOURCEW(IDB_DROP_ARROW), IMAGE_BITMAP, 0, 0,
-                   LR_DEFAULTCOLOR)));
+  m_bmpArrow = quorvel::LoadDisplayBitmap(IDB_DROP_ARROW);
   m_btnTextArrow.SetBitmap(m_bmpArrow.get());
   m_btnBackArrow.SetBitmap(m_bmpArrow.get());
   FillInsertions();

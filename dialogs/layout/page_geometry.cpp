@@ -2,6 +2,7 @@
 
 #include "framework/number_text.h"
 #include "kivcomm/rounding.h"
+#include "kivfcl/display_pixels.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -13,12 +14,10 @@ namespace {
 constexpr double kMmPerInch = 25.4;
 constexpr double kHalf = 0.5;
 constexpr int kEdge = 1;
-/// A point that is nearer to a border takes hold of it.
+/// A point that is nearer to a border takes hold of it, on a display at 100 %.
 constexpr int kGrip = 4;
 
 int RoundedPixels(double pixels) { return std::max(TruncatedToInt(pixels + kHalf), 1); }
-
-bool Grips(int position, int border) { return std::abs(position - border) < kGrip; }
 
 }  // namespace
 
@@ -64,14 +63,15 @@ FittedPage PlacePage(const CRect& control, const SizeInMm& page, const DotsPerIn
 }
 
 std::optional<BorderDrag> FindBorder(std::span<const CRect> table, int rows, int cols,
-                                     const CPoint& point) {
+                                     const CPoint& point, double rate) {
+  const int grip = PixelsAt(rate, kGrip);
   const auto at = [&](int row, int col) -> const CRect& {
     return table[static_cast<std::size_t>(row) * static_cast<std::size_t>(cols) +
                  static_cast<std::size_t>(col)];
   };
   for (int row = 0; row < rows - 1; ++row) {
     const CRect& rect = at(row, 0);
-    if (Grips(point.y, rect.bottom)) {
+    if (std::abs(point.y - rect.bottom) < grip) {
       return BorderDrag{.row = row,
                         .start = point.y,
                         .guide = point.y,
@@ -81,7 +81,7 @@ std::optional<BorderDrag> FindBorder(std::span<const CRect> table, int rows, int
   }
   for (int col = 0; col < cols - 1; ++col) {
     const CRect& rect = at(0, col);
-    if (Grips(point.x, rect.right)) {
+    if (std::abs(point.x - rect.right) < grip) {
       return BorderDrag{.col = col,
                         .start = point.x,
                         .guide = point.x,

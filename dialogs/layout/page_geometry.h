@@ -21,6 +21,12 @@ struct DotsPerInch {
   double vertical;
 };
 
+/// The display's scale, 1.0 at 100 %.
+inline double RateOf(const DotsPerInch& dots) {
+  constexpr double kDotsAt100 = 96.0;
+  return dots.vertical / kDotsAt100;
+}
+
 struct SizeInMm {
   double width;
   double height;
@@ -57,10 +63,10 @@ struct BorderDrag {
   bool IsRow() const { return row >= 0; }
 };
 
-/// The border within 3 pixels of a point, rows before columns, the lowest first. Merged cells do not
-/// count. `table` is that of InitRects.
+/// The border within 3 pixels of a point at the display's scale `rate` 1.0, rows before columns, the
+/// lowest first. Merged cells do not count. `table` is that of InitRects.
 std::optional<BorderDrag> FindBorder(std::span<const CRect> table, int rows, int cols,
-                                     const CPoint& point);
+                                     const CPoint& point, double rate = 1.0);
 
 /// Moves the guide to the point; false, and no move, at a limit or beyond it.
 bool MoveGuide(BorderDrag& drag, const CPoint& point);

@@ -1,6 +1,7 @@
 #include "dialogs/layout/page_view.h"
 
 #include "framework/device_context.h"
+#include "kivfcl/display_pixels.h"
 
 #include <memory>
 #include <type_traits>
@@ -12,7 +13,7 @@ namespace {
 constexpr COLORREF kAround = RGB(0xBF, 0xBF, 0xBF);
 constexpr COLORREF kPaper = RGB(0xFF, 0xFF, 0xFF);
 constexpr COLORREF kGuideColor = RGB(0, 0, 0);
-/// A cell's lines reach this far out of its rectangle.
+/// A cell's lines reach this far out of its rectangle on a display at 100 %.
 constexpr int kLineReach = 1;
 
 struct RegionDeleter {
@@ -71,13 +72,18 @@ bool CPageView::IsTableOfBlock() const {
   return m_tableShape == CSize(m_block.Cols(), m_block.Rows());
 }
 
+CRect CPageView::WithLines(const CRect& cel) const {
+  const int reach = quorvel::PixelsAt(Rate(), kLineReach);
+  return cel.Grown(reach, reach);
+}
+
 void CPageView::InvalidateCels(const quorvel::CelList& cels) const {
   // Told cell by cell, the platform would need as long as for painting them.
   const OwnedRegion changed(::CreateRectRgn(0, 0, 0, 0));
   const OwnedRegion next(::CreateRectRgn(0, 0, 0, 0));
   for (const int index : cels) {
     if (const std::optional<CRect> rect = RectOf(index)) {
-      const CRect reach = rect->Grown(kLineReach, kLineReach);
+      const CRect reach = WithLines(*rect);
       ::SetRectRgn(next.get(), reach.left, reach.top, reach.right, reach.bottom);
       ::CombineRgn(changed.get(), changed.get(), next.get(), RGN_OR);
     }
@@ -96,7 +102,10 @@ CRect CPageView::ToDialog(const CRect& rect) const {
 }
 
 int CPageView::CelAt(const CPoint& point, const CSize& margin) const {
-  return IsTableOfBlock() ? quorvel::CelAtPoint(m_block, m_table, point, margin) : -1;
+  return IsTableOfBlock() ? quorvel::CelAtPoint(m_block, m_table, point,
+                                                 {quorvel::PixelsAt(Rate(), margin.cx),
+                                                  quorvel::PixelsAt(Rate(), margin.cy)})
+                           : -1;
 }
 
 std::optional<CRect> CPageView::RectOf(int index) const {
@@ -121,7 +130,7 @@ bool CPageView::TakeBorder(const CPoint& point) {
   if (!IsTableOfBlock()) {
     return false;
   }
-  m_border = quorvel::FindBorder(m_table, m_block.Rows(), m_block.Cols(), point);
+  m_border = quorvel::FindBorder(m_table, m_block.Rows(), m_block.Cols(), point, Rate());
   if (m_border) {
     ToggleGuide();
   }
@@ -200,7 +209,7 @@ void CPageView::PaintCels(quorvel::CelPainter& painter, const CRect& part, int k
       continue;
     }
     const std::optional<CRect> rect = RectOf(index);
-    if (rect && Overlap(rect->Grown(kLineReach, kLineReach), part)) {
+    if (rect && Overlap(WithLines(*rect), part)) {
       painter.Draw(*cel, *rect, kind);
     }
   }

@@ -42,7 +42,7 @@ public:
   CPoint FromDialog(const CPoint& point) const;
   CRect ToDialog(const CRect& rect) const;
 
-  /// -1 where there is no cell. Each cell is taken smaller by `margin` on both sides.
+  /// -1 where there is no cell. Each cell is taken smaller by `margin`, at 100 %, on both sides.
   int CelAt(const CPoint& point, const CSize& margin = {}) const;
   /// None for a covered cell.
   std::optional<CRect> RectOf(int index) const;
@@ -71,6 +71,8 @@ protected:
   DECLARE_MESSAGE_MAP()
 
 private:
+  double Rate() const { return quorvel::RateOf(m_dots); }
+  CRect WithLines(const CRect& cel) const;
   quorvel::SizeInMm PageSize() const { return {m_block.Width(), m_block.Height()}; }
   void Place(const quorvel::FittedPage& page);
   void FillTable();

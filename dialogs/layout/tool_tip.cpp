@@ -4,6 +4,7 @@
 #include "framework/device_context.h"
 #include "framework/errors.h"
 #include "framework/module_state.h"
+#include "kivfcl/display_rate.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -13,12 +14,15 @@
 #include <string_view>
 #include <utility>
 
+using quorvel::DisplayPixels;
+
 namespace {
 
 constexpr const wchar_t* kClassName = L"CToolTip";
 constexpr std::wstring_view kFace = L"ＭＳ ゴシック";
 constexpr UINT_PTR kTimer = 1010;
 
+// In pixels of a display at 100 %.
 constexpr CPoint kDefaultOffset{10, 5};
 constexpr int kStayDistance = 2;
 /// Below the rectangle's place, so that the pointer does not cover the text.
@@ -211,15 +215,16 @@ void CToolTip::Show() {
   const auto lines = static_cast<int>(m_lines.GetSize());
   CRect rect(m_anchor, CSize(line.cx, lines * line.cy));
   if (lines == 1) {
-    rect = rect.Grown(kMarginOfOneLine.cx, kMarginOfOneLine.cy);
+    rect = rect.Grown(DisplayPixels(kMarginOfOneLine.cx), DisplayPixels(kMarginOfOneLine.cy));
   } else if (lines > 1) {
-    rect = rect.Grown(kSideMarginOfLines, 0);
-    rect.bottom += kBottomMarginOfLines;
+    rect = rect.Grown(DisplayPixels(kSideMarginOfLines), 0);
+    rect.bottom += DisplayPixels(kBottomMarginOfLines);
   }
-  rect.OffsetRect(m_offset.x, m_offset.y);
-  ::SetWindowPos(m_hWnd, HWND_TOP, rect.left, rect.top + kDrop, rect.Width(), rect.Height(),
+  rect.OffsetRect(DisplayPixels(m_offset.x), DisplayPixels(m_offset.y));
+  ::SetWindowPos(m_hWnd, HWND_TOP, rect.left, rect.top + DisplayPixels(kDrop), rect.Width(), rect.Height(),
                  SWP_NOACTIVATE | SWP_SHOWWINDOW);
-  m_stayRect = CRect(m_anchor, CSize()).Grown(kStayDistance, kStayDistance);
+  const int stay = DisplayPixels(kStayDistance);
+  m_stayRect = CRect(m_anchor, CSize()).Grown(stay, stay);
   m_shared.current = this;
 }
 
@@ -254,7 +259,7 @@ void CToolTip::OnPaint() {
   CRect client = GetClientRect();
   if (m_lines.GetSize() == 1) {
     ::SetTextAlign(deviceContext, TA_CENTER | TA_TOP);
-    ::TextOutW(deviceContext, client.Width() / 2, kTopOfOneLine, text.data(),
+    ::TextOutW(deviceContext, client.Width() / 2, DisplayPixels(kTopOfOneLine), text.data(),
                static_cast<int>(text.size()));
   } else {
     ::DrawTextW(deviceContext, text.data(), static_cast<int>(text.size()), &client,

@@ -509,5 +509,14 @@ TEST(PickerChannelBar, APositionOutsideIsIgnored) {
   EXPECT_FALSE(SteppedChannelBar(100, ScrollCode::kThumbTrack, 256));
 }
 
+TEST(MarkerStrokes, FollowTheDisplaysScale) {
+  const std::vector<Segment> strokes = MarkerStrokes({100, 90}, {400, 300}, 2.0);
+  ASSERT_EQ(strokes.size(), 4);
+  EXPECT_EQ(strokes.front().from, CPoint(84, 90));
+  EXPECT_EQ(strokes.front().to, CPoint(92, 90));
+  EXPECT_EQ(strokes.back().to, CPoint(100, 106));
+  EXPECT_EQ(MarkerStrokes({19, 90}, {400, 300}, 2.0).size(), 3) << "no room at the left";
+}
+
 }  // namespace
 }  // namespace quorvel

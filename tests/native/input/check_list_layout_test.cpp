@@ -12,7 +12,7 @@ constexpr CheckListMeasures kOneName{
 
 TEST(CheckListLayout, TheListIsAsWideAsItsColumns) {
   EXPECT_EQ(NameColumnWidth(kWide), 320);
-  EXPECT_EQ(CheckListSize(kWide).cx, NameColumnWidth(kWide) + kCheckColumnWidth);
+  EXPECT_EQ(CheckListSize(kWide).cx, NameColumnWidth(kWide) + CheckColumnWidth(1.0));
 }
 
 TEST(CheckListLayout, TheListIsAtLeast200Wide) {
@@ -29,13 +29,25 @@ TEST(CheckListLayout, TheListIsAsTallAsItsHeadingsAndRows) {
 }
 
 TEST(CheckListLayout, TheButtonsEndWithTheListAndStand10Below) {
-  const auto [ok, cancel] = PlaceCheckListButtons({7, 8, 207, 108}, 75);
+  const auto [ok, cancel] = PlaceCheckListButtons({7, 8, 207, 108}, 75, 1.0);
   EXPECT_EQ(cancel, CPoint(207 - 75, 118));
   EXPECT_EQ(ok, CPoint(207 - 150 - 10, 118));
 }
 
 TEST(CheckListLayout, TheDialogHoldsTheListAndTheButtons) {
-  EXPECT_EQ(CheckListDialogSize({341, 117}, 23, 19), CSize(361, 117 + 23 + 19 + 30));
+  EXPECT_EQ(CheckListDialogSize({341, 117}, 23, 19, 1.0), CSize(361, 117 + 23 + 19 + 30));
+}
+
+TEST(CheckListLayout, FollowsTheDisplaysScale) {
+  constexpr CheckListMeasures kDoubled{
+      .widestName = 60, .characterHeight = 32, .descent = 6, .rows = 1, .rate = 2.0};
+  EXPECT_EQ(CheckColumnWidth(2.0), 42);
+  EXPECT_EQ(NameColumnWidth(kDoubled), 60 + 40);
+  EXPECT_EQ(CheckListSize(kDoubled), CSize(400, 52));
+  const auto [ok, cancel] = PlaceCheckListButtons({14, 16, 414, 68}, 150, 2.0);
+  EXPECT_EQ(cancel, CPoint(414 - 150, 88));
+  EXPECT_EQ(ok, CPoint(414 - 300 - 20, 88));
+  EXPECT_EQ(CheckListDialogSize({400, 52}, 46, 38, 2.0), CSize(440, 52 + 46 + 38 + 60));
 }
 
 }  // namespace

@@ -41,9 +41,11 @@ TEST(PointFields, ReadWhatTheTextsBeginWith) {
 }
 
 TEST(ButtonShift, PutsTheButtonsTwelvePixelsBelowTheYField) {
-  EXPECT_EQ(ButtonShift(84, 132), -36);
-  EXPECT_EQ(132 + ButtonShift(84, 132), 84 + 12);
+  EXPECT_EQ(ButtonShift(84, 132, 1.0), -36);
+  EXPECT_EQ(132 + ButtonShift(84, 132, 1.0), 84 + 12);
 }
+
+TEST(ButtonShift, FollowsTheDisplaysScale) { EXPECT_EQ(ButtonShift(168, 264, 1.5), -96 + 18); }
 
 }  // namespace
 }  // namespace quorvel

@@ -251,5 +251,13 @@ TEST(SliderColours, AStripShowsThemAlongTheTrack) {
   EXPECT_TRUE(StripColours(gradient, track, 4, -3).empty());
 }
 
+TEST(TrackOf, TheThumbFollowsTheDisplaysScale) {
+  const SliderTrack track = TrackOf(320, 2.0);
+  EXPECT_EQ(track.halfThumb, 8);
+  EXPECT_EQ(track.first, 9);
+  EXPECT_EQ(track.last, 310);
+  EXPECT_EQ(ThumbRect(50, {320, 32}, false, 2.0), CRect(42, 2, 59, 30));
+}
+
 }  // namespace
 }  // namespace quorvel

@@ -233,7 +233,7 @@ TEST(FrameLines, InnerLinesWithoutRoomAndDiagonalsAreNotDrawn) {
 
 TEST(FrameLines, SegmentsStandAtFixedPixels) {
   const auto is = [](FrameLine line, CPoint from, CPoint to) {
-    const FrameSegment segment = SegmentOf(line);
+    const FrameSegment segment = SegmentOf(line, 1.0);
     return segment.from == from && segment.to == to;
   };
   EXPECT_TRUE(is(FrameLine::kTop, {5, 5}, {125, 5}));
@@ -244,6 +244,12 @@ TEST(FrameLines, SegmentsStandAtFixedPixels) {
   EXPECT_TRUE(is(FrameLine::kRight, {125, 5}, {125, 75}));
   EXPECT_TRUE(is(FrameLine::kRisingDiagonal, {5, 75}, {125, 5}));
   EXPECT_TRUE(is(FrameLine::kFallingDiagonal, {5, 5}, {125, 75}));
+}
+
+TEST(SegmentOf, FollowsTheDisplaysScale) {
+  const FrameSegment segment = SegmentOf(FrameLine::kInnerVertical, 1.5);
+  EXPECT_EQ(segment.from, CPoint(98, 8));  // 97.5 and 7.5
+  EXPECT_EQ(segment.to, CPoint(98, 113));
 }
 
 }  // namespace

@@ -304,5 +304,12 @@ TEST(RectTable, OfABlockOfAnExtendedPage) {
   EXPECT_EQ(CelAtPoint(block, table, {25, 15}), 5);
 }
 
+TEST(FindBorder, TheGripFollowsTheDisplaysScale) {
+  const std::vector<CRect> table{{0, 0, 100, 50}, {0, 50, 100, 100}};
+  EXPECT_FALSE(FindBorder(table, 2, 1, {10, 54}));
+  EXPECT_TRUE(FindBorder(table, 2, 1, {10, 57}, 2.0));
+  EXPECT_FALSE(FindBorder(table, 2, 1, {10, 58}, 2.0));
+}
+
 }  // namespace
 }  // namespace quorvel::test

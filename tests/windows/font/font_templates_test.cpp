@@ -38,9 +38,9 @@ TEST(Templates, Font) {
   WorkDialog(call, [](HWND dialog) {
     ExpectTemplate(dialog, L"ﾌｫﾝﾄの指定", {279, 150}, L"MS Shell Dlg",
                    {{1088, L"Static", L"ﾌｫﾝﾄ名(&F):", {5, 5, 40, 8}},
-                    {1136, L"ComboBox", L"IPAゴシック", {5, 15, 85, 60}},
+                    {1136, L"ComboBox", GothicFace(), {5, 15, 85, 60}},
                     {1089, L"Static", L"ｽﾀｲﾙ(&Y):", {95, 5, 38, 8}},
-                    {1137, L"ComboBox", L"斜体", {95, 15, 50, 60}},
+                    {1137, L"ComboBox", ItalicStyle(), {95, 15, 50, 60}},
                     {1072, L"Button", L"文字飾り", {150, 5, 124, 66}},
                     {1040, L"Button", L"取り消し線(&K)", {160, 16, 58, 12}},
                     {4027, L"ComboBox", L"1本", {218, 16, 50, 90}},
@@ -77,9 +77,9 @@ TEST(Templates, FontEx) {
   WorkDialog(call, [](HWND dialog) {
     ExpectTemplate(dialog, L"ﾌｫﾝﾄの指定", {279, 177}, L"MS Shell Dlg",
                    {{1088, L"Static", L"ﾌｫﾝﾄ名(&F):", {5, 5, 40, 8}},
-                    {1136, L"ComboBox", L"IPAゴシック", {5, 15, 85, 60}},
+                    {1136, L"ComboBox", GothicFace(), {5, 15, 85, 60}},
                     {1089, L"Static", L"ｽﾀｲﾙ(&Y):", {95, 5, 38, 8}},
-                    {1137, L"ComboBox", L"斜体", {95, 15, 50, 60}},
+                    {1137, L"ComboBox", ItalicStyle(), {95, 15, 50, 60}},
                     {1072, L"Button", L"文字飾り", {150, 5, 127, 66}},
                     {1040, L"Button", L"取り消し線(&K)", {160, 16, 58, 12}},
                     {4027, L"ComboBox", L"1本", {218, 16, 50, 90}},

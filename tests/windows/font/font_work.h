@@ -83,6 +83,26 @@ inline bool IsChecked(HWND dialog, int id) {
   return ::SendMessageW(Control(dialog, id), BM_GETCHECK, 0, 0) == BST_CHECKED;
 }
 
+/// Of two names for the same thing the one that the system has in its language.
+inline const wchar_t* SystemsName(const wchar_t* japanese, const wchar_t* english) {
+  return PRIMARYLANGID(::GetUserDefaultUILanguage()) == LANG_JAPANESE ? japanese : english;
+}
+inline std::wstring GothicFace() {
+  return SystemsName(L"IPAゴシック", L"IPAGothic");
+}
+inline std::wstring ProportionalGothicFace() {
+  return SystemsName(L"IPA Pゴシック", L"IPAPGothic");
+}
+inline std::wstring ProportionalMinchoFace() {
+  return SystemsName(L"IPA P明朝", L"IPAPMincho");
+}
+inline std::wstring ItalicStyle() {
+  return SystemsName(L"斜体", L"Italic");
+}
+inline std::wstring BoldStyle() {
+  return SystemsName(L"太字", L"Bold");
+}
+
 /// The identifiers of the controls that the tabulator key visits.
 inline std::vector<int> TabOrderIds(HWND dialog) {
   std::vector<int> ids;

@@ -631,22 +631,16 @@ TEST(SelFontDlg, VerticalFacesStandAfterTheOthers) {
   });
 }
 
-struct Face {
-  const wchar_t* wide;
-  const char* narrow;
-};
-
 TEST(SelFontDlg, APickedFaceComesOutWhole) {
-  for (const Face& face : {Face{L"@ＭＳ Ｐ明朝", "@ＭＳ Ｐ明朝"},
-                           Face{L"IPA Pゴシック", "IPA Pゴシック"},
-                           Face{L"DejaVu Sans Condensed", "DejaVu Sans Condensed"}}) {
+  for (const std::wstring& face : {std::wstring(L"@ＭＳ Ｐ明朝"), ProportionalGothicFace(),
+                                   std::wstring(L"DejaVu Sans Condensed")}) {
     CKivFont font = OddFont("ＭＳ ゴシック");
     EXPECT_TRUE(Ask(font, [&](HWND dialog) {
-      Pick(dialog, kFace, face.wide);
+      Pick(dialog, kFace, face);
       Confirm(dialog);
     }));
     const LOGFONTA record = font.GetLogFont(0);
-    EXPECT_STREQ(record.lfFaceName, face.narrow);
+    EXPECT_EQ(WideFromCodePage(std::begin(record.lfFaceName)), face);
     EXPECT_EQ(record.lfEscapement, 300);
     EXPECT_EQ(record.lfOutPrecision, OUT_TT_PRECIS);
     EXPECT_EQ(record.lfQuality, PROOF_QUALITY);
@@ -677,15 +671,26 @@ TEST(SelFontDlg, ACharacterSetThatTheNewFaceLacksBecomesOneOfItsOwn) {
   }));
   EXPECT_NE(font.GetLogFont(0).lfCharSet, SHIFTJIS_CHARSET);
   EXPECT_TRUE(Ask(font, [](HWND dialog) {
-    Pick(dialog, kFace, L"IPA P明朝");
+    Pick(dialog, kFace, ProportionalMinchoFace());
     Confirm(dialog);
   }));
   const BYTE charSet = font.GetLogFont(0).lfCharSet;
   EXPECT_TRUE(Ask(font, [](HWND dialog) {
-    Pick(dialog, kFace, L"IPAゴシック");
+    Pick(dialog, kFace, GothicFace());
     Confirm(dialog);
   }));
   EXPECT_EQ(font.GetLogFont(0).lfCharSet, charSet);
+}
+
+TEST(SelFontDlg, AFaceIsShownByTheNameThatTheSystemListsIt) {
+  CKivFont font = OddFont("IPAゴシック");
+  const LOGFONTA before = font.GetLogFont(0);
+  EXPECT_TRUE(Ask(font, [](HWND dialog) {
+    EXPECT_EQ(Text(dialog, kFace), GothicFace());
+    EXPECT_EQ(Text(dialog, kStyle), ItalicStyle());
+    Confirm(dialog);
+  }));
+  EXPECT_TRUE(SameRecord(font.GetLogFont(0), before)) << "the caller's own name stays";
 }
 
 TEST(SelFontDlg, ForAMissingFaceTheOneDrawnWithIsShownInItsStyle) {
@@ -695,7 +700,7 @@ TEST(SelFontDlg, ForAMissingFaceTheOneDrawnWithIsShownInItsStyle) {
     EXPECT_NE(shown, L"無い書体");
     EXPECT_FALSE(shown.starts_with(L'@'));
     EXPECT_GE(Selected(Control(dialog, kFace)), 0);
-    EXPECT_EQ(Text(dialog, kStyle), L"斜体");
+    EXPECT_EQ(Text(dialog, kStyle), ItalicStyle());
     Cancel(dialog);
   });
 }
@@ -715,7 +720,7 @@ TEST(SelFontDlg, AMissingFaceGoesWhenTheUserPicksEvenTheOneShown) {
 TEST(SelFontDlg, AMissingFaceStaysWhenOnlyTheStyleIsPicked) {
   CKivFont font = OddFont("無い書体");
   EXPECT_TRUE(Ask(font, [](HWND dialog) {
-    Pick(dialog, kStyle, L"太字");
+    Pick(dialog, kStyle, BoldStyle());
     Confirm(dialog);
   }));
   EXPECT_STREQ(font.GetLogFont(0).lfFaceName, "無い書体");
