@@ -8,15 +8,18 @@
 #pragma once
 
 #include "driver/platform.h"
+#include "framework/dpi_awareness.h"
 #include "framework/module_state.h"
 
 namespace quorvel::driver {
 
-/// DoModal of `dialog` in the module state of Quorvel.dll, which the program must have loaded.
+/// DoModal of `dialog` in the module state of Quorvel.dll, which the program must have loaded, and at
+/// the display's own scale.
 template <class Dialog>
 INT_PTR RunWithProductResources(Dialog& dialog) {
   static AFX_MODULE_STATE state(::GetModuleHandleW(L"Quorvel.dll"));
   AFX_MANAGE_STATE(&state);
+  const SystemDpiAwareness crisp;
   return dialog.DoModal();
 }
 
