@@ -67,7 +67,7 @@ constexpr int kHsbBelowRgb = 2;
 
 // Of the palette, at 100 %.
 constexpr int kPaletteColumns = 6;
-constexpr SIZE kPaletteItem{24, 16};
+constexpr SIZE kPaletteItem{24, 16};  // on a display at 100 %
 
 /// The colour in hand with the environment of its dialog.
 struct ColorInHand {
@@ -160,8 +160,10 @@ void ExpectComponents(HWND page, std::initializer_list<const wchar_t*> values) {
 POINT CentreOfEntry(HWND palette, int index) {
   const int row = index / kPaletteColumns - GetScrollPos(palette, SB_VERT);
   const int column = index % kPaletteColumns;
-  return {column * kPaletteItem.cx + kPaletteItem.cx / 2,
-          row * kPaletteItem.cy + kPaletteItem.cy / 2};
+  const UINT dots = GetDpiForWindow(palette);
+  const int width = MulDiv(kPaletteItem.cx, static_cast<int>(dots), USER_DEFAULT_SCREEN_DPI);
+  const int height = MulDiv(kPaletteItem.cy, static_cast<int>(dots), USER_DEFAULT_SCREEN_DPI);
+  return {column * width + width / 2, row * height + height / 2};
 }
 
 std::vector<TourStop> SelectColorTour(const Hand& hand) {
@@ -205,15 +207,11 @@ std::vector<TourStop> SelectColorTour(const Hand& hand) {
   };
 }
 
-/// On the page with the field: cyan of a third of the saturation, a little darker.
+/// On the page with the field: red, a little darker. The corner is the same colour at any scale.
 void WorkField(HWND dialog, ModalScript& script) {
   const HWND page = ShownPage(dialog);
-  // The lower right edge of the picture is a pixel beyond the field.
   const RECT picture = driver::ClientRectOf(Control(page, kFieldId));
-  const POINT from{picture.left + 1, picture.top + 1};
-  const POINT middle{picture.left + (picture.right - 1 - picture.left) / 2,
-                     picture.top + (picture.bottom - 1 - picture.top) / 3};
-  Drag(page, from, middle);
+  Drag(page, {picture.right - 2, picture.top + 1}, {picture.left, picture.bottom - 1});
   PressKey(Control(page, kBrightnessId), VK_NEXT);
   Then(script, kGridTitle, [](HWND worked) { Click(worked, IDOK); });
 }
@@ -263,7 +261,7 @@ std::vector<TourStop> SelectColorExTour(const Hand& hand) {
   };
   return {
       ColorStop(kGridTitle, BeginWith(hand, RGB(128, 128, 255)), WorkField, kConfirmed,
-                RGB(153, 230, 230), otherPages),
+                RGB(230, 0, 0), otherPages),
       ColorStop(kGridTitle, GoOnWith(hand, RGB(51, 102, 153)), AddToPalette, kConfirmed,
                 RGB(51, 102, 153)),
       ColorStop(kGridTitle, GoOnWith(hand, RGB(51, 102, 153)), EditPaletteEntry, kConfirmed,
@@ -331,14 +329,13 @@ std::vector<TourStop> EditColorTour(const Hand& hand) {
   };
 }
 
-/// To a turquoise of the field, at half brightness.
+/// To the field's last and fullest colour, at half brightness; the same at any scale.
 void DragInPicker(HWND dialog, ModalScript& script) {
-  constexpr POINT kTurquoise{100, 40};
   const RECT field = driver::ClientRectOf(Control(dialog, kPickerFieldId));
-  Drag(dialog, {field.left, field.top}, {field.left + kTurquoise.x, field.top + kTurquoise.y});
+  Drag(dialog, {field.left, field.bottom - 1}, {field.right - 1, field.top});
   Then(script, kPickerTitle, [](HWND worked) {
-    ExpectText(worked, kPickerHueId, L"125");
-    ExpectText(worked, kPickerSaturationId, L"196");
+    ExpectText(worked, kPickerHueId, L"255");
+    ExpectText(worked, kPickerSaturationId, L"256");
     Click(worked, IDOK);
   });
 }
@@ -356,7 +353,7 @@ std::vector<TourStop> SelectRgbTour(const Hand& hand) {
       ColorStop(kPickerTitle, GoOnWith(hand, turquoise), TypeInPicker, kConfirmed,
                 RGB(51, 224, 212)),
       ColorStop(kPickerTitle, GoOnWith(hand, RGB(128, 128, 128)), DragInPicker, kConfirmed,
-                turquoise),
+                RGB(255, 0, 4)),
       ColorStop(
           kPickerTitle, GoOnWith(hand, turquoise),
           [](HWND dialog, ModalScript&) {

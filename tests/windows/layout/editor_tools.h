@@ -53,15 +53,6 @@ inline LRESULT ChosenItem(HWND dialog, int id) {
 
 // ---- Fields
 
-/// The editor that has a control has the focus in a field: behind a message it comes back with some
-/// delay.
-inline Condition Focused(int controlOfEditor, int id) {
-  return {"the field has the focus", [controlOfEditor, id]() -> HWND {
-            const HWND dialog = DialogWithControl(controlOfEditor).find();
-            return dialog != nullptr && FocusedControlId(dialog) == id ? dialog : nullptr;
-          }};
-}
-
 /// Types a text that is refused, is told so, and cancels; what the message says. `editor` is run with a
 /// script.
 template <class Editor>

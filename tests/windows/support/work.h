@@ -26,6 +26,15 @@ auto WorkDialog(Call call, ModalScript::Action action) {
   return Work(script, call);
 }
 
+/// The dialog that has a control has the focus in a field: behind a message it comes back with some
+/// delay.
+inline Condition Focused(int controlOfDialog, int id) {
+  return {"the field has the focus", [controlOfDialog, id]() -> HWND {
+            const HWND dialog = DialogWithControl(controlOfDialog).find();
+            return dialog != nullptr && FocusedControlId(dialog) == id ? dialog : nullptr;
+          }};
+}
+
 inline void Confirm(HWND dialog) { Click(dialog, IDOK); }
 inline void Cancel(HWND dialog) { PressKey(dialog, VK_ESCAPE); }
 
