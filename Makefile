@@ -44,19 +44,40 @@ else
 	@$(SESSION) wine $(WINDOWS)/bin/quorvel-gallery.exe
 endif
 
+# The tests of windows beside each other, those that take long first.
 test: native windows run-packages
 	@$(MAKE) --no-print-directory -j3 fuzz
 	@ctest --test-dir $(NATIVE) --output-on-failure
-	@$(MAKE) --no-print-directory -j3 -O windows-tests soak
+	@$(MAKE) --no-print-directory -j3 -O soak windows-tests language-tests display-tests
 
-# On displays of their own, beside each other.
+# On displays of their own.
 .PHONY: windows-tests soak soak-0 soak-1
 windows-tests: windows run-packages
 	@$(SESSION) --virtual ctest --test-dir $(WINDOWS) --output-on-failure
+# Where nothing has to be seen there is no display.
 soak: soak-0 soak-1
 soak-0 soak-1: soak-%: windows run-packages
-	@QUORVEL_WINEPREFIX=$(abspath build)/wine-$@ GTEST_TOTAL_SHARDS=2 GTEST_SHARD_INDEX=$* \
-	  $(SESSION) --virtual wine $(WINDOWS)/bin/soak_tests.exe
+	@QUORVEL_WINEPREFIX=$(abspath build)/wine-$@ QUORVEL_GRAPHICS=null GTEST_TOTAL_SHARDS=2 \
+	  GTEST_SHARD_INDEX=$* $(SESSION) wine $(WINDOWS)/bin/soak_tests.exe
+
+# Every dialog on displays of these scales: 100, 125, 150 and 200 %.
+DPIS := 96 120 144 192
+.PHONY: display-tests $(addprefix display-tests-,$(DPIS))
+display-tests: $(addprefix display-tests-,$(DPIS))
+$(addprefix display-tests-,$(DPIS)): display-tests-%: windows run-packages
+	@QUORVEL_WINEPREFIX=$(abspath build)/wine-$@ QUORVEL_DPI=$* $(SESSION) --virtual \
+	  wine $(WINDOWS)/bin/display_tests.exe
+
+# The tests of windows where the system's code page is another than 932: 1252 and 65001. What shows
+# pixels and no text, and what opens a dialog a thousand times, is left out unless told otherwise:
+# `make language-tests LANGUAGE_TESTS='*'`.
+LANGUAGES := en_US hi_IN
+LANGUAGE_TESTS := -Runs/LayoutFrameEditDlgPreview.*:Grid/SelColorButton.*:*Thousand*
+.PHONY: language-tests $(addprefix language-tests-,$(LANGUAGES))
+language-tests: $(addprefix language-tests-,$(LANGUAGES))
+$(addprefix language-tests-,$(LANGUAGES)): language-tests-%: windows run-packages
+	@QUORVEL_WINEPREFIX=$(abspath build)/wine-$@ QUORVEL_LOCALE=$* $(SESSION) --virtual \
+	  wine $(WINDOWS)/bin/windows_tests.exe --gtest_filter='$(LANGUAGE_TESTS)'
 
 # Each parser against inputs that nobody thought of, for so many seconds each: `make fuzz SECONDS=7200`.
 # The seeds are made anew; inputs that found new ways stay in build/fuzz/found, a failing one in
