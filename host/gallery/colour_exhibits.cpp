@@ -111,9 +111,17 @@ Exhibit ColorExhibit(std::string name, std::wstring entry, std::wstring label, c
                      std::function<BOOL()> open, std::vector<TourStop> tour) {
   return {
       .name = std::move(name),
+      .group = Group::kColours,
       .entry = std::move(entry),
       .label = std::move(label),
+      .shown = [hand] { return ColorText(hand->color); },
       .value = [hand] { return ColorText(hand->color); },
+      .kept = {.bytes = [hand] { return ByteWriter().Put(hand->color).Written(); },
+               .restore =
+                   [hand](const Bytes& bytes) {
+                     return bytes.size() == sizeof hand->color &&
+                            ByteReader(bytes).Get(hand->color);
+                   }},
       .color = [hand] { return hand->color; },
       .run = [open = std::move(open)](
                  const RunOptions&) { return ConfirmedIf(open() != FALSE); },
@@ -369,7 +377,7 @@ std::vector<TourStop> SelectRgbTour(const Hand& hand) {
 Exhibit SelectColorExhibit() {
   const auto hand = std::make_shared<ColorInHand>(RGB(255, 128, 64));
   return ColorExhibit(
-      "select-color", L"__SelColorDlg", L"色選択(&B)", hand,
+      "select-color", L"__SelColorDlg", L"線の色(&B)", hand,
       [hand] { return __SelColorDlg(hand->environment.Get(), &hand->color, nullptr); },
       SelectColorTour(hand));
 }
@@ -377,7 +385,7 @@ Exhibit SelectColorExhibit() {
 Exhibit SelectColorExExhibit() {
   const auto hand = std::make_shared<ColorInHand>(RGB(128, 128, 255));
   return ColorExhibit(
-      "select-color-ex", L"__SelColorDlgEx", L"色選択 3 ページ(&E)", hand,
+      "select-color-ex", L"__SelColorDlgEx", L"塗りの色(&E)", hand,
       [hand] { return __SelColorDlgEx(hand->environment.Get(), &hand->color, nullptr); },
       SelectColorExTour(hand));
 }
@@ -385,7 +393,7 @@ Exhibit SelectColorExExhibit() {
 Exhibit EditColorExhibit() {
   const auto hand = std::make_shared<ColorInHand>(RGB(51, 102, 255));
   return ColorExhibit(
-      "edit-color", L"__EditColorDlg", L"色編集(&H)", hand,
+      "edit-color", L"__EditColorDlg", L"補助線の色(&H)", hand,
       [hand] { return __EditColorDlg(hand->environment.Get(), &hand->color, nullptr); },
       EditColorTour(hand));
 }
@@ -393,7 +401,7 @@ Exhibit EditColorExhibit() {
 Exhibit SelectRgbExhibit() {
   const auto hand = std::make_shared<ColorInHand>(RGB(51, 102, 255));
   return ColorExhibit(
-      "select-rgb", L"__SelRGBDlg", L"色の設定(&R)", hand,
+      "select-rgb", L"__SelRGBDlg", L"背景の色(&R)", hand,
       [hand] { return __SelRGBDlg(&hand->color); }, SelectRgbTour(hand));
 }
 

@@ -48,6 +48,9 @@ constexpr int kImageId = 2040;
 constexpr UINT kMerge = 31009;
 constexpr UINT kOpen = 31011;
 constexpr UINT kSave = 31012;
+// In lines of text.
+constexpr int kPreviewLines = 9;
+constexpr int kPreviewColumns = 32;
 constexpr const wchar_t* kFileName = L"表題欄.mtpld";
 
 struct PageInHand {
@@ -65,6 +68,11 @@ Outcome Open(const Hand& hand, int lineMode) {
   return ConfirmedIf(__LayoutEditDlg(hand->environment.Get(), &hand->page, &hand->insertions,
                                      &hand->numbers, kSampleDotsPerMm, lineMode,
                                      nullptr) != FALSE);
+}
+
+KeptValue KeepPage(const Hand& hand) {
+  return {.bytes = [hand] { return BytesOfPage(hand->page); },
+          .restore = [hand](const Bytes& bytes) { return RestorePage(hand->page, bytes); }};
 }
 
 std::function<void(HDC, const RECT&)> PreviewOf(const Hand& hand) {
@@ -266,10 +274,15 @@ Exhibit LayoutExhibit() {
   }
   return {
       .name = "layout-edit",
+      .group = Group::kForms,
       .entry = L"__LayoutEditDlg",
-      .label = L"ﾚｲｱｳﾄ編集(&Y)",
+      .label = L"表題欄(&Y)",
+      .shown = [hand] { return PageInShort(hand->page); },
       .value = [hand] { return PageInWords(hand->page); },
+      .kept = KeepPage(hand),
       .preview = PreviewOf(hand),
+      .previewLines = kPreviewLines,
+      .previewColumns = kPreviewColumns,
       .run = [hand](const RunOptions&) { return Open(hand, 0); },
       .tour = LayoutTour(hand),
   };
@@ -283,10 +296,15 @@ Exhibit LayoutLinesExhibit() {
   }
   return {
       .name = "layout-edit-lines",
+      .group = Group::kForms,
       .entry = L"__LayoutEditDlg",
-      .label = L"ﾚｲｱｳﾄ編集 罫線(&W)",
+      .label = L"部品表(&W)",
+      .shown = [hand] { return PageInShort(hand->page); },
       .value = [hand] { return PageInWords(hand->page); },
+      .kept = KeepPage(hand),
       .preview = PreviewOf(hand),
+      .previewLines = kPreviewLines,
+      .previewColumns = kPreviewColumns,
       .run = [hand](const RunOptions&) { return Open(hand, 1); },
       .tour = LinesTour(hand),
   };

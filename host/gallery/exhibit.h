@@ -1,13 +1,15 @@
-// What the gallery shows: a row for each entry of the library, and for dialogs that its layout
-// editors open.
+// What the gallery shows: a setting of a drawing for each entry of the library, and for dialogs that
+// its layout editors open.
 //
 //   for (const Exhibit& exhibit : AllExhibits()) {
 //     Outcome outcome = exhibit.run({.allowMousePick = true});  // opens the dialog
-//     std::wstring now = exhibit.value();                       // text="…"
+//     std::wstring now = exhibit.shown();                       // 1 / 1000
+//     std::wstring logged = exhibit.value();                    // scale=1000.4
 //   }
 #pragma once
 
 #include "driver/modal_script.h"
+#include "gallery/kept_value.h"
 
 #include <functional>
 #include <string>
@@ -58,21 +60,32 @@ struct TourStop {
   std::wstring value;
 };
 
+/// The pages of the settings window, in its order.
+enum class Group { kDrawing, kColours, kLetters, kForms, kFormParts };
+
 struct Exhibit {
   /// In small letters, for files.
   std::string name;
+  Group group;
   /// The library's function, or the class of a dialog that no function opens by itself.
   std::wstring entry;
-  /// The button's text with its access key.
+  /// The setting's name with its access key, on its button.
   std::wstring label;
-  /// The value in hand. Different values have different texts, but for what the preview shows.
+  /// The value in hand as a user reads it.
+  std::function<std::wstring()> shown;
+  /// The value in hand for the log. Different values have different texts, but for what the preview
+  /// shows.
   std::function<std::wstring()> value;
+  /// How the value in hand is kept.
+  KeptValue kept;
   /// The colour in hand, shown beside the value; empty where the value is no colour.
   std::function<COLORREF()> color = {};
   /// Draws the value in hand into a rectangle beside its text; empty where the text says it all.
   std::function<void(HDC deviceContext, const RECT& area)> preview = {};
   /// How high that rectangle is, in lines of text.
   int previewLines = 5;
+  /// How wide, in the same lines.
+  int previewColumns = 20;
   /// Opens the dialog with the value in hand, which changes as the entry says.
   std::function<Outcome(const RunOptions&)> run;
   std::vector<TourStop> tour;

@@ -362,7 +362,9 @@ std::vector<TourStop> Tour(const Hand& hand) {
 }  // namespace
 
 Exhibit ExtendedLayoutExhibit() {
-  constexpr int kPreviewLines = 8;
+  // In lines of text.
+  constexpr int kPreviewLines = 13;
+  constexpr int kPreviewColumns = 32;
   struct Insertion {
     const char* name;
     DWORD number;
@@ -382,14 +384,19 @@ Exhibit ExtendedLayoutExhibit() {
   }
   return {
       .name = "layout-ex-edit",
+      .group = Group::kForms,
       .entry = L"__LayoutExEditDlg",
-      .label = L"ﾚｲｱｳﾄ編集 帳票(&A)",
+      .label = L"見積書(&A)",
+      .shown = [hand] { return PageInShort(hand->page); },
       .value = [hand] { return PageInWords(hand->page); },
+      .kept = {.bytes = [hand] { return BytesOfPage(hand->page); },
+               .restore = [hand](const Bytes& bytes) { return RestorePage(hand->page, bytes); }},
       .preview =
           [hand](HDC deviceContext, const RECT& area) {
             DrawPage(deviceContext, CRect(area), hand->page);
           },
       .previewLines = kPreviewLines,
+      .previewColumns = kPreviewColumns,
       .run =
           [hand](const RunOptions&) {
             return ConfirmedIf(__LayoutExEditDlg(hand->environment.Get(), &hand->page,

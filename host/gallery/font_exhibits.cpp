@@ -1,6 +1,8 @@
 #include "gallery/font_exhibits.h"
 
 #include "driver/controls.h"
+#include "framework/device_context.h"
+#include "framework/wide_font.h"
 #include "gallery/exhibit_work.h"
 #include "gallery/value_text.h"
 
@@ -40,6 +42,9 @@ constexpr const wchar_t* kExTitle = L"セルの書体";
 constexpr const wchar_t* kGridTitle = L"色設定";
 
 constexpr double kDotsPerMm = 20;
+// Of the samples, in lines of text.
+constexpr int kSampleLines = 6;
+constexpr int kSampleColumns = 18;
 constexpr COLORREF kBlue = RGB(0, 0, 160);
 constexpr COLORREF kPaleYellow = RGB(255, 255, 192);
 
@@ -71,6 +76,111 @@ std::wstring InWords(const CKivFontEx& font) {
   constexpr std::array kDown{L"top", L"middle", L"bottom"};
   return InWords(static_cast<const CKivFont&>(font)) + L" on " + ColorText(font.GetBackColor()) +
          L", " + kDown.at(font.GetVPos()) + L" " + kAcross.at(font.GetHPos());
+}
+
+/// For a user, in lines.
+std::wstring ForUser(const CKivFont& font) {
+  const LOGFONTA record = font.GetLogFont(0);
+  std::wstring text = Wide(CString(std::begin(record.lfFaceName))) + L"\n高さ " +
+                      Number(font.GetV()) + L" mm";
+  if (font.GetH() != 0) {
+    text += L"　幅 " + Number(font.GetH()) + L" mm";
+  }
+  text += record.lfWeight >= FW_BOLD ? L"　太字" : L"";
+  text += record.lfItalic != 0 ? L"　斜体" : L"";
+  text += record.lfUnderline != 0 ? L"　下線" : L"";
+  if (record.lfStrikeOut != 0) {
+    text += font.GetStrikeOutType() == 0 ? L"　取り消し線" : L"　二重取り消し線";
+  }
+  return text + L"\n" + ColorText(font.GetColor());
+}
+
+std::wstring ForUser(const CKivFontEx& font) {
+  constexpr std::array kAcross{L"左寄せ", L"横中央", L"右寄せ"};
+  constexpr std::array kDown{L"上寄せ", L"縦中央", L"下寄せ"};
+  return ForUser(static_cast<const CKivFont&>(font)) + L"\n" + kDown.at(font.GetVPos()) + L"　" +
+         kAcross.at(font.GetHPos());
+}
+
+/// A few words in the font, as high as on the drawing itself: a millimetre is one on the display.
+void DrawSample(HDC deviceContext, const RECT& area, const CKivFont& font, COLORREF paper,
+                int across, int down) {
+  constexpr double kMmPerInch = 25.4;
+  constexpr std::array<UINT, 3> kAcross{DT_LEFT, DT_CENTER, DT_RIGHT};
+  constexpr std::array<UINT, 3> kDown{DT_TOP, DT_VCENTER, DT_BOTTOM};
+  const auto place = [](int at) { return static_cast<std::size_t>(at); };
+  CKivFont onDisplay = font;
+  onDisplay.CalcMmToLogFont(GetDeviceCaps(deviceContext, LOGPIXELSY) / kMmPerInch);
+  const LOGFONTW record = WideLogFont(onDisplay.GetLogFont(0));
+  const OwnedFont made(CreateFontIndirectW(&record));
+  constexpr int kInset = 2;
+  FillFramed(deviceContext, CRect(area), paper);
+  CRect inside = CRect(area).Grown(-kInset, -kInset);
+  const SelectedObject selected(deviceContext, made.get());
+  SetBkMode(deviceContext, TRANSPARENT);
+  SetTextColor(deviceContext, font.GetColor());
+  DrawTextW(deviceContext, L"図面 A-123", -1, &inside,
+            DT_SINGLELINE | DT_NOPREFIX | kAcross.at(place(across)) | kDown.at(place(down)));
+}
+
+void Put(ByteWriter& writer, const CKivFont& font) {
+  writer.Put(font.GetLogFont(0))
+      .Put(font.GetV())
+      .Put(font.GetH())
+      .Put(font.GetColor())
+      .Put(font.GetStrikeOutType());
+}
+void Put(ByteWriter& writer, const CKivFontEx& font) {
+  Put(writer, static_cast<const CKivFont&>(font));
+  writer.Put(font.GetBackColor()).Put(font.GetHPos()).Put(font.GetVPos());
+}
+
+bool Get(ByteReader& reader, CKivFont& font) {
+  LOGFONTA record{};
+  double height = 0;
+  double width = 0;
+  COLORREF color = 0;
+  BYTE strikeOutType = 0;
+  if (!reader.Get(record) || !reader.GetNumber(height) || !reader.GetNumber(width) ||
+      !reader.Get(color) || !reader.Get(strikeOutType)) {
+    return false;
+  }
+  record.lfFaceName[LF_FACESIZE - 1] = '\0';
+  font.SetLogFont(&record);
+  font.SetV(height);
+  font.SetH(width);
+  font.SetColor(&color);
+  font.SetStrikeOutType(strikeOutType);
+  return true;
+}
+bool Get(ByteReader& reader, CKivFontEx& font) {
+  COLORREF backColor = 0;
+  BYTE across = 0;
+  BYTE down = 0;
+  if (!Get(reader, static_cast<CKivFont&>(font)) || !reader.Get(backColor) ||
+      !reader.Get(across) || !reader.Get(down) || across > 2 || down > 2) {
+    return false;
+  }
+  font.SetBackColor(&backColor);
+  font.SetHPos(across);
+  font.SetVPos(down);
+  return true;
+}
+
+template <class Font>
+KeptValue KeepFont(const std::shared_ptr<Font>& font) {
+  return {.bytes =
+              [font] {
+                ByteWriter writer;
+                Put(writer, *font);
+                return writer.Written();
+              },
+          .restore =
+              [font](const Bytes& bytes) {
+                ByteReader reader(bytes);
+                Font read;
+                return Get(reader, read) && reader.IsAtEnd() && (*font = read, true);
+              }};
 }
 
 void SetUp(CKivFont& font, const char* face) {
@@ -116,9 +226,18 @@ Exhibit SelFontExhibit() {
   setUp();
   return {
       .name = "sel-font",
+      .group = Group::kLetters,
       .entry = L"__SelFontDlg",
-      .label = L"書体(&F)",
+      .label = L"寸法の文字(&F)",
+      .shown = [font] { return ForUser(*font); },
       .value = [font] { return InWords(*font); },
+      .kept = KeepFont(font),
+      .preview =
+          [font](HDC deviceContext, const RECT& area) {
+            DrawSample(deviceContext, area, *font, RGB(255, 255, 255), 1, 1);
+          },
+      .previewLines = kSampleLines,
+      .previewColumns = kSampleColumns,
       .run =
           [font](const RunOptions&) {
             return ConfirmedIf(__SelFontDlg(nullptr, font.get(), kDotsPerMm, "文字の書体", TRUE,
@@ -169,9 +288,19 @@ Exhibit SelFontExExhibit() {
   setUp();
   return {
       .name = "sel-font-ex",
+      .group = Group::kLetters,
       .entry = L"__SelFontExDlg",
-      .label = L"セルの書体(&O)",
+      .label = L"表の文字(&O)",
+      .shown = [font] { return ForUser(*font); },
       .value = [font] { return InWords(*font); },
+      .kept = KeepFont(font),
+      .preview =
+          [font](HDC deviceContext, const RECT& area) {
+            DrawSample(deviceContext, area, *font, font->GetBackColor(), font->GetHPos(),
+                       font->GetVPos());
+          },
+      .previewLines = kSampleLines,
+      .previewColumns = kSampleColumns,
       .run =
           [font](const RunOptions&) {
             return ConfirmedIf(__SelFontExDlg(nullptr, font.get(), kDotsPerMm, "セルの書体", FALSE,

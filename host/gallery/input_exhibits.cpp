@@ -10,10 +10,13 @@
 // Needs <windows.h> above.
 #include <commctrl.h>
 
+#include <algorithm>
 #include <array>
 #include <initializer_list>
 #include <memory>
+#include <span>
 #include <utility>
+#include <vector>
 
 namespace quorvel::gallery {
 
@@ -71,6 +74,38 @@ std::wstring PointText(const std::array<double, Size>& point) {
   return text + L"}";
 }
 
+/// The first element is the field Y, the second the field X.
+std::wstring CoordinatesInWords(std::span<const double> point) {
+  return L"X " + Number(point[1]) + L"　Y " + Number(point[0]);
+}
+
+/// Of numbers that live as long as their owner.
+KeptValue KeepNumbers(std::span<double> numbers, const std::shared_ptr<void>& owner) {
+  return {.bytes =
+              [numbers, owner] {
+                ByteWriter writer;
+                for (const double number : numbers) {
+                  writer.Put(number);
+                }
+                return writer.Written();
+              },
+          .restore =
+              [numbers, owner](const Bytes& bytes) {
+                ByteReader reader(bytes);
+                std::vector<double> read(numbers.size());
+                for (double& number : read) {
+                  if (!reader.GetNumber(number)) {
+                    return false;
+                  }
+                }
+                if (!reader.IsAtEnd()) {
+                  return false;
+                }
+                std::ranges::copy(read, numbers.begin());
+                return true;
+              }};
+}
+
 /// Controls with the texts that they show, or that are typed into them.
 using FieldTexts = std::vector<std::pair<int, std::wstring>>;
 
@@ -105,6 +140,28 @@ struct Paper {
   int height = 0;
   int clearAll = 0;
 };
+
+KeptValue KeepPaper(const std::shared_ptr<Paper>& paper) {
+  return {.bytes =
+              [paper] {
+                return ByteWriter()
+                    .PutText(paper->name)
+                    .Put(paper->width)
+                    .Put(paper->height)
+                    .Written();
+              },
+          .restore =
+              [paper](const Bytes& bytes) {
+                ByteReader reader(bytes);
+                Paper read;
+                if (!reader.GetText(read.name) || !reader.Get(read.width) ||
+                    !reader.Get(read.height) || !reader.IsAtEnd()) {
+                  return false;
+                }
+                *paper = read;
+                return true;
+              }};
+}
 
 TourStop PaperStop(std::function<void()> setUp,
                    std::function<void(HWND dialog, ModalScript& script)> work, Outcome outcome,
@@ -153,6 +210,35 @@ struct CheckList {
     }
     return text + L"}";
   }
+
+  /// The names of what is ticked.
+  std::wstring Ticked() const {
+    std::wstring text;
+    for (INT_PTR index = 0; index < states.GetSize(); ++index) {
+      if (states.GetAt(index) != 0) {
+        text += (text.empty() ? L"" : L"、") + Wide(items.GetAt(index));
+      }
+    }
+    return text.empty() ? L"なし" : text;
+  }
+
+  Bytes Kept() const {
+    Bytes bytes;
+    for (INT_PTR index = 0; index < states.GetSize(); ++index) {
+      bytes.push_back(states.GetAt(index));
+    }
+    return bytes;
+  }
+  bool Restore(const Bytes& bytes) {
+    if (bytes.size() != static_cast<std::size_t>(states.GetSize())) {
+      return false;
+    }
+    INT_PTR index = 0;
+    for (const BYTE state : bytes) {
+      states.SetAt(index++, state);
+    }
+    return true;
+  }
 };
 
 constexpr int kNameColumn = 0;
@@ -176,9 +262,18 @@ Exhibit InputTextExhibit() {
   const auto setUp = [text] { *text = "初期値 ABC"; };
   return {
       .name = "input-text",
+      .group = Group::kDrawing,
       .entry = L"__InputTextDlg",
-      .label = L"文字列入力(&T)",
+      .label = L"図面名称(&T)",
+      .shown = [text] { return Wide(*text); },
       .value = [text] { return NamedText(L"text", *text); },
+      .kept = {.bytes = [text] { return ByteWriter().PutText(*text).Written(); },
+               .restore =
+                   [text](const Bytes& bytes) {
+                     ByteReader reader(bytes);
+                     CString read;
+                     return reader.GetText(read) && reader.IsAtEnd() && (*text = read, true);
+                   }},
       .run =
           [text](const RunOptions&) {
             return ConfirmedIf(__InputTextDlg("文字列入力", "文字列を入力してください", text.get(),
@@ -221,9 +316,12 @@ Exhibit InputScaleExhibit() {
   const auto setUp = [scale] { *scale = 1000.4; };
   return {
       .name = "input-scale",
+      .group = Group::kDrawing,
       .entry = L"__InputScaleDlg",
-      .label = L"縮尺入力(&S)",
+      .label = L"縮尺(&S)",
+      .shown = [scale] { return L"1 / " + Number(*scale); },
       .value = [scale] { return NamedNumber(L"scale", *scale); },
+      .kept = KeepNumbers(std::span(scale.get(), 1), scale),
       .run =
           [scale](const RunOptions&) {
             return ConfirmedIf(__InputScaleDlg("縮尺入力", "図面の縮尺を入力してください",
@@ -266,9 +364,16 @@ Exhibit InputDpiExhibit() {
   const auto setUp = [dpi] { *dpi = 300; };
   return {
       .name = "input-dpi",
+      .group = Group::kDrawing,
       .entry = L"__InputDpiDlg",
-      .label = L"解像度入力(&D)",
+      .label = L"画像の解像度(&D)",
+      .shown = [dpi] { return std::to_wstring(*dpi) + L" dpi"; },
       .value = [dpi] { return L"dpi=" + std::to_wstring(*dpi); },
+      .kept = {.bytes = [dpi] { return ByteWriter().Put(*dpi).Written(); },
+               .restore =
+                   [dpi](const Bytes& bytes) {
+                     return bytes.size() == sizeof *dpi && ByteReader(bytes).Get(*dpi);
+                   }},
       .run =
           [dpi](const RunOptions&) {
             return ConfirmedIf(__InputDpiDlg(dpi.get(), nullptr) != FALSE);
@@ -312,9 +417,12 @@ Exhibit InputPointXYExhibit() {
   const FieldTexts shown{{kPointXId, L"-0.123"}, {kPointYId, L"100.000"}};
   return {
       .name = "input-point-xy",
+      .group = Group::kDrawing,
       .entry = L"__InputPointXYDlg",
-      .label = L"座標入力 XY(&X)",
+      .label = L"図面の原点(&X)",
+      .shown = [point] { return CoordinatesInWords(*point); },
       .value = [point] { return PointText(*point); },
+      .kept = KeepNumbers(std::span(*point), point),
       .run =
           [point](const RunOptions& options) {
             return PointOutcome(
@@ -340,9 +448,15 @@ Exhibit InputPointXYZExhibit() {
   const FieldTexts typed{{kPointXId, L"1e3"}, {kPointYId, L"0.0625"}, {kPointZId, L"-9.75"}};
   return {
       .name = "input-point-xyz",
+      .group = Group::kDrawing,
       .entry = L"__InputPointXYZDlg",
-      .label = L"座標入力 XYZ(&Z)",
+      .label = L"測量の基準点(&Z)",
+      .shown =
+          [point] {
+            return CoordinatesInWords(*point) + L"　Z " + Number(point->back());
+          },
       .value = [point] { return PointText(*point); },
+      .kept = KeepNumbers(std::span(*point), point),
       .run =
           [point](const RunOptions& options) {
             return PointOutcome(
@@ -368,14 +482,21 @@ Exhibit UserPaperExhibit() {
   constexpr int kNotSet = 7;  // shows whether the entry wrote the flag
   return {
       .name = "user-paper",
+      .group = Group::kDrawing,
       .entry = L"__UserPaperSetDlg",
-      .label = L"用紙設定(&P)",
+      .label = L"用紙(&P)",
+      .shown =
+          [paper] {
+            return Wide(paper->name) + L"　" + std::to_wstring(paper->width) + L" × " +
+                   std::to_wstring(paper->height) + L" mm";
+          },
       .value =
           [paper] {
             return NamedText(L"name", paper->name) + L" width=" + std::to_wstring(paper->width) +
                    L" height=" + std::to_wstring(paper->height) + L" clearAll=" +
                    std::to_wstring(paper->clearAll);
           },
+      .kept = KeepPaper(paper),
       .run =
           [paper](const RunOptions&) {
             if (__UserPaperSetDlg(nullptr, &paper->name, &paper->width, &paper->height,
@@ -426,9 +547,13 @@ Exhibit CheckListExhibit() {
   setUp();
   return {
       .name = "check-list",
+      .group = Group::kDrawing,
       .entry = L"__CheckListDlg",
-      .label = L"チェックリスト(&C)",
+      .label = L"表示する線種(&C)",
+      .shown = [list] { return list->Ticked(); },
       .value = [list] { return list->Value(); },
+      .kept = {.bytes = [list] { return list->Kept(); },
+               .restore = [list](const Bytes& bytes) { return list->Restore(bytes); }},
       .run =
           [list, title](const RunOptions&) {
             const INT_PTR result = __CheckListDlg(&title, &list->items, &list->states);

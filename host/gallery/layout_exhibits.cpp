@@ -5,11 +5,15 @@
 #include "dialogs/layout/layout_frame_edit_dlg.h"
 #include "driver/controls.h"
 #include "driver/product_state.h"
+#include "framework/device_context.h"
 #include "gallery/exhibit_work.h"
+#include "gallery/page_words.h"
 #include "gallery/value_text.h"
 
 #include <quorvel/quorvel.h>
 
+#include <array>
+#include <cmath>
 #include <memory>
 #include <string>
 #include <utility>
@@ -55,10 +59,21 @@ public:
     constexpr double kDotsPerMm = 11.811;
     page = CLayoutExPageData();
     page.DividePage(kBlock, 2, 2, kDotsPerMm);
-    for (int index = 0; index < page.GetCelSize(kBlock); ++index) {
-      page.GetCelAt(kBlock, index)->SetSelected(1);
-    }
+    SelectAll();
+    page.SetUse(CLayoutExPageData::LISTTYPE_HEADER, 0);
+    page.SetUse(CLayoutExPageData::LISTTYPE_FOOTER, 0);
     page.SetShowLine(kBlock, 1, 0, 1, 0, 1, 0);
+  }
+
+  /// False for a page that has no such list.
+  bool Restore(const Bytes& bytes) {
+    CLayoutExPageData read;
+    if (!RestorePage(read, bytes) || read.GetNumRow(kBlock) != 2 || read.GetNumCol() != 2) {
+      return false;
+    }
+    page = read;
+    SelectAll();
+    return true;
   }
 
   std::wstring Text() const {
@@ -77,7 +92,44 @@ public:
   }
 
   CLayoutExPageData page;
+
+private:
+  void SelectAll() {
+    for (int index = 0; index < page.GetCelSize(kBlock); ++index) {
+      page.GetCelAt(kBlock, index)->SetSelected(1);
+    }
+  }
 };
+
+/// The lines of the four cells, hidden ones dotted and grey as in the dialog.
+void DrawLines(HDC deviceContext, const CRect& area, const CLayoutExPageData& page) {
+  struct Line {
+    FrameLine kind;
+    CPoint from;
+    CPoint to;
+  };
+  constexpr int kEdge = 3;
+  const FrameLines lines = ReadFrameLines(page, LinesInHand::kBlock);
+  const CRect box = area.Grown(-kEdge, -kEdge);
+  const int middleX = (box.left + box.right) / 2;
+  const int middleY = (box.top + box.bottom) / 2;
+  const std::array all{
+      Line{FrameLine::kTop, {box.left, box.top}, {box.right, box.top}},
+      Line{FrameLine::kInnerHorizontal, {box.left, middleY}, {box.right, middleY}},
+      Line{FrameLine::kBottom, {box.left, box.bottom}, {box.right, box.bottom}},
+      Line{FrameLine::kLeft, {box.left, box.top}, {box.left, box.bottom}},
+      Line{FrameLine::kInnerVertical, {middleX, box.top}, {middleX, box.bottom}},
+      Line{FrameLine::kRight, {box.right, box.top}, {box.right, box.bottom}},
+  };
+  FillSolid(deviceContext, area, RGB(255, 255, 255));
+  const OwnedPen shown(::CreatePen(PS_SOLID, 1, RGB(0, 0, 0)));
+  const OwnedPen hidden(::CreatePen(PS_DOT, 1, RGB(192, 192, 192)));
+  for (const Line& line : all) {
+    const SelectedObject pen(deviceContext, lines[line.kind] != 0 ? shown.get() : hidden.get());
+    ::MoveToEx(deviceContext, line.from.x, line.from.y, nullptr);
+    ::LineTo(deviceContext, line.to.x, line.to.y);
+  }
+}
 
 CStringArray FieldNames() {
   CStringArray names;
@@ -97,6 +149,10 @@ struct SizesInHand {
   float second = 5.0F;
 };
 
+bool IsLength(float length) {
+  return std::isfinite(length) && length >= 0;
+}
+
 /// Leads a list so many entries down.
 void GoDown(HWND dialog, int id, int entries) {
   const HWND list = Control(dialog, id);
@@ -113,9 +169,17 @@ Exhibit RuledLinesExhibit() {
   const auto setUp = [hand] { hand->BeginAnew(); };
   return {
       .name = "layout-frame-edit",
+      .group = Group::kFormParts,
       .entry = L"CLayoutFrameEditDlg",
-      .label = L"罫線編集(&K)",
+      .label = L"罫線(&K)",
+      .shown = [] { return std::wstring(L"選択したセル 2 × 2"); },
       .value = [hand] { return hand->Text(); },
+      .kept = {.bytes = [hand] { return BytesOfPage(hand->page); },
+               .restore = [hand](const Bytes& bytes) { return hand->Restore(bytes); }},
+      .preview = [hand](HDC deviceContext,
+                        const RECT& area) { DrawLines(deviceContext, CRect(area), hand->page); },
+      .previewLines = 4,
+      .previewColumns = 4,
       .run =
           [hand](const RunOptions&) {
             CLayoutFrameEditDlg dialog(nullptr, &hand->page, LinesInHand::kBlock, nullptr);
@@ -163,9 +227,18 @@ Exhibit FieldExhibit() {
       LR"( ref="金額" decimals=2 fixed=1 grouped=0>")";
   return {
       .name = "layout-field-edit",
+      .group = Group::kFormParts,
       .entry = L"CLayoutFieldEditDlg",
-      .label = L"ﾌｨｰﾙﾄﾞ設定(&G)",
+      .label = L"ﾌｨｰﾙﾄﾞ(&G)",
+      .shown = [hand] { return TextInWords(hand->macro); },
       .value = [hand] { return NamedText(L"macro", hand->macro); },
+      .kept = {.bytes = [hand] { return ByteWriter().PutText(hand->macro).Written(); },
+               .restore =
+                   [hand](const Bytes& bytes) {
+                     ByteReader reader(bytes);
+                     CString read;
+                     return reader.GetText(read) && reader.IsAtEnd() && (hand->macro = read, true);
+                   }},
       .run =
           [hand](const RunOptions&) {
             CLayoutFieldEditDlg dialog(&hand->names, hand->macro, nullptr);
@@ -207,12 +280,24 @@ Exhibit CelSizeExhibit() {
   const auto setUp = [hand] { *hand = {}; };
   return {
       .name = "layout-cel-size-edit",
+      .group = Group::kFormParts,
       .entry = L"CLayoutCelSizeEditDlg",
-      .label = L"ｾﾙｻｲｽﾞ編集(&J)",
+      .label = L"ｾﾙｻｲｽﾞ(&J)",
+      .shown =
+          [hand] { return Number(hand->first) + L" mm : " + Number(hand->second) + L" mm"; },
       .value =
           [hand] {
             return L"first=" + Number(hand->first) + L" second=" + Number(hand->second);
           },
+      .kept = {.bytes = [hand] { return ByteWriter().Put(*hand).Written(); },
+               .restore =
+                   [hand](const Bytes& bytes) {
+                     SizesInHand read;
+                     const bool isGood = bytes.size() == sizeof read &&
+                                         ByteReader(bytes).Get(read) && IsLength(read.first) &&
+                                         IsLength(read.second);
+                     return isGood && (*hand = read, true);
+                   }},
       .run =
           [hand](const RunOptions&) {
             CLayoutCelSizeEditDlg dialog(&hand->first, &hand->second);

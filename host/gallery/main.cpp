@@ -1,6 +1,6 @@
 // The gallery: a host program that shows what Quorvel has to offer.
 //
-//   quorvel-gallery                    a window with a button for every dialog
+//   quorvel-gallery                    the settings of a drawing, with a button for every dialog
 //   quorvel-gallery --tour FOLDER      works all dialogs by itself, pictures go to FOLDER
 //
 // Exit status: 0 all well, 1 the tour found something wrong, 2 wrong arguments.
@@ -46,7 +46,9 @@ int RunGallery(const std::vector<std::wstring>& arguments) {
   if (isTour) {
     return RunTour(gallery, arguments[1]) ? kWell : kWrong;
   }
+  gallery.LoadSettings();
   gallery.RunMessageLoop();
+  gallery.SaveSettings();
   return kWell;
 }
 

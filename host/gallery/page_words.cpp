@@ -160,4 +160,21 @@ std::wstring PageInWords(const CLayoutExPageData& page) {
   return words;
 }
 
+std::wstring PageInShort(const CLayoutPageData& page) {
+  CLayoutPageData copy = page;
+  const SheetBlock block(copy);
+  return std::to_wstring(block.Rows()) + L" 行　" + std::to_wstring(block.Cols()) + L" 列\n" +
+         Length(block.Width()) + L" × " + Length(block.Height()) + L" mm";
+}
+
+std::wstring PageInShort(const CLayoutExPageData& page) {
+  const auto rows = [&page](CLayoutExPageData::LISTTYPE block) {
+    return std::to_wstring(page.GetNumRow(block)) + L" 行";
+  };
+  return std::to_wstring(page.GetNumCol()) + L" 列　幅 " + Length(page.GetAllLengthCol()) +
+         L" mm\nヘッダー " + rows(CLayoutExPageData::LISTTYPE_HEADER) + L"\nリスト " +
+         rows(CLayoutExPageData::LISTTYPE_LIST) + L" × " + std::to_wstring(page.GetRepeatRow()) +
+         L"\nフッター " + rows(CLayoutExPageData::LISTTYPE_FOOTER);
+}
+
 }  // namespace quorvel::gallery

@@ -16,6 +16,10 @@ std::wstring PageInWords(const CLayoutPageData& page);
 /// left, right by their first letters.
 std::wstring PageInWords(const CLayoutExPageData& page);
 
+/// Counts and sizes, for a user.
+std::wstring PageInShort(const CLayoutPageData& page);
+std::wstring PageInShort(const CLayoutExPageData& page);
+
 /// A cell's text as a person wants to read it: a field macro by what it stands for, "[品名]" or
 /// "[合計 金額 3桁]", any other text as it is.
 std::wstring TextInWords(const CString& text);

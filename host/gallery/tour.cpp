@@ -5,6 +5,7 @@
 #include "driver/picture.h"
 #include "driver/text.h"
 
+#include <array>
 #include <cstdio>
 #include <functional>
 #include <string>
@@ -14,6 +15,17 @@
 namespace quorvel::gallery {
 
 namespace {
+
+/// The gallery's pages with their pictures.
+struct Page {
+  Group group;
+  const char* picture;
+};
+constexpr std::array kPages{Page{Group::kDrawing, "gallery.png"},
+                            Page{Group::kColours, "gallery-colours.png"},
+                            Page{Group::kLetters, "gallery-letters.png"},
+                            Page{Group::kForms, "gallery-forms.png"},
+                            Page{Group::kFormParts, "gallery-form-parts.png"}};
 
 void PrintLine(const std::wstring& line) {
   std::puts(driver::Utf8(line).c_str());
@@ -83,6 +95,19 @@ bool Visit(GalleryWindow& gallery, std::size_t index, const TourStop& stop,
   return difference.empty();
 }
 
+/// Whether the value comes back from what is kept of it, and nothing from what is no value.
+bool IsKept(const Exhibit& exhibit) {
+  const std::wstring before = exhibit.value();
+  Bytes kept = exhibit.kept.bytes();
+  const bool comesBack = exhibit.kept.restore(kept) && exhibit.value() == before;
+  kept.pop_back();
+  const bool isRefused = !exhibit.kept.restore(kept) && exhibit.value() == before;
+  if (!comesBack || !isRefused) {
+    PrintLine(L"FAILED " + exhibit.entry + L": its value is not kept");
+  }
+  return comesBack && isRefused;
+}
+
 }  // namespace
 
 bool RunTour(GalleryWindow& gallery, const std::filesystem::path& folder) {
@@ -97,9 +122,13 @@ bool RunTour(GalleryWindow& gallery, const std::filesystem::path& folder) {
       asExpected = Visit(gallery, index, stop, folder, picture) && asExpected;
       picture.clear();  // one of the first opening is enough
     }
+    asExpected = IsKept(exhibits[index]) && asExpected;
   }
-  driver::WaitFor(driver::SteadyOnScreen(driver::ThisWindow(gallery.Handle())));
-  TakePicture(gallery.Handle(), folder / "gallery.png");
+  for (const auto& [group, name] : kPages) {
+    gallery.ShowGroup(group);
+    driver::WaitFor(driver::SteadyOnScreen(driver::ThisWindow(gallery.Handle())));
+    TakePicture(gallery.Handle(), folder / name);
+  }
   return asExpected;
 }
 
