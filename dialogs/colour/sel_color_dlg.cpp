@@ -1,5 +1,6 @@
 #include "dialogs/colour/sel_color_dlg.h"
 
+#include "framework/control_names.h"
 #include "framework/data_exchange.h"
 
 #include <array>
@@ -37,6 +38,7 @@ BOOL CSelColorDlg::OnInitDialog() {
   for (int page = 0; page < kPageCount; ++page) {
     m_tab.InsertItem(page, kTabTexts[static_cast<std::size_t>(page)]);
   }
+  quorvel::NameControls(m_hWnd, {{IDC_COLOUR_TABS, L"色の選び方"}});
   if (!CreatePages()) {
     EndDialog(-1);
     return FALSE;

@@ -1,6 +1,7 @@
 #include "dialogs/input/check_list_dlg.h"
 
 #include "dialogs/input/check_list_layout.h"
+#include "framework/control_names.h"
 #include "framework/data_exchange.h"
 #include "framework/device_context.h"
 
@@ -37,6 +38,7 @@ BOOL CCheckListDlg::OnInitDialog() {
     return FALSE;
   }
   SetWindowText(*m_pTitle);
+  quorvel::NameControls(m_hWnd, {{IDC_CHECK_LIST, L"項目の一覧"}});
 
   const TEXTMETRICW font = CClientDC(&m_listCtrl).GetTextMetrics();
   const quorvel::CheckListMeasures measures{.widestName = WidestName(),

@@ -65,6 +65,8 @@ private:
   void ReadPage();
   void ReadSizes();
   void ApplySizes();
+  /// For a screen reader.
+  void NameParts() const;
   void EnableUsed() const;
 
   CLayoutExPageData* m_pCallersPage;

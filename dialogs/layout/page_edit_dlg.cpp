@@ -3,6 +3,7 @@
 #include "dialogs/colour/sel_color_dlg.h"
 #include "dialogs/font/sel_font_ex_dlg.h"
 #include "framework/code_page.h"
+#include "framework/control_names.h"
 #include "framework/data_exchange.h"
 #include "framework/file_dialog.h"
 #include "framework/message_box.h"
@@ -108,6 +109,11 @@ BOOL CPageEditDlg::OnInitDialog() {
   m_btnTextArrow.SetBitmap(m_bmpArrow.get());
   m_btnBackArrow.SetBitmap(m_bmpArrow.get());
   FillInsertions();
+  quorvel::NameControls(m_hWnd, {{IDC_LAYOUT_TEXT_COLOUR, L"文字の色"},
+                                 {IDC_LAYOUT_TEXT_COLOUR_ARROW, L"文字の色を選ぶ"},
+                                 {IDC_LAYOUT_BACK_COLOUR, L"背景の色"},
+                                 {IDC_LAYOUT_BACK_COLOUR_ARROW, L"背景の色を選ぶ"},
+                                 {IDC_LAYOUT_INSERTION, L"ｾﾙに入れる項目"}});
   return TRUE;
 }
 
@@ -467,6 +473,7 @@ void CPageEditDlg::CreateCelTools(const CPoint& position) {
   m_celTools.CreateToolCtrl(this, quorvel::kToolStyle, m_settings.celTools.data(),
                             static_cast<int>(m_settings.celTools.size()), IDB_CELL_TOOLS, kImages,
                             position, 0, TRUE);
+  quorvel::NameControl(m_celTools.m_hWnd, L"ｾﾙの編集");
 }
 
 void CPageEditDlg::CreateFileTools(const CPoint& position, bool disabled) {
@@ -475,6 +482,7 @@ void CPageEditDlg::CreateFileTools(const CPoint& position, bool disabled) {
   constexpr int kCount = static_cast<int>(kTools.size());
   m_fileTools.CreateToolCtrl(this, quorvel::kToolStyle, kTools.data(), kCount, IDB_FILE_TOOLS,
                              kCount, position, 0, disabled ? TRUE : FALSE);
+  quorvel::NameControl(m_fileTools.m_hWnd, L"ﾚｲｱｳﾄのﾌｧｲﾙ");
 }
 
 void CPageEditDlg::RefreshCommands() {
@@ -528,6 +536,7 @@ bool CPageEditDlg::OpenTextEdit() {
   const HWND edit = m_pTextEdit->m_hWnd;
   // A new child lies below its siblings.
   ::SetWindowPos(edit, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  quorvel::NameControl(edit, L"ｾﾙのﾃｷｽﾄ");
   ::SendMessageW(edit, WM_SETFONT,
                  static_cast<WPARAM>(::SendMessageW(m_hWnd, WM_GETFONT, 0, 0)), TRUE);
   m_pTextEdit->SetWindowText(Block().CelAt(index)->GetText());
@@ -552,6 +561,7 @@ void CPageEditDlg::EndTextEdit() {
   m_bKeepsFocus = true;
   ::SetFocus(m_hWnd);
   m_bKeepsFocus = false;
+  quorvel::DropName(edit->m_hWnd);
   edit->DestroyWindow();
 }
 
