@@ -196,16 +196,29 @@ CPageView* CLayoutExEditDlg::ViewBeyond(int down) {
 }
 
 bool CLayoutExEditDlg::OnDoubleClicked(CPageView* view, const CPoint& /*point*/) {
-  if (view == nullptr) {
-    return false;
+  if (view != nullptr) {
+    OpenListEditor(*view);
   }
-  TakeView(*view);
+  return false;
+}
+
+bool CLayoutExEditDlg::OpenCurrentBlock() {
+  const std::size_t current = CurrentIndex();
+  const bool isUsed = current < kBlockCount && m_parts[current].use != 0;
+  if (CPageView* const view = isUsed ? CurrentView() : ViewBeyond(1)) {
+    EndTyping();
+    OpenListEditor(*view);
+  }
+  return true;
+}
+
+void CLayoutExEditDlg::OpenListEditor(CPageView& view) {
+  TakeView(view);
   CLayoutListEditDlg dialog(Host().env, this, &m_page, Fields(), Host().insertions, Host().numbers,
                             Host().dotsPerMm, CurrentBlock(), nullptr, nullptr);
   dialog.DoModal();
   OnPageChanged();
   OnTextGiven();
-  return false;
 }
 
 /// One scale for all: the smallest that any of them needs.

@@ -178,6 +178,7 @@ void CPageEditDlg::PassOn(UINT message, UINT flags, const CPoint& point) {
 
 void CPageEditDlg::OnLButtonDown(UINT flags, CPoint point) {
   EndTyping();
+  m_range.reset();
   m_bOpenedByDoubleClick = false;
   m_nToggledCel = -1;
   CPageView* const view = ViewAt(point);
@@ -358,17 +359,42 @@ void CPageEditDlg::DropReadOut() {
 // ---- The keyboard
 
 BOOL CPageEditDlg::PreTranslateMessage(MSG* message) {
-  if (message->message == WM_KEYDOWN && m_pTextEdit == nullptr) {
-    if (message->wParam == VK_F2) {
+  const bool mayBeOurs =
+      message->message == WM_KEYDOWN && m_pTextEdit == nullptr && m_drag == Drag::kNone;
+  return mayBeOurs && HandleKey(*message) ? TRUE : CKivDialog::PreTranslateMessage(message);
+}
+
+bool CPageEditDlg::HandleKey(const MSG& message) {
+  const bool onlyControl = IsPressed(VK_CONTROL) && !IsPressed(VK_MENU);
+  switch (message.wParam) {
+    case VK_F2:
       OpenTextEdit();
-      return TRUE;
-    }
-    if (MovesSelection(*message)) {
-      SelectNeighbour(message->wParam);
-      return TRUE;
-    }
+      return true;
+    case VK_F8:
+      SwitchRange();
+      return true;
+    case VK_RETURN:
+      return onlyControl && OpenCurrentBlock();
+    case 'O':
+      return onlyControl && RunFileCommand(IDM_OPEN_LAYOUT);
+    case 'S':
+      return onlyControl && RunFileCommand(IDM_SAVE_LAYOUT);
+    default:
+      break;
   }
-  return CKivDialog::PreTranslateMessage(message);
+  if (!MovesSelection(message)) {
+    return false;
+  }
+  HandleArrow(message.wParam);
+  return true;
+}
+
+bool CPageEditDlg::RunFileCommand(UINT command) {
+  if (m_fileTools.IsButtonEnabled(command) == FALSE) {
+    return false;
+  }
+  ::PostMessageW(m_hWnd, WM_COMMAND, command, 0);
+  return true;
 }
 
 /// Ctrl and an arrow key, unless they lead through the text of a field or open a list.
@@ -405,9 +431,65 @@ int CPageEditDlg::CelBeside(int down, int right) {
   return upwards ? quorvel::CelOfLastRow(Block(), col) : quorvel::CelOfFirstRow(Block(), col);
 }
 
-void CPageEditDlg::SelectNeighbour(WPARAM key) {
+void CPageEditDlg::HandleArrow(WPARAM key) {
   const int down = key == VK_DOWN ? 1 : key == VK_UP ? -1 : 0;
   const int right = key == VK_RIGHT ? 1 : key == VK_LEFT ? -1 : 0;
+  if (IsPressed(VK_SHIFT)) {
+    StepBorder(down, right);
+  } else if (!SelectRange(down, right)) {
+    SelectNeighbour(down, right);
+  }
+}
+
+void CPageEditDlg::SwitchRange() {
+  if (m_range) {
+    m_range.reset();
+  } else if (HasSelection()) {
+    const int first = quorvel::FirstSelectedCel(Block());
+    m_range = Range{first, first};
+  }
+}
+
+/// Cells may have been selected otherwise since.
+bool CPageEditDlg::IsRangeSelected() const {
+  const auto isSelected = [this](int index) {
+    const CLayoutCelData* const cel = Block().CelAt(index);
+    return cel != nullptr && cel->GetSelected() != 0;
+  };
+  return m_range && m_pView != nullptr && isSelected(m_range->anchor) && isSelected(m_range->end);
+}
+
+/// False where no range is being selected.
+bool CPageEditDlg::SelectRange(int down, int right) {
+  if (!IsRangeSelected()) {
+    m_range.reset();
+    return false;
+  }
+  m_range->end = quorvel::NeighbourCel(Block(), m_range->end, down, right);
+  CelList changed = quorvel::DeselectAll(Block());
+  const CelList selected =
+      quorvel::SelectCels(Block(), m_range->anchor, m_range->end, true);
+  changed.insert(changed.end(), selected.begin(), selected.end());
+  m_pView->InvalidateCels(changed);
+  RefreshCommands();
+  OnTextGiven();
+  return true;
+}
+
+void CPageEditDlg::StepBorder(int down, int right) {
+  if (!HasSelection()) {
+    return;
+  }
+  const std::optional<quorvel::BorderDrag> border =
+      quorvel::BorderBeyond(Block(), quorvel::FirstSelectedCel(Block()), down != 0);
+  if (border) {
+    quorvel::StoreLengths(*border, quorvel::SteppedLengths(*border, Block(), down + right),
+                          Block());
+    LayOutViews();
+  }
+}
+
+void CPageEditDlg::SelectNeighbour(int down, int right) {
   const int next = CelBeside(down, right);
   if (next < 0) {
     return;

@@ -273,6 +273,7 @@ std::wstring WithColor(const std::wstring& name, COLORREF color) {
 std::vector<NamedControl> NamesOfColourGrid() {
   std::vector<NamedControl> names;
   const auto colours = InitialGridColors();
+  names.reserve(kGridButtonCount);
   for (int index = 0; index < kGridButtonCount; ++index) {
     names.push_back({GridControlId(index), WithColor(IsMadeColor(index) ? L"作成色" : L"基本色",
                                                      colours[static_cast<std::size_t>(index)])});

@@ -3,6 +3,8 @@
 #include "driver/controls.h"
 #include "driver/text.h"
 
+#include <algorithm>
+#include <array>
 #include <cwchar>
 #include <ostream>
 
@@ -32,13 +34,11 @@ std::wstring WithoutAccessKey(const std::wstring& text) {
 }
 
 bool IsNamedByLabel(HWND control) {
-  for (const wchar_t* name : {L"Edit", L"ComboBox", L"ListBox", L"ScrollBar", L"SysListView32",
-                              L"SysTabControl32", L"SysTreeView32", L"msctls_trackbar32"}) {
-    if (IsOfClass(control, name)) {
-      return true;
-    }
-  }
-  return false;
+  constexpr std::array kClasses{L"Edit",          L"ComboBox",        L"ListBox",
+                                L"ScrollBar",     L"SysListView32",   L"SysTabControl32",
+                                L"SysTreeView32", L"msctls_trackbar32"};
+  return std::ranges::any_of(kClasses,
+                             [control](const wchar_t* name) { return IsOfClass(control, name); });
 }
 
 std::wstring LabelOf(HWND control) {
@@ -66,6 +66,7 @@ bool NeedsName(HWND control) {
   return ::IsWindowVisible(control) != FALSE && !isLabel && !IsGroupBox(control);
 }
 
+// NOLINTNEXTLINE(misc-no-recursion): pages stand in dialogs, and nothing in pages
 void AddControls(HWND dialog, std::vector<NamedControl>& controls) {
   for (HWND child = ::GetWindow(dialog, GW_CHILD); child != nullptr;
        child = ::GetWindow(child, GW_HWNDNEXT)) {

@@ -48,7 +48,7 @@ Outcome RunDataField() {
   }
   CLayoutFieldEditDlg dialog(&names, "", nullptr);
   const INT_PTR result = driver::RunWithProductResources(dialog);
-  return {result == IDOK, dialog.m_strMacro.IsEmpty() != FALSE};
+  return {result == IDOK, dialog.m_strMacro.IsEmpty()};
 }
 
 Outcome RunListEditor() {
