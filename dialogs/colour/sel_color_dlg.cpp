@@ -106,8 +106,12 @@ void CSelColorDlg::ShowPage(int page) {
   for (int each = 0; each < kPageCount; ++each) {
     ::ShowWindow(PageAt(each).m_hWnd, each == page ? SW_SHOWNA : SW_HIDE);
   }
-  if (::GetFocus() == m_hWnd) {
-    ::SetFocus(m_tab.m_hWnd);  // it was on the page that has gone
+  // A control of the page that has gone would keep the focus, and all keys to itself.
+  const HWND focus = ::GetFocus();
+  const bool lost = focus == m_hWnd || (::IsChild(m_hWnd, focus) != FALSE &&
+                                        ::IsWindowVisible(focus) == FALSE);
+  if (lost) {
+    ::SetFocus(m_tab.m_hWnd);
   }
 }
 
