@@ -39,7 +39,7 @@ inline void AddStops(HWND parent, std::vector<HWND>& stops) {
 inline std::vector<HWND> StopsFrom(HWND dialog, HWND first) {
   std::vector<HWND> stops;
   AddStops(dialog, stops);
-  std::ranges::rotate(stops, std::ranges::find(stops, first));
+  std::rotate(stops.begin(), std::ranges::find(stops, first), stops.end());
   return stops;
 }
 
