@@ -222,6 +222,14 @@ LRESULT CWnd::CallPreviousProc(UINT message, WPARAM wParam, LPARAM lParam) {
   return ::CallWindowProcW(m_previousProc, m_hWnd, message, wParam, lParam);
 }
 
+std::wstring CWnd::GivenText() {
+  std::wstring text(static_cast<std::size_t>(CallPreviousProc(WM_GETTEXTLENGTH, 0, 0)), L'\0');
+  const LRESULT length =
+      CallPreviousProc(WM_GETTEXT, text.size() + 1, reinterpret_cast<LPARAM>(text.data()));
+  text.resize(static_cast<std::size_t>(length));
+  return text;
+}
+
 BOOL CWnd::PreTranslateMessage(MSG* /*message*/) { return FALSE; }
 
 void CWnd::DoDataExchange(CDataExchange* /*pDX*/) {}

@@ -8,6 +8,8 @@
 #include "framework/geometry.h"
 #include "framework/message_map.h"
 
+#include <string>
+
 class CDataExchange;
 
 /// Attached to at most one window at a time, and a window to at most one object. Neither owns the
@@ -89,6 +91,8 @@ protected:
   bool HandleCommand(WPARAM wParam, LPARAM lParam);
   /// What the window's own procedure does with a message.
   LRESULT CallPreviousProc(UINT message, WPARAM wParam, LPARAM lParam);
+  /// The text that the window was given, whatever this object answers to WM_GETTEXT.
+  std::wstring GivenText();
   /// Moves values between members and controls.
   virtual void DoDataExchange(CDataExchange* pDX);
   /// The window is gone, the object detached from it: what belonged to the window can be deleted.

@@ -21,7 +21,8 @@ LRESULT CKivColorButton::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) 
   switch (message) {
     case WM_GETTEXTLENGTH:
     case WM_GETTEXT:
-      return quorvel::AnswerWithText(message, wParam, lParam, quorvel::SpokenColor(m_color));
+      return quorvel::AnswerWithText(message, wParam, lParam,
+                                     quorvel::Named(GivenText(), quorvel::SpokenColor(m_color)));
     case WM_ERASEBKGND:
       return TRUE;  // drawn whole, so nothing flickers
     default:

@@ -10,7 +10,8 @@
 
 /// Fills itself with its colour. The focus is marked by a black and a white frame, of which one
 /// stands out on any colour; a pressed button is sunken; a disabled one shows less of its colour.
-/// Its text, which a screen reader speaks, tells the colour: "赤 255 緑 0 青 0".
+/// Its text, which a screen reader speaks, is the one that it was given and the colour: "文字の色 赤 255
+/// 緑 0 青 0".
 class KIVFCL_API CKivColorButton : public CWnd {
 public:
   CKivColorButton() = default;

@@ -138,7 +138,8 @@ LRESULT CKivColorPaletteList::WindowProc(UINT message, WPARAM wParam, LPARAM lPa
     case WM_GETTEXT:
       return quorvel::AnswerWithText(
           message, wParam, lParam,
-          m_nCurSel >= 0 ? quorvel::SpokenColor(GetSelectColor()) : std::wstring());
+          quorvel::Named(GivenText(), m_nCurSel >= 0 ? quorvel::SpokenColor(GetSelectColor())
+                                                     : std::wstring()));
     case WM_GETDLGCODE:
       return DLGC_WANTARROWS;
     default:

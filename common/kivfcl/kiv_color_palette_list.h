@@ -31,8 +31,8 @@ enum : UINT {
 /// area; rows are scrolled whole. Selected by a click, and with the focus by the arrow keys, page
 /// keys, Home and End; the space bar takes the selected entry once more, as a click on it does. The
 /// wheel scrolls by as many rows as the user has set lines. The owner may destroy the list when it
-/// is told. Its text, which a screen reader speaks, tells the selected colour: "赤 255 緑 0 青 0".
-/// Indices count from 0.
+/// is told. Its text, which a screen reader speaks, is the one that it was given and the selected
+/// colour: "色の一覧 赤 255 緑 0 青 0". Indices count from 0.
 class KIVFCL_API CKivColorPaletteList : public CWnd {
 public:
   CKivColorPaletteList() = default;

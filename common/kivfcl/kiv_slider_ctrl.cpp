@@ -118,7 +118,8 @@ LRESULT CKivSliderCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_GETTEXTLENGTH:
     case WM_GETTEXT:
-      return quorvel::AnswerWithText(message, wParam, lParam, std::to_wstring(m_nPos));
+      return quorvel::AnswerWithText(message, wParam, lParam,
+                                     quorvel::Named(GivenText(), std::to_wstring(m_nPos)));
     default:
       return CWnd::WindowProc(message, wParam, lParam);
   }

@@ -54,7 +54,7 @@ using KIVCOLORCOMPONENTS = std::array<int, 4>;
 /// thumb there and drags it on; Escape during a drag takes it back to where it was. The owner is
 /// told of every change by the user, of none by the calls below; it may destroy the slider then. A
 /// drag tells every change and, if there was one, its end, however it ends. Its text, which a
-/// screen reader speaks, is the position.
+/// screen reader speaks, is the one that it was given and the position: "明るさ 128".
 class KIVFCL_API CKivSliderCtrl : public CWnd {
 public:
   CKivSliderCtrl() = default;

@@ -9,6 +9,10 @@ std::wstring SpokenColor(COLORREF color) {
          L" 青 " + std::to_wstring(GetBValue(color));
 }
 
+std::wstring Named(const std::wstring& name, const std::wstring& value) {
+  return name.empty() || value.empty() ? name + value : name + L" " + value;
+}
+
 LRESULT AnswerWithText(UINT message, WPARAM wParam, LPARAM lParam, const std::wstring& text) {
   if (message == WM_GETTEXTLENGTH) {
     return static_cast<LRESULT>(text.size());

@@ -1,5 +1,7 @@
 #include "dialogs/colour/edit_color.h"
 
+#include "framework/code_page.h"
+#include "framework/control_names.h"
 #include "framework/number_text.h"
 #include "framework/wide_font.h"
 #include "kivfcl/display_rate.h"
@@ -55,6 +57,7 @@ void CEditColor::CreateControls() {
   m_cmbModel.CreateChild(L"ComboBox", 0, CBS_DROPDOWNLIST | WS_TABSTOP | WS_VISIBLE,
                          m_layout.model, this, kColorModelId);
   SetControlFont(m_cmbModel);
+  quorvel::NameControl(m_cmbModel.m_hWnd, L"色の表し方");
   m_cmbModel.ResetContent();
   for (const quorvel::ColorModelTexts& texts : kColorModelTexts) {
     m_cmbModel.AddString(texts.name);
@@ -99,7 +102,11 @@ void CEditColor::EnterModel(ColorModel model) {
     for (const HWND control : {label.m_hWnd, slider.m_hWnd, edit.m_hWnd}) {
       ::ShowWindow(control, show);
     }
-    label.SetWindowText(names[static_cast<std::size_t>(row)]);
+    const char* const name = names[static_cast<std::size_t>(row)];
+    label.SetWindowText(name);
+    for (const HWND control : {slider.m_hWnd, edit.m_hWnd}) {
+      quorvel::NameControl(control, quorvel::WideFromCodePage(name).c_str());
+    }
     slider.SetRange(0, m_edited.Highest(row));
   }
   ShowComponents();

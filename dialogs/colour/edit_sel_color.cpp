@@ -1,8 +1,10 @@
 #include "dialogs/colour/edit_sel_color.h"
 
+#include "framework/control_names.h"
 #include "framework/device_context.h"
 #include "kivcomm/color_models.h"
 #include "kivfcl/display_rate.h"
+#include "kivfcl/spoken_text.h"
 
 #include <algorithm>
 
@@ -53,6 +55,7 @@ BOOL CEditSelColor::OnInitDialog() {
                       this, IDC_COLOUR_FIELD);
   m_slider.Create(WS_VISIBLE | WS_TABSTOP, sliderRect, this, IDC_COLOUR_BRIGHTNESS,
                   KIVSLIDER_UPRIGHT);
+  quorvel::NameControl(m_slider.m_hWnd, L"明るさ");
   m_slider.SetRange(0, kHighestComponent);
   m_slider.SetPos(m_values.brightness);
   ShowGradation();
@@ -176,6 +179,9 @@ void CEditSelColor::PaintField(const CWnd& field) const {
 
 LRESULT CEditSelColor::Field::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
+    case WM_GETTEXTLENGTH:
+    case WM_GETTEXT:
+      return quorvel::AnswerWithText(message, wParam, lParam, SpokenText());
     case WM_GETDLGCODE:
       return DLGC_WANTARROWS;
     case WM_KEYDOWN:
@@ -192,6 +198,11 @@ LRESULT CEditSelColor::Field::WindowProc(UINT message, WPARAM wParam, LPARAM lPa
     default:
       return CWnd::WindowProc(message, wParam, lParam);
   }
+}
+
+std::wstring CEditSelColor::Field::SpokenText() const {
+  return L"色相 " + std::to_wstring(m_page.m_values.hue) + L" 彩度 " +
+         std::to_wstring(m_page.m_values.saturation);
 }
 
 bool CEditSelColor::Field::OnKey(WPARAM key) {

@@ -36,7 +36,7 @@ protected:
 private:
   /// Shows the picture and the marker. The mouse goes through to the page, the keys come here:
   /// arrows step hue and saturation, by ten with the control key; Home, End and the page keys lead to
-  /// the edges.
+  /// the edges. Its text, which a screen reader speaks, tells both: "色相 120 彩度 80".
   class Field : public CWnd {
   public:
     explicit Field(CEditSelColor& page) : m_page(page) {}
@@ -45,6 +45,7 @@ private:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
   private:
+    std::wstring SpokenText() const;
     bool OnKey(WPARAM key);
 
     CEditSelColor& m_page;

@@ -1,5 +1,6 @@
 #include "dialogs/colour/sel_color_dlg.h"
 
+#include "framework/control_names.h"
 #include "framework/data_exchange.h"
 
 #include <array>
@@ -37,6 +38,7 @@ BOOL CSelColorDlg::OnInitDialog() {
   for (int page = 0; page < kPageCount; ++page) {
     m_tab.InsertItem(page, kTabTexts[static_cast<std::size_t>(page)]);
   }
+  quorvel::NameControls(m_hWnd, {{IDC_COLOUR_TABS, L"色の選び方"}});
   if (!CreatePages()) {
     EndDialog(-1);
     return FALSE;
@@ -104,8 +106,12 @@ void CSelColorDlg::ShowPage(int page) {
   for (int each = 0; each < kPageCount; ++each) {
     ::ShowWindow(PageAt(each).m_hWnd, each == page ? SW_SHOWNA : SW_HIDE);
   }
-  if (::GetFocus() == m_hWnd) {
-    ::SetFocus(m_tab.m_hWnd);  // it was on the page that has gone
+  // A control of the page that has gone would keep the focus, and all keys to itself.
+  const HWND focus = ::GetFocus();
+  const bool lost = focus == m_hWnd || (::IsChild(m_hWnd, focus) != FALSE &&
+                                        ::IsWindowVisible(focus) == FALSE);
+  if (lost) {
+    ::SetFocus(m_tab.m_hWnd);
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include "dialogs/colour/edit_color_dlg.h"
 #include "dialogs/colour/sel_color_dlg.h"
+#include "framework/control_names.h"
 #include "framework/device_context.h"
 #include "framework/message_box.h"
 #include "kivdata/made_colours.h"
@@ -40,6 +41,7 @@ BOOL CSelColorList::OnInitDialog() {
   ::DestroyWindow(GetDlgItem(IDC_PALETTE));  // the palette itself has this identifier
   m_palette.Create(WS_VISIBLE | WS_TABSTOP | KIVPALETTE_SCROLL | KIVPALETTE_NOTIFY, place, this,
                    IDC_PALETTE);
+  quorvel::NameControl(m_palette.m_hWnd, L"色の一覧");
   SetColor(m_color);
   return TRUE;
 }

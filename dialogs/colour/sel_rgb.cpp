@@ -1,5 +1,6 @@
 #include "dialogs/colour/sel_rgb.h"
 
+#include "framework/control_names.h"
 #include "framework/module_state.h"
 #include "framework/number_text.h"
 #include "kivfcl/display_pixels.h"
@@ -73,6 +74,7 @@ BOOL CSelRGB::OnInitDialog() {
       ::LoadImageW(AfxGetResourceHandle(), MAKEINTRESOURCEW(IDB_HUE_SATURATION), IMAGE_BITMAP,
                    size.cx, size.cy, LR_DEFAULTCOLOR)));
 
+  NameFields();
   const Changing changing(*this);
   for (const int bar : kBars) {
     ::SetScrollRange(GetDlgItem(bar), SB_CTL, 0, kHighestPosition, FALSE);
@@ -88,6 +90,16 @@ BOOL CSelRGB::OnInitDialog() {
   ShowBrightness(values.brightness);
   m_ptMarker = quorvel::MarkerOfValues(values, size);
   return TRUE;
+}
+
+void CSelRGB::NameFields() const {
+  quorvel::NameControls(m_hWnd, {{IDC_PICKER_FIELD, L"色合いと鮮やかさ"},
+                                 {IDC_PICKER_BAR, L"明るさの帯"},
+                                 {IDC_PICKER_BAR_SCROLL, L"明るさの調整"},
+                                 {IDC_PICKER_SWATCH, L"現在の色の見本"},
+                                 {IDC_PICKER_HUE_SPIN, L"色合いの調整"},
+                                 {IDC_PICKER_SATURATION_SPIN, L"鮮やかさの調整"},
+                                 {IDC_PICKER_BRIGHTNESS_SPIN, L"明るさの調整"}});
 }
 
 void CSelRGB::OnOK() {

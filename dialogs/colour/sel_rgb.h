@@ -65,6 +65,8 @@ private:
   void ShowHue(int hue);
   void ShowSaturation(int saturation);
   void ShowBrightness(int brightness);
+  /// For a screen reader.
+  void NameFields() const;
   void Repaint(int controlId) const;
   void RepaintAll() const;
 

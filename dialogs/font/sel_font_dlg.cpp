@@ -2,6 +2,7 @@
 
 #include "dialogs/colour/sel_color.h"
 #include "dialogs/font/font_rules.h"
+#include "framework/control_names.h"
 #include "framework/data_exchange.h"
 #include "framework/module_state.h"
 
@@ -123,6 +124,8 @@ BOOL CSelFontDlg::OnInitDialog() {
     SetWindowText(m_pszTitle);
   }
   m_pColorBtn = MakeColorButton(IDC_FONT_COLOUR, m_cf.rgbColors);
+  quorvel::NameControls(
+      m_hWnd, {{IDC_FONT_STRIKE_TYPE, L"取り消し線の種類"}, {IDC_FONT_COLOUR, L"文字の色"}});
   DisableMasked(quorvel::kFontControls);
   return TRUE;
 }

@@ -1,6 +1,7 @@
 #include "dialogs/font/sel_font_ex_dlg.h"
 
 #include "dialogs/font/font_rules.h"
+#include "framework/control_names.h"
 #include "framework/data_exchange.h"
 
 #include <initializer_list>
@@ -56,6 +57,7 @@ void CSelFontExDlg::DoDataExchange(CDataExchange* pDX) {
 BOOL CSelFontExDlg::OnInitDialog() {
   CSelFontDlg::OnInitDialog();
   m_pBackColorBtn = MakeColorButton(IDC_FONT_BACK_COLOUR, m_colorBack);
+  quorvel::NameControls(m_hWnd, {{IDC_FONT_BACK_COLOUR, L"背景の色"}});
   Fill(m_cmbVPos, {"上寄せ", "中央", "下寄せ"}, m_nVPos);
   Fill(m_cmbHPos, {"左寄せ", "中央", "右寄せ"}, m_nHPos);
   DisableMasked(quorvel::kExFontControls);

@@ -1,5 +1,6 @@
 #include "dialogs/input/check_list_dlg.h"
 
+#include "framework/control_names.h"
 #include "framework/data_exchange.h"
 #include "framework/device_context.h"
 #include "kivfcl/display_rate.h"
@@ -37,6 +38,7 @@ BOOL CCheckListDlg::OnInitDialog() {
     return FALSE;
   }
   SetWindowText(*m_pTitle);
+  quorvel::NameControls(m_hWnd, {{IDC_CHECK_LIST, L"項目の一覧"}});
 
   const TEXTMETRICW font = CClientDC(&m_listCtrl).GetTextMetrics();
   const quorvel::CheckListMeasures measures{.widestName = WidestName(),

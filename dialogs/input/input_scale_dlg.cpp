@@ -1,6 +1,7 @@
 #include "dialogs/input/input_scale_dlg.h"
 
 #include "dialogs/input/scale_field.h"
+#include "framework/control_names.h"
 #include "framework/data_exchange.h"
 
 CInputScaleDlg::CInputScaleDlg(CWnd* parent) : CKivDialog(IDD_INPUT_SCALE, parent) {}
@@ -27,6 +28,7 @@ void CInputScaleDlg::DoDataExchange(CDataExchange* pDX) {
 BOOL CInputScaleDlg::OnInitDialog() {
   CKivDialog::OnInitDialog();
   SetWindowText(m_strTitle);
+  quorvel::NameControls(m_hWnd, {{IDC_INPUT_VALUE, L"縮尺 1 /"}});
   MoveToCallersPosition(m_pPosition);
   return TRUE;
 }

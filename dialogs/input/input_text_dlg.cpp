@@ -1,5 +1,7 @@
 #include "dialogs/input/input_text_dlg.h"
 
+#include "framework/code_page.h"
+#include "framework/control_names.h"
 #include "framework/data_exchange.h"
 
 CInputTextDlg::CInputTextDlg(const char* title, const char* comment, const char* text,
@@ -19,6 +21,11 @@ void CInputTextDlg::DoDataExchange(CDataExchange* pDX) {
 BOOL CInputTextDlg::OnInitDialog() {
   CKivDialog::OnInitDialog();
   SetWindowText(m_strTitle);
+  if (m_strComment.IsEmpty()) {
+    // Otherwise the comment is the name.
+    quorvel::NameControls(
+        m_hWnd, {{IDC_INPUT_VALUE, quorvel::WideFromCodePage(m_strTitle.View()).c_str()}});
+  }
   MoveToCallersPosition(m_pPosition);
   constexpr WPARAM kNoLimit = 0;
   ::SendDlgItemMessageW(m_hWnd, IDC_INPUT_VALUE, EM_SETLIMITTEXT, kNoLimit, 0);

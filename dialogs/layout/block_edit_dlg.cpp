@@ -3,6 +3,7 @@
 #include "dialogs/layout/layout_cel_size_edit_dlg.h"
 #include "dialogs/layout/layout_field_edit_dlg.h"
 #include "dialogs/layout/layout_frame_edit_dlg.h"
+#include "framework/control_names.h"
 #include "framework/data_exchange.h"
 #include "framework/message_box.h"
 #include "kivfcl/display_rate.h"
@@ -47,6 +48,7 @@ BOOL CBlockEditDlg::OnInitDialog() {
   }
   const CRect line = GetDlgItemRect(IDC_LAYOUT_TEXT_LINE);
   CreateCelTools({line.left, line.top - quorvel::DisplayPixels(kToolsAboveLine)});
+  quorvel::NameControls(m_hWnd, {{IDC_LAYOUT_TEXT_LINE, L"選択したｾﾙのﾃｷｽﾄ"}});
   return TRUE;
 }
 

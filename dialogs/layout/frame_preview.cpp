@@ -2,6 +2,7 @@
 
 #include "framework/device_context.h"
 #include "kivfcl/display_rate.h"
+#include "kivfcl/spoken_text.h"
 
 using quorvel::FrameLine;
 using quorvel::FrameSegment;
@@ -39,6 +40,13 @@ private:
 BEGIN_MESSAGE_MAP(CFramePreview, CStatic)
   ON_WM_PAINT(&CFramePreview::OnPaint)
 END_MESSAGE_MAP()
+
+LRESULT CFramePreview::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_GETTEXTLENGTH || message == WM_GETTEXT) {
+    return quorvel::AnswerWithText(message, wParam, lParam, L"罫線の見本");
+  }
+  return CStatic::WindowProc(message, wParam, lParam);
+}
 
 CRect CFramePreview::Area() const { return GetClientRect().Grown(kMargin, kMargin); }
 

@@ -18,6 +18,8 @@ public:
   void Draw() const;
 
 protected:
+  /// A control of its kind keeps no text: this one names itself to a screen reader.
+  LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
   void OnPaint();
 
   DECLARE_MESSAGE_MAP()

@@ -1,5 +1,6 @@
 #include "dialogs/layout/layout_cel_size_edit_dlg.h"
 
+#include "framework/control_names.h"
 #include "framework/message_box.h"
 
 #include <optional>
@@ -19,6 +20,9 @@ BOOL CLayoutCelSizeEditDlg::OnInitDialog() {
   CKivDialog::OnInitDialog();
   SetDlgItemText(IDC_CEL_SIZE_FIRST, quorvel::CelSizeText(*m_pFirst));
   SetDlgItemText(IDC_CEL_SIZE_SECOND, quorvel::CelSizeText(*m_pSecond));
+  // Of a column's border, or of a row's.
+  quorvel::NameControls(m_hWnd, {{IDC_CEL_SIZE_FIRST, L"左または上の長さ"},
+                                 {IDC_CEL_SIZE_SECOND, L"右または下の長さ"}});
   return TRUE;
 }
 

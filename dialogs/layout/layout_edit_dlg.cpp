@@ -1,6 +1,7 @@
 #include "dialogs/layout/layout_edit_dlg.h"
 
 #include "dialogs/layout/size_fields.h"
+#include "framework/control_names.h"
 #include "kivfcl/display_rate.h"
 
 #include <array>
@@ -83,10 +84,12 @@ BOOL CLayoutEditDlg::OnInitDialog() {
       ::ShowWindow(GetDlgItem(id), SW_HIDE);
     }
     m_lines.Init(this);
+    CPageLines::Name(this);
   } else {
     m_lines.Hide(this);
   }
   m_view.Attach(IDC_LAYOUT_IMAGE, this);
+  quorvel::NameControl(m_view.m_hWnd, L"ﾚｲｱｳﾄのｲﾒｰｼﾞ");
   const CRect& image = m_view.DialogArea();
   const int top = image.top - quorvel::DisplayPixels(kToolsAboveImage);
   CreateCelTools({image.left, top});

@@ -2,6 +2,7 @@
 
 #include "dialogs/layout/layout_list_edit_dlg.h"
 #include "dialogs/layout/size_fields.h"
+#include "framework/control_names.h"
 #include "kivfcl/display_rate.h"
 
 #include <algorithm>
@@ -116,6 +117,8 @@ void CLayoutExEditDlg::DoDataExchange(CDataExchange* pDX) {
 BOOL CLayoutExEditDlg::OnInitDialog() {
   CBlockEditDlg::OnInitDialog();
   m_lines.Init(this);
+  CPageLines::Name(this);
+  NameParts();
   for (std::size_t i = 0; i < kBlockCount; ++i) {
     m_parts[i].view.Attach(static_cast<UINT>(kPartIds[i].image), this);
   }
@@ -129,6 +132,20 @@ BOOL CLayoutExEditDlg::OnInitDialog() {
   RefreshCommands();
   MoveToCallersPosition(Host().position);
   return TRUE;
+}
+
+/// Labels alike stand beside the fields of each block.
+void CLayoutExEditDlg::NameParts() const {
+  quorvel::NameControls(m_hWnd, {{IDC_HEADER_HEIGHT, L"ﾍｯﾀﾞｰの高さ"},
+                                 {IDC_HEADER_ROWS, L"ﾍｯﾀﾞｰの行数"},
+                                 {IDC_HEADER_IMAGE, L"ﾍｯﾀﾞｰのｲﾒｰｼﾞ"},
+                                 {IDC_LIST_HEIGHT, L"ﾘｽﾄの高さ"},
+                                 {IDC_LIST_ROWS, L"ﾘｽﾄの行数"},
+                                 {IDC_LIST_REPEAT, L"ﾘｽﾄの回数"},
+                                 {IDC_LIST_IMAGE, L"ﾘｽﾄのｲﾒｰｼﾞ"},
+                                 {IDC_FOOTER_HEIGHT, L"ﾌｯﾀｰの高さ"},
+                                 {IDC_FOOTER_ROWS, L"ﾌｯﾀｰの行数"},
+                                 {IDC_FOOTER_IMAGE, L"ﾌｯﾀｰのｲﾒｰｼﾞ"}});
 }
 
 // ---- Views
@@ -182,16 +199,29 @@ CPageView* CLayoutExEditDlg::ViewBeyond(int down) {
 }
 
 bool CLayoutExEditDlg::OnDoubleClicked(CPageView* view, const CPoint& /*point*/) {
-  if (view == nullptr) {
-    return false;
+  if (view != nullptr) {
+    OpenListEditor(*view);
   }
-  TakeView(*view);
+  return false;
+}
+
+bool CLayoutExEditDlg::OpenCurrentBlock() {
+  const std::size_t current = CurrentIndex();
+  const bool isUsed = current < kBlockCount && m_parts[current].use != 0;
+  if (CPageView* const view = isUsed ? CurrentView() : ViewBeyond(1)) {
+    EndTyping();
+    OpenListEditor(*view);
+  }
+  return true;
+}
+
+void CLayoutExEditDlg::OpenListEditor(CPageView& view) {
+  TakeView(view);
   CLayoutListEditDlg dialog(Host().env, this, &m_page, Fields(), Host().insertions, Host().numbers,
                             Host().dotsPerMm, CurrentBlock(), nullptr, nullptr);
   dialog.DoModal();
   OnPageChanged();
   OnTextGiven();
-  return false;
 }
 
 /// One scale for all: the smallest that any of them needs.

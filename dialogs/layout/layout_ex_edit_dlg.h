@@ -28,6 +28,8 @@ protected:
   void TakeView(CPageView& view) override;
   CPageView* ViewBeyond(int down) override;
   bool OnDoubleClicked(CPageView* view, const CPoint& point) override;
+  /// Of the current block, or of the first that is used.
+  bool OpenCurrentBlock() override;
   void LayOutViews() override;
   void OnFieldsRead() override;
   bool OpenPage(const std::wstring& path) override;
@@ -65,6 +67,9 @@ private:
   void ReadPage();
   void ReadSizes();
   void ApplySizes();
+  void OpenListEditor(CPageView& view);
+  /// For a screen reader.
+  void NameParts() const;
   void EnableUsed() const;
 
   CLayoutExPageData* m_pCallersPage;

@@ -1,6 +1,7 @@
 #include "dialogs/layout/layout_field_edit_dlg.h"
 
 #include "framework/code_page.h"
+#include "framework/control_names.h"
 #include "framework/data_exchange.h"
 #include "framework/message_box.h"
 
@@ -40,6 +41,11 @@ BOOL CLayoutFieldEditDlg::OnInitDialog() {
   LoadInfo();
   EnableForType();
   EnableDecimals();
+  quorvel::NameControls(m_hWnd, {{IDC_FIELD_FIRST, L"ﾌｨｰﾙﾄﾞ1"},
+                                 {IDC_FIELD_COMPARISON, L"条件の比較"},
+                                 {IDC_FIELD_VALUE, L"条件の値"},
+                                 {IDC_FIELD_SECOND, L"ﾌｨｰﾙﾄﾞ2"},
+                                 {IDC_FIELD_DECIMALS, L"小数点以下の桁数"}});
   MoveToCallersPosition(m_pPosition);
   return TRUE;
 }

@@ -1,6 +1,7 @@
 #include "dialogs/layout/layout_frame_edit_dlg.h"
 
 #include "dialogs/colour/sel_color.h"
+#include "framework/control_names.h"
 #include "framework/data_exchange.h"
 #include "kivfcl/display_bitmap.h"
 
@@ -67,6 +68,7 @@ BOOL CLayoutFrameEditDlg::OnInitDialog() {
   ::EnableWindow(GetDlgItem(IDC_LINE_INNER_VERTICAL), m_lines.multiColumn);
   ShowLines();
   m_btnColor.Recolor(m_colorLine);
+  quorvel::NameControls(m_hWnd, {{IDC_FRAME_COLOUR, L"線の色"}});
   MoveToCallersPosition(m_pPosition);
   return TRUE;
 }

@@ -1,5 +1,6 @@
 #include "dialogs/layout/layout_list_edit_dlg.h"
 
+#include "framework/control_names.h"
 #include "framework/data_exchange.h"
 
 namespace {
@@ -32,6 +33,7 @@ void CLayoutListEditDlg::DoDataExchange(CDataExchange* pDX) {
 BOOL CLayoutListEditDlg::OnInitDialog() {
   CBlockEditDlg::OnInitDialog();
   m_view.Attach(IDC_BLOCK_IMAGE, this);
+  quorvel::NameControl(m_view.m_hWnd, L"ﾚｲｱｳﾄのｲﾒｰｼﾞ");
   m_view.SetFixedTextHeight(m_nRealText == 0);
   LayOutViews();
   RefreshCommands();

@@ -2,6 +2,7 @@
 
 #include "dialogs/colour/sel_color.h"
 #include "dialogs/layout/size_fields.h"
+#include "framework/control_names.h"
 
 #include <array>
 
@@ -76,6 +77,15 @@ void CPageLines::Exchange(CDataExchange* pDX) {
 void CPageLines::Init(CWnd* dialog) {
   m_outer.Init(dialog);
   m_inner.Init(dialog);
+}
+
+void CPageLines::Name(const CWnd* dialog) {
+  quorvel::NameControls(dialog->m_hWnd, {{IDC_OUTER_LINE_TYPE, L"外側の線の種類"},
+                                         {IDC_OUTER_LINE_COLOUR, L"外側の線の色"},
+                                         {IDC_OUTER_LINE_WIDTH, L"外側の線の幅"},
+                                         {IDC_INNER_LINE_TYPE, L"内側の線の種類"},
+                                         {IDC_INNER_LINE_COLOUR, L"内側の線の色"},
+                                         {IDC_INNER_LINE_WIDTH, L"内側の線の幅"}});
 }
 
 void CPageLines::Hide(CWnd* dialog) const {

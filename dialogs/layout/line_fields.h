@@ -59,6 +59,8 @@ public:
   }
   void Exchange(CDataExchange* pDX);
   void Init(CWnd* dialog);
+  /// For a screen reader; once, in OnInitDialog.
+  static void Name(const CWnd* dialog);
   void Hide(CWnd* dialog) const;
   void EnableByCheck(const CWnd* dialog) const;
   /// Of the line that has the button.

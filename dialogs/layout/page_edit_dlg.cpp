@@ -3,6 +3,7 @@
 #include "dialogs/colour/sel_color_dlg.h"
 #include "dialogs/font/sel_font_ex_dlg.h"
 #include "framework/code_page.h"
+#include "framework/control_names.h"
 #include "framework/data_exchange.h"
 #include "framework/file_dialog.h"
 #include "framework/message_box.h"
@@ -107,6 +108,11 @@ BOOL CPageEditDlg::OnInitDialog() {
   m_btnTextArrow.SetBitmap(m_bmpArrow.get());
   m_btnBackArrow.SetBitmap(m_bmpArrow.get());
   FillInsertions();
+  quorvel::NameControls(m_hWnd, {{IDC_LAYOUT_TEXT_COLOUR, L"文字の色"},
+                                 {IDC_LAYOUT_TEXT_COLOUR_ARROW, L"文字の色を選ぶ"},
+                                 {IDC_LAYOUT_BACK_COLOUR, L"背景の色"},
+                                 {IDC_LAYOUT_BACK_COLOUR_ARROW, L"背景の色を選ぶ"},
+                                 {IDC_LAYOUT_INSERTION, L"ｾﾙに入れる項目"}});
   return TRUE;
 }
 
@@ -171,6 +177,7 @@ void CPageEditDlg::PassOn(UINT message, UINT flags, const CPoint& point) {
 
 void CPageEditDlg::OnLButtonDown(UINT flags, CPoint point) {
   EndTyping();
+  m_range.reset();
   m_bOpenedByDoubleClick = false;
   m_nToggledCel = -1;
   CPageView* const view = ViewAt(point);
@@ -351,17 +358,42 @@ void CPageEditDlg::DropReadOut() {
 // ---- The keyboard
 
 BOOL CPageEditDlg::PreTranslateMessage(MSG* message) {
-  if (message->message == WM_KEYDOWN && m_pTextEdit == nullptr) {
-    if (message->wParam == VK_F2) {
+  const bool mayBeOurs =
+      message->message == WM_KEYDOWN && m_pTextEdit == nullptr && m_drag == Drag::kNone;
+  return mayBeOurs && HandleKey(*message) ? TRUE : CKivDialog::PreTranslateMessage(message);
+}
+
+bool CPageEditDlg::HandleKey(const MSG& message) {
+  const bool onlyControl = IsPressed(VK_CONTROL) && !IsPressed(VK_MENU);
+  switch (message.wParam) {
+    case VK_F2:
       OpenTextEdit();
-      return TRUE;
-    }
-    if (MovesSelection(*message)) {
-      SelectNeighbour(message->wParam);
-      return TRUE;
-    }
+      return true;
+    case VK_F8:
+      SwitchRange();
+      return true;
+    case VK_RETURN:
+      return onlyControl && OpenCurrentBlock();
+    case 'O':
+      return onlyControl && RunFileCommand(IDM_OPEN_LAYOUT);
+    case 'S':
+      return onlyControl && RunFileCommand(IDM_SAVE_LAYOUT);
+    default:
+      break;
   }
-  return CKivDialog::PreTranslateMessage(message);
+  if (!MovesSelection(message)) {
+    return false;
+  }
+  HandleArrow(message.wParam);
+  return true;
+}
+
+bool CPageEditDlg::RunFileCommand(UINT command) {
+  if (m_fileTools.IsButtonEnabled(command) == FALSE) {
+    return false;
+  }
+  ::PostMessageW(m_hWnd, WM_COMMAND, command, 0);
+  return true;
 }
 
 /// Ctrl and an arrow key, unless they lead through the text of a field or open a list.
@@ -398,9 +430,65 @@ int CPageEditDlg::CelBeside(int down, int right) {
   return upwards ? quorvel::CelOfLastRow(Block(), col) : quorvel::CelOfFirstRow(Block(), col);
 }
 
-void CPageEditDlg::SelectNeighbour(WPARAM key) {
+void CPageEditDlg::HandleArrow(WPARAM key) {
   const int down = key == VK_DOWN ? 1 : key == VK_UP ? -1 : 0;
   const int right = key == VK_RIGHT ? 1 : key == VK_LEFT ? -1 : 0;
+  if (IsPressed(VK_SHIFT)) {
+    StepBorder(down, right);
+  } else if (!SelectRange(down, right)) {
+    SelectNeighbour(down, right);
+  }
+}
+
+void CPageEditDlg::SwitchRange() {
+  if (m_range) {
+    m_range.reset();
+  } else if (HasSelection()) {
+    const int first = quorvel::FirstSelectedCel(Block());
+    m_range = Range{first, first};
+  }
+}
+
+/// Cells may have been selected otherwise since.
+bool CPageEditDlg::IsRangeSelected() const {
+  const auto isSelected = [this](int index) {
+    const CLayoutCelData* const cel = Block().CelAt(index);
+    return cel != nullptr && cel->GetSelected() != 0;
+  };
+  return m_range && m_pView != nullptr && isSelected(m_range->anchor) && isSelected(m_range->end);
+}
+
+/// False where no range is being selected.
+bool CPageEditDlg::SelectRange(int down, int right) {
+  if (!IsRangeSelected()) {
+    m_range.reset();
+    return false;
+  }
+  m_range->end = quorvel::NeighbourCel(Block(), m_range->end, down, right);
+  CelList changed = quorvel::DeselectAll(Block());
+  const CelList selected =
+      quorvel::SelectCels(Block(), m_range->anchor, m_range->end, true);
+  changed.insert(changed.end(), selected.begin(), selected.end());
+  m_pView->InvalidateCels(changed);
+  RefreshCommands();
+  OnTextGiven();
+  return true;
+}
+
+void CPageEditDlg::StepBorder(int down, int right) {
+  if (!HasSelection()) {
+    return;
+  }
+  const std::optional<quorvel::BorderDrag> border =
+      quorvel::BorderBeyond(Block(), quorvel::FirstSelectedCel(Block()), down != 0);
+  if (border) {
+    quorvel::StoreLengths(*border, quorvel::SteppedLengths(*border, Block(), down + right),
+                          Block());
+    LayOutViews();
+  }
+}
+
+void CPageEditDlg::SelectNeighbour(int down, int right) {
   const int next = CelBeside(down, right);
   if (next < 0) {
     return;
@@ -466,6 +554,7 @@ void CPageEditDlg::CreateCelTools(const CPoint& position) {
   m_celTools.CreateToolCtrl(this, quorvel::kToolStyle, m_settings.celTools.data(),
                             static_cast<int>(m_settings.celTools.size()), IDB_CELL_TOOLS, kImages,
                             position, 0, TRUE);
+  quorvel::NameControl(m_celTools.m_hWnd, L"ｾﾙの編集");
 }
 
 void CPageEditDlg::CreateFileTools(const CPoint& position, bool disabled) {
@@ -474,6 +563,7 @@ void CPageEditDlg::CreateFileTools(const CPoint& position, bool disabled) {
   constexpr int kCount = static_cast<int>(kTools.size());
   m_fileTools.CreateToolCtrl(this, quorvel::kToolStyle, kTools.data(), kCount, IDB_FILE_TOOLS,
                              kCount, position, 0, disabled ? TRUE : FALSE);
+  quorvel::NameControl(m_fileTools.m_hWnd, L"ﾚｲｱｳﾄのﾌｧｲﾙ");
 }
 
 void CPageEditDlg::RefreshCommands() {
@@ -527,6 +617,7 @@ bool CPageEditDlg::OpenTextEdit() {
   const HWND edit = m_pTextEdit->m_hWnd;
   // A new child lies below its siblings.
   ::SetWindowPos(edit, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  quorvel::NameControl(edit, L"ｾﾙのﾃｷｽﾄ");
   ::SendMessageW(edit, WM_SETFONT,
                  static_cast<WPARAM>(::SendMessageW(m_hWnd, WM_GETFONT, 0, 0)), TRUE);
   m_pTextEdit->SetWindowText(Block().CelAt(index)->GetText());
@@ -551,6 +642,7 @@ void CPageEditDlg::EndTextEdit() {
   m_bKeepsFocus = true;
   ::SetFocus(m_hWnd);
   m_bKeepsFocus = false;
+  quorvel::DropName(edit->m_hWnd);
   edit->DestroyWindow();
 }
 

@@ -34,8 +34,11 @@ struct PageEditHost {
 
 /// The commands act on the selected cells of the current view. F2 edits the text of the first of
 /// them, the menu key opens their menu, and Ctrl with an arrow key selects the next cell, wherever
-/// the key has no other meaning: in a field only up and down. The template has the colour buttons and
-/// the list of insertions.
+/// the key has no other meaning: in a field only up and down. After F8 those keys select the rectangle
+/// between the cell and the one that they lead to, until F8 again, or until cells are selected
+/// otherwise. With Shift they move the border right of the first selected cell or below it by a
+/// millimetre. Ctrl+O and Ctrl+S are the tool bar's commands for files. The template has the colour
+/// buttons and the list of insertions.
 class CPageEditDlg : public CKivDialog {
 public:
   BOOL PreTranslateMessage(MSG* message) override;
@@ -68,6 +71,8 @@ protected:
   virtual bool OnRightDuringDrag() { return false; }
   /// The selected cells have got a text that was not typed, or others are selected.
   virtual void OnTextGiven() {}
+  /// Ctrl and Enter: what a double click on a block opens. False where that is nothing of its own.
+  virtual bool OpenCurrentBlock() { return false; }
   /// A tag has been inserted.
   virtual void OnInserted() {}
   /// All fields have been read, none was refused: what their switches enable is enabled.
@@ -170,7 +175,14 @@ private:
   void ShowReadOut(const CPoint& point, const quorvel::PairOfLengths& lengths);
   void DropReadOut();
   int CelBeside(int down, int right);
-  void SelectNeighbour(WPARAM key);
+  bool HandleKey(const MSG& message);
+  void HandleArrow(WPARAM key);
+  void SelectNeighbour(int down, int right);
+  void StepBorder(int down, int right);
+  void SwitchRange();
+  bool IsRangeSelected() const;
+  bool SelectRange(int down, int right);
+  bool RunFileCommand(UINT command);
   static bool MovesSelection(const MSG& message);
   bool OpenTextEdit();
   void ShowCelMenu(const CPoint& screenPoint);
@@ -186,6 +198,12 @@ private:
 
   Drag m_drag = Drag::kNone;
   int m_nAnchorCel = -1;
+  /// What the arrow keys select from one cell on.
+  struct Range {
+    int anchor;
+    int end;
+  };
+  std::optional<Range> m_range;
   /// The cell that the last release of the button deselected; -1 for none.
   int m_nToggledCel = -1;
   /// The button is still down after a double click opened the text field.

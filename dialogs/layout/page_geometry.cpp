@@ -103,14 +103,39 @@ bool MoveGuide(BorderDrag& drag, const CPoint& point) {
 
 PairOfLengths DraggedLengths(const BorderDrag& drag, const PageBlock& block, double scale,
                              const DotsPerInch& dots) {
-  const bool isRow = drag.IsRow();
-  const double before = isRow ? block.RowLength(drag.row) : block.ColLength(drag.col);
-  const double behind = isRow ? block.RowLength(drag.row + 1) : block.ColLength(drag.col + 1);
   const double pixels = drag.guide - drag.start;
   const double moved = __KivComm_CutValue(
-      pixels / scale / (isRow ? dots.vertical : dots.horizontal) * kMmPerInch, 0,
+      pixels / scale / (drag.IsRow() ? dots.vertical : dots.horizontal) * kMmPerInch, 0,
       kCutHalfAwayFromZero);
-  const double change = moved < 0 && -moved > before ? -before : std::min(moved, behind);
+  return SteppedLengths(drag, block, moved);
+}
+
+std::optional<BorderDrag> BorderBeyond(const PageBlock& block, int index, bool isRow) {
+  const CLayoutCelData* const cel = block.CelAt(index);
+  if (cel == nullptr) {
+    return std::nullopt;
+  }
+  BorderDrag border;
+  block.RowColOf(index, border.row, border.col);
+  if (isRow) {
+    border.row += std::max<int>(cel->GetRowMeargeSize(), 1) - 1;
+    border.col = -1;
+    return border.row + 1 < block.Rows() ? std::optional(border) : std::nullopt;
+  }
+  border.row = -1;
+  border.col += std::max<int>(cel->GetColMeargeSize(), 1) - 1;
+  return border.col + 1 < block.Cols() ? std::optional(border) : std::nullopt;
+}
+
+PairOfLengths SteppedLengths(const BorderDrag& border, const PageBlock& block,
+                             double millimetres) {
+  const bool isRow = border.IsRow();
+  const double before = isRow ? block.RowLength(border.row) : block.ColLength(border.col);
+  const double behind =
+      isRow ? block.RowLength(border.row + 1) : block.ColLength(border.col + 1);
+  const double change = millimetres < 0 && -millimetres > before
+                            ? -before
+                            : std::min(millimetres, behind);
   return {before + change, behind - change};
 }
 

@@ -78,6 +78,11 @@ struct PairOfLengths {
 /// The lengths with the border at the guide: moved by whole millimetres, never below 0.
 PairOfLengths DraggedLengths(const BorderDrag& drag, const PageBlock& block, double scale,
                              const DotsPerInch& dots);
+/// The border below a cell (`isRow`) or right of it, with all that the cell covers; none at the edge of
+/// the page and for an index of no cell.
+std::optional<BorderDrag> BorderBeyond(const PageBlock& block, int index, bool isRow);
+/// The lengths with the border moved by `millimetres`, back where that is less than 0; never below 0.
+PairOfLengths SteppedLengths(const BorderDrag& border, const PageBlock& block, double millimetres);
 /// Gives the two rows or columns their lengths.
 void StoreLengths(const BorderDrag& drag, const PairOfLengths& lengths, PageBlock& block);
 

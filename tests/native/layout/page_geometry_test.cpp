@@ -251,6 +251,40 @@ TEST_F(Dragging, TheTwoLengthsAreStored) {
   EXPECT_EQ(m_page.GetLengthCol(1), 100.0);
 }
 
+TEST_F(Dragging, TheBorderBeyondACelIsThatOfAllThatItCovers) {
+  m_page.GetCelAt(0)->SetSelected(1);
+  const auto row = BorderBeyond(m_block, 0, true);
+  ASSERT_TRUE(row.has_value());
+  EXPECT_EQ(row->row, 0);
+  EXPECT_TRUE(row->IsRow());
+  const auto col = BorderBeyond(m_block, 0, false);
+  ASSERT_TRUE(col.has_value());
+  EXPECT_EQ(col->col, 0);
+  EXPECT_FALSE(col->IsRow());
+  m_page.GetCelAt(1)->SetSelected(1);
+  ASSERT_TRUE(m_page.MeargeCel(0, 0));
+  EXPECT_EQ(BorderBeyond(m_block, 0, false).has_value(), m_page.GetNumCol() > 2);
+  EXPECT_EQ(BorderBeyond(m_block, 0, true)->row, 0);
+  EXPECT_FALSE(BorderBeyond(m_block, m_page.GetCelSize() - 1, true).has_value());
+  EXPECT_FALSE(BorderBeyond(m_block, m_page.GetCelSize() - 1, false).has_value());
+  EXPECT_FALSE(BorderBeyond(m_block, -1, false).has_value());
+}
+
+TEST_F(Dragging, ABorderIsSteppedWithinItsTwoLengths) {
+  const BorderDrag border{.row = 0};
+  m_page.SetLengthRow(0, 1.5);
+  m_page.SetLengthRow(1, 0.25);
+  const auto expect = [&](double millimetres, double first, double second) {
+    const PairOfLengths lengths = SteppedLengths(border, m_block, millimetres);
+    EXPECT_EQ(lengths.first, first) << millimetres;
+    EXPECT_EQ(lengths.second, second) << millimetres;
+  };
+  expect(-1.0, 0.5, 1.25);
+  expect(-2.0, 0.0, 1.75);
+  expect(1.0, 1.75, 0.0);
+  expect(0.125, 1.625, 0.125);
+}
+
 /// The cell whose rectangle has a point, looked for without the table.
 int NaiveCelAt(const CLayoutPageData& page, const CRect& area, int rows, int cols, int x, int y,
                const CSize& margin) {

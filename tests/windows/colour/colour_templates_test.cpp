@@ -9,11 +9,11 @@
 namespace quorvel::test {
 namespace {
 
-constexpr const wchar_t* kSpoken = L"赤 255 緑 128 青 64";
+constexpr const wchar_t* kSpoken = L"選択色 赤 255 緑 128 青 64";
 
 std::wstring SpokenBasicColor(int index) {
   const COLORREF color = kBasicColors[static_cast<std::size_t>(index)].color;
-  return L"赤 " + std::to_wstring(GetRValue(color)) + L" 緑 " + std::to_wstring(GetGValue(color)) +
+  return L"基本色 赤 " + std::to_wstring(GetRValue(color)) + L" 緑 " + std::to_wstring(GetGValue(color)) +
          L" 青 " + std::to_wstring(GetBValue(color));
 }
 
@@ -25,7 +25,7 @@ TEST(Templates, ColourGrid) {
   }
   controls.push_back({kNoId, L"Button", L"作成色", {118, 6, 104, 35}});
   for (int i = 0; i < kMadeColorButtonCount; ++i) {
-    controls.push_back({GridControlId(kBasicColorCount + i), L"Button", L"赤 255 緑 255 青 255",
+    controls.push_back({GridControlId(kBasicColorCount + i), L"Button", L"作成色 赤 255 緑 255 青 255",
                         {122 + 12 * (i % 8), 17 + 10 * (i / 8), 12, 9}});
   }
   controls.push_back({kNoId, L"Button", L"選択色", {132, 50, 78, 29}});
@@ -52,11 +52,11 @@ TEST(Templates, ColourPicker) {
   COLORREF color = RGB(153, 102, 51);
   WorkDialog([&] { return __SelRGBDlg(&color); }, [](HWND dialog) {
     ExpectTemplate(dialog, L"色の設定", {293, 151}, L"MS Shell Dlg",
-                   {{13557, L"Static", L"", {9, 9, 117, 113}},
-                    {13555, L"Static", L"", {130, 13, 8, 107}},
+                   {{13557, L"Static", L"色合いと鮮やかさ", {9, 9, 117, 113}},
+                    {13555, L"Static", L"明るさの帯", {130, 13, 8, 107}},
                     {13540, L"ScrollBar", L"", {139, 13, 8, 107}},
                     {kNoId, L"Static", L"現在の色", {151, 15, 44, 9}},
-                    {13556, L"Static", L"", {153, 27, 40, 34}},
+                    {13556, L"Static", L"現在の色の見本", {153, 27, 40, 34}},
                     {kNoId, L"Button", L"色彩", {200, 6, 86, 59}},
                     {kNoId, L"Static", L"色合い", {207, 18, 38, 12}},
                     {13374, L"Edit", L"21", {247, 18, 24, 12}},

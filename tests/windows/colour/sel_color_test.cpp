@@ -389,8 +389,8 @@ TEST(SelColor, WithoutAnEnvironmentMadeColoursAreWhiteAndNotStored) {
 
 TEST(SelColor, ColourButtonsSpeakTheirColour) {
   Ask(kNoGridColor, [](HWND dialog) {
-    EXPECT_EQ(Text(dialog, 13386), L"赤 255 緑 126 青 64");
-    EXPECT_EQ(Text(dialog, kSelected), L"赤 255 緑 128 青 64");
+    EXPECT_EQ(Text(dialog, 13386), L"基本色 赤 255 緑 126 青 64");
+    EXPECT_EQ(Text(dialog, kSelected), L"選択色 赤 255 緑 128 青 64");
     Cancel(dialog);
   });
 }

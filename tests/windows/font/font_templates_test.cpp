@@ -28,7 +28,7 @@ void ExpectStyle(HWND dialog) {
 }
 
 // The colour buttons' texts are those that a screen reader speaks.
-constexpr const wchar_t* kSpokenColour = L"赤 192 緑 129 青 66";
+constexpr const wchar_t* kSpokenColour = L"文字の色 赤 192 緑 129 青 66";
 
 TEST(Templates, Font) {
   CKivFontEx font = TableFont();
@@ -87,7 +87,7 @@ TEST(Templates, FontEx) {
                     {1091, L"Static", L"色(&C):", {160, 42, 22, 12}},
                     {2003, L"Button", kSpokenColour, {218, 42, 51, 12}},
                     {1094, L"Static", L"背景色(&B):", {160, 56, 37, 12}},
-                    {2004, L"Button", L"赤 255 緑 255 青 255", {218, 56, 51, 12}},
+                    {2004, L"Button", L"背景の色 赤 255 緑 255 青 255", {218, 56, 51, 12}},
                     {kNoId, L"Button", L"ｻｲｽﾞ", {6, 74, 104, 42}},
                     {kNoId, L"Static", L"縦(&V):", {16, 84, 20, 12}},
                     {2005, L"Edit", L"4", {44, 84, 40, 12}},

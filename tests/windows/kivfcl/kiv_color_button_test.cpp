@@ -112,7 +112,15 @@ TEST_F(ColorButton, DisabledItShowsLessOfItsColour) {
   }
 }
 
+TEST_F(ColorButton, SpeaksItsNameAndItsColour) {
+  m_button.Recolor(RGB(255, 0, 17));
+  EXPECT_EQ(driver::Text(m_button.m_hWnd), L"色 赤 255 緑 0 青 17");
+  m_button.SetWindowText("背景の色");
+  EXPECT_EQ(driver::Text(m_button.m_hWnd), L"背景の色 赤 255 緑 0 青 17");
+}
+
 TEST_F(ColorButton, SpeaksItsColour) {
+  m_button.SetWindowText("");
   m_button.Recolor(RGB(255, 0, 17));
   EXPECT_EQ(driver::Text(m_button.m_hWnd), L"赤 255 緑 0 青 17");
   EXPECT_STREQ(m_button.GetWindowText(), "赤 255 緑 0 青 17");

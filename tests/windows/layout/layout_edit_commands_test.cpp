@@ -300,8 +300,8 @@ TEST_F(LayoutEditCommands, TheColourButtonsColourTheSelectedCels) {
   registry.WriteRegistry("BackColor", REG_BINARY, &yellow, sizeof yellow);
   m_editor.env = &environment.Env();
   Run([](HWND dialog, const PageOnScreen& page) {
-    EXPECT_EQ(Text(dialog, kTextColour), L"赤 255 緑 0 青 0");
-    EXPECT_EQ(Text(dialog, kBackColour), L"赤 255 緑 255 青 0");
+    EXPECT_EQ(Text(dialog, kTextColour), L"文字の色 赤 255 緑 0 青 0");
+    EXPECT_EQ(Text(dialog, kBackColour), L"背景の色 赤 255 緑 255 青 0");
     page.DragCels(0, 1);
     ::SendMessageW(Control(dialog, kTextColour), BM_CLICK, 0, 0);
     page.DragCels(1, 2);
@@ -318,8 +318,8 @@ TEST_F(LayoutEditCommands, TheColourButtonsColourTheSelectedCels) {
 
 TEST_F(LayoutEditCommands, WithoutStoredColoursTheyAreBlackAndWhite) {
   Run([](HWND dialog, const PageOnScreen&) {
-    EXPECT_EQ(Text(dialog, kTextColour), L"赤 0 緑 0 青 0");
-    EXPECT_EQ(Text(dialog, kBackColour), L"赤 255 緑 255 青 255");
+    EXPECT_EQ(Text(dialog, kTextColour), L"文字の色 赤 0 緑 0 青 0");
+    EXPECT_EQ(Text(dialog, kBackColour), L"背景の色 赤 255 緑 255 青 255");
     Cancel(dialog);
   });
 }
@@ -361,7 +361,7 @@ TEST_F(LayoutEditCommands, TheArrowsAskForAColour) {
   ColourEnvironment environment;
   m_editor.env = &environment.Env();
   ChangeRedAndEnd(m_editor, kTextArrow, [](HWND dialog) {
-    EXPECT_EQ(Text(dialog, kTextColour), L"赤 200 緑 0 青 0");
+    EXPECT_EQ(Text(dialog, kTextColour), L"文字の色 赤 200 緑 0 青 0");
     Confirm(dialog);
   });
   EXPECT_EQ(m_editor.Cel(5).GetFont()->GetColor(), RGB(200, 0, 0));
@@ -370,7 +370,7 @@ TEST_F(LayoutEditCommands, TheArrowsAskForAColour) {
   EXPECT_EQ(ReadColors().back, RGB(255, 255, 255));
   m_editor.Cel(5).SetSelected(0);
   ChangeRedAndEnd(m_editor, kBackArrow, [](HWND dialog) {
-    EXPECT_EQ(Text(dialog, kBackColour), L"赤 200 緑 255 青 255");
+    EXPECT_EQ(Text(dialog, kBackColour), L"背景の色 赤 200 緑 255 青 255");
     Confirm(dialog);
   });
   EXPECT_EQ(m_editor.Cel(5).GetFont()->GetBackColor(), RGB(200, 255, 255));

@@ -45,7 +45,7 @@ TEST_F(LayoutEditFields, TheTemplate) {
       ::DestroyWindow(::FindWindowExW(dialog, nullptr, TOOLBARCLASSNAMEW, nullptr));
     }
     ExpectTemplate(dialog, L"ﾚｲｱｳﾄ編集", {472, 268}, L"MS Shell Dlg",
-                   {{2040, L"Static", L"", {20, 90, 432, 140}},  // above its group
+                   {{2040, L"Static", L"ﾚｲｱｳﾄのｲﾒｰｼﾞ", {20, 90, 432, 140}},  // above its group
                     {kNoId, L"Button", L"分割数", {8, 6, 84, 52}},
                     {kNoId, L"Static", L"行(&R):", {14, 20, 28, 12}},
                     {2011, L"Edit", L"3", {46, 20, 36, 12}},
@@ -76,10 +76,10 @@ TEST_F(LayoutEditFields, TheTemplate) {
                     {2038, L"Edit", L"0.1", {398, 38, 40, 12}},
                     {2039, L"Static", L"mm", {441, 38, 14, 12}},
                     {kNoId, L"Button", L"ﾚｲｱｳﾄｲﾒｰｼﾞ", {8, 62, 456, 178}},
-                    {2041, L"Button", L"赤 0 緑 0 青 0", {220, 76, 12, 10}},
-                    {2043, L"Button", L"", {232, 76, 6, 10}},
-                    {2042, L"Button", L"赤 255 緑 255 青 255", {242, 76, 12, 10}},
-                    {2044, L"Button", L"", {254, 76, 6, 10}},
+                    {2041, L"Button", L"文字の色 赤 0 緑 0 青 0", {220, 76, 12, 10}},
+                    {2043, L"Button", L"文字の色を選ぶ", {232, 76, 6, 10}},
+                    {2042, L"Button", L"背景の色 赤 255 緑 255 青 255", {242, 76, 12, 10}},
+                    {2044, L"Button", L"背景の色を選ぶ", {254, 76, 6, 10}},
                     {2045, L"ComboBox", L"", {270, 75, 100, 272}},
                     {4029, L"Button", L"挿入", {376, 76, 36, 10}},
                     {IDOK, L"Button", L"OK", {358, 247, 50, 14}},
@@ -301,8 +301,8 @@ TEST_F(LayoutEditLines, ThePagesLinesAreShown) {
     EXPECT_FALSE(IsChecked(dialog, kInner));
     EXPECT_EQ(Text(dialog, kOuter + line_field::kType), L"一点鎖線");
     EXPECT_EQ(Text(dialog, kInner + line_field::kType), L"破線");
-    EXPECT_EQ(Text(dialog, kOuter + line_field::kColour), L"赤 255 緑 0 青 0");
-    EXPECT_EQ(Text(dialog, kInner + line_field::kColour), L"赤 0 緑 0 青 255");
+    EXPECT_EQ(Text(dialog, kOuter + line_field::kColour), L"外側の線の色 赤 255 緑 0 青 0");
+    EXPECT_EQ(Text(dialog, kInner + line_field::kColour), L"内側の線の色 赤 0 緑 0 青 255");
     EXPECT_EQ(Text(dialog, kOuter + line_field::kWidth), L"0.35");
     EXPECT_EQ(Text(dialog, kInner + line_field::kWidth), L"2.0");
     Confirm(dialog);

@@ -38,9 +38,9 @@ TEST_F(LayoutExEditFields, TheTemplate) {
       ::DestroyWindow(bar);
     }
     ExpectTemplate(dialog, L"ﾚｲｱｳﾄ編集", {520, 352}, L"MS Shell Dlg",
-                   {{4035, L"Static", L"", {130, 256, 370, 50}},  // the pictures above their group
-                    {4033, L"Static", L"", {130, 162, 370, 90}},
-                    {4031, L"Static", L"", {130, 108, 370, 50}},
+                   {{4035, L"Static", L"ﾌｯﾀｰのｲﾒｰｼﾞ", {130, 256, 370, 50}},  // the pictures above their group
+                    {4033, L"Static", L"ﾘｽﾄのｲﾒｰｼﾞ", {130, 162, 370, 90}},
+                    {4031, L"Static", L"ﾍｯﾀﾞｰのｲﾒｰｼﾞ", {130, 108, 370, 50}},
                     {kNoId, L"Button", L"全体", {8, 6, 504, 52}},
                     {kNoId, L"Static", L"全幅:", {14, 20, 26, 12}},
                     {2024, L"Edit", L"160", {44, 20, 46, 12}},
@@ -55,19 +55,19 @@ TEST_F(LayoutExEditFields, TheTemplate) {
                     {4045, L"Edit", L"1", {190, 38, 28, 12}},
                     {2030, L"Button", L"外側", {240, 20, 34, 12}},
                     {2031, L"ComboBox", L"実線", {278, 20, 74, 110}},
-                    {2032, L"Button", L"赤 0 緑 0 青 0", {358, 20, 16, 12}},
+                    {2032, L"Button", L"外側の線の色 赤 0 緑 0 青 0", {358, 20, 16, 12}},
                     {2033, L"Edit", L"0.1", {380, 20, 40, 12}},
                     {2034, L"Static", L"mm", {423, 20, 14, 12}},
                     {2035, L"Button", L"内側", {240, 38, 34, 12}},
                     {2036, L"ComboBox", L"実線", {278, 38, 74, 110}},
-                    {2037, L"Button", L"赤 0 緑 0 青 0", {358, 38, 16, 12}},
+                    {2037, L"Button", L"内側の線の色 赤 0 緑 0 青 0", {358, 38, 16, 12}},
                     {2038, L"Edit", L"0.1", {380, 38, 40, 12}},
                     {2039, L"Static", L"mm", {423, 38, 14, 12}},
                     {kNoId, L"Button", L"ﾚｲｱｳﾄｲﾒｰｼﾞ", {8, 62, 504, 258}},
-                    {2041, L"Button", L"赤 0 緑 0 青 0", {220, 77, 12, 10}},
-                    {2043, L"Button", L"", {232, 77, 6, 10}},
-                    {2042, L"Button", L"赤 255 緑 255 青 255", {242, 77, 12, 10}},
-                    {2044, L"Button", L"", {254, 77, 6, 10}},
+                    {2041, L"Button", L"文字の色 赤 0 緑 0 青 0", {220, 77, 12, 10}},
+                    {2043, L"Button", L"文字の色を選ぶ", {232, 77, 6, 10}},
+                    {2042, L"Button", L"背景の色 赤 255 緑 255 青 255", {242, 77, 12, 10}},
+                    {2044, L"Button", L"背景の色を選ぶ", {254, 77, 6, 10}},
                     {2045, L"ComboBox", L"", {270, 76, 100, 272}},
                     {4029, L"Button", L"追加", {376, 76, 30, 12}},
                     {4030, L"Button", L"ﾌｨｰﾙﾄﾞ", {412, 76, 40, 12}},
@@ -349,8 +349,8 @@ TEST_F(LayoutExEditFields, TheLinesOfThePage) {
     EXPECT_FALSE(IsChecked(dialog, kInner));
     EXPECT_EQ(Text(dialog, kOuter + line_field::kType), L"一点鎖線");
     EXPECT_EQ(Text(dialog, kInner + line_field::kType), L"破線");
-    EXPECT_EQ(Text(dialog, kOuter + line_field::kColour), L"赤 255 緑 0 青 0");
-    EXPECT_EQ(Text(dialog, kInner + line_field::kColour), L"赤 0 緑 0 青 255");
+    EXPECT_EQ(Text(dialog, kOuter + line_field::kColour), L"外側の線の色 赤 255 緑 0 青 0");
+    EXPECT_EQ(Text(dialog, kInner + line_field::kColour), L"内側の線の色 赤 0 緑 0 青 255");
     EXPECT_EQ(Text(dialog, kOuter + line_field::kWidth), L"0.35");
     EXPECT_EQ(Text(dialog, kInner + line_field::kWidth), L"2.0");
     for (const int line : {kOuter, kInner}) {
@@ -423,8 +423,8 @@ TEST_F(LayoutExEditFields, SettingsAreReadAndKeptHoweverItEnds) {
     registry.WriteRegistry("BackColor", REG_BINARY, &grey, sizeof grey);
     registry.WriteRegistry("MacroIns", REG_BINARY, &append, sizeof append);
     Run([&](HWND dialog, const PagesOnScreen&) {
-      EXPECT_EQ(Text(dialog, kTextColour), L"赤 0 緑 255 青 0");
-      EXPECT_EQ(Text(dialog, kBackColour), L"赤 9 緑 9 青 9");
+      EXPECT_EQ(Text(dialog, kTextColour), L"文字の色 赤 0 緑 255 青 0");
+      EXPECT_EQ(Text(dialog, kBackColour), L"背景の色 赤 9 緑 9 青 9");
       EXPECT_TRUE(IsChecked(dialog, kAppend));
       Press(dialog, kAppend);
       confirms ? Confirm(dialog) : Cancel(dialog);
@@ -439,8 +439,8 @@ TEST_F(LayoutExEditFields, TheFirstSettingsAreBlackOnWhiteAndReplacing) {
   ColourEnvironment environment;
   m_editor.env = &environment.Env();
   Run([](HWND dialog, const PagesOnScreen&) {
-    EXPECT_EQ(Text(dialog, kTextColour), L"赤 0 緑 0 青 0");
-    EXPECT_EQ(Text(dialog, kBackColour), L"赤 255 緑 255 青 255");
+    EXPECT_EQ(Text(dialog, kTextColour), L"文字の色 赤 0 緑 0 青 0");
+    EXPECT_EQ(Text(dialog, kBackColour), L"背景の色 赤 255 緑 255 青 255");
     EXPECT_FALSE(IsChecked(dialog, kAppend));
     Cancel(dialog);
   });

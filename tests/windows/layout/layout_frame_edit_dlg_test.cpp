@@ -430,20 +430,20 @@ TEST(LayoutFrameEditDlg, TheHiddenColourButtonChoosesAColour) {
   constexpr int kBlue = 13398;
   script.When(Painted(DialogWithTitle(L"罫線編集")), open);
   script.When(Painted(DialogWithTitle(L"色設定")), [](HWND grid) {
-    EXPECT_EQ(Text(grid, 13441), L"赤 0 緑 0 青 0");
+    EXPECT_EQ(Text(grid, 13441), L"選択色 赤 0 緑 0 青 0");
     Click(grid, kBlue);
     Click(grid, IDOK);
   });
   script.When(Painted(DialogWithTitle(L"罫線編集")), [&](HWND window) {
-    EXPECT_EQ(Text(window, kColour), L"赤 0 緑 0 青 255");
+    EXPECT_EQ(Text(window, kColour), L"線の色 赤 0 緑 0 青 255");
     open(window);
   });
   script.When(Painted(DialogWithTitle(L"色設定")), [](HWND grid) {
-    EXPECT_EQ(Text(grid, 13441), L"赤 0 緑 0 青 255");
+    EXPECT_EQ(Text(grid, 13441), L"選択色 赤 0 緑 0 青 255");
     Cancel(grid);
   });
   script.When(Painted(DialogWithTitle(L"罫線編集")), [](HWND window) {
-    EXPECT_EQ(Text(window, kColour), L"赤 0 緑 0 青 255");
+    EXPECT_EQ(Text(window, kColour), L"線の色 赤 0 緑 0 青 255");
     Confirm(window);
   });
   EXPECT_EQ(Work(script, [&] { return RunWithProductResources(dialog); }), IDOK);

@@ -92,12 +92,12 @@ TEST_F(LayoutListEditDlg, TheTemplate) {
   Run([](HWND dialog) {
     ::DestroyWindow(::FindWindowExW(dialog, nullptr, L"ToolbarWindow32", nullptr));
     ExpectTemplate(dialog, L"ﾚｲｱｳﾄﾘｽﾄ編集", {669, 294}, L"MS Shell Dlg",
-                   {{4031, L"Static", L"", {20, 54, 626, 200}},  // above its group
+                   {{4031, L"Static", L"ﾚｲｱｳﾄのｲﾒｰｼﾞ", {20, 54, 626, 200}},  // above its group
                     {kNoId, L"Button", L"ﾚｲｱｳﾄｲﾒｰｼﾞ", {8, 8, 650, 256}},
-                    {2041, L"Button", L"赤 0 緑 0 青 0", {220, 23, 12, 10}},
-                    {2043, L"Button", L"", {232, 23, 6, 10}},
-                    {2042, L"Button", L"赤 255 緑 255 青 255", {242, 23, 12, 10}},
-                    {2044, L"Button", L"", {254, 23, 6, 10}},
+                    {2041, L"Button", L"文字の色 赤 0 緑 0 青 0", {220, 23, 12, 10}},
+                    {2043, L"Button", L"文字の色を選ぶ", {232, 23, 6, 10}},
+                    {2042, L"Button", L"背景の色 赤 255 緑 255 青 255", {242, 23, 12, 10}},
+                    {2044, L"Button", L"背景の色を選ぶ", {254, 23, 6, 10}},
                     {2045, L"ComboBox", L"", {266, 21, 100, 272}},
                     {4029, L"Button", L"追加", {372, 21, 30, 12}},
                     {4030, L"Button", L"ﾌｨｰﾙﾄﾞ", {410, 21, 40, 12}},

@@ -24,7 +24,7 @@ constexpr std::array kMouseMessages{UINT{WM_LBUTTONDOWN}, UINT{WM_LBUTTONUP},
 constexpr std::array kCounts{L"1", L"2", L"3", L"5", L"8", L"2*6", L"20"};
 constexpr std::array kLengths{L"0", L"1", L"29.75", L"120", L"１０００/3", L"1e12"};
 constexpr std::array kRefused{L"", L"0", L"21", L"-1", L"1e13", L"abc"};
-constexpr std::array kKeys{VK_LEFT, VK_RIGHT, VK_UP, VK_DOWN, VK_F2, VK_APPS};
+constexpr std::array kKeys{VK_LEFT, VK_RIGHT, VK_UP, VK_DOWN, VK_F2, VK_F8, VK_APPS};
 constexpr std::array kModifiers{VK_CONTROL, VK_SHIFT};
 constexpr int kTextEdit = 200;
 constexpr std::array kTexts{L"", L"図", L"A&B", L"図面名称", L"<M>1 図番</M>",

@@ -1,6 +1,7 @@
 // Templates as tables: every control with its identifier, text and place in dialog units.
 #pragma once
 
+#include "framework/control_names.h"
 #include "support/work.h"
 
 #include <quorvel/quorvel.h>
@@ -33,6 +34,14 @@ inline CRect PixelsOf(HWND dialog, const CRect& units) {
   return {CPoint(pixels.left, pixels.top), CSize(pixels.right, pixels.bottom)};
 }
 
+/// The next one that the template has: the dialog itself makes labels that only name.
+inline HWND ControlOfTemplate(HWND control) {
+  while (control != nullptr && ::GetDlgCtrlID(control) == kNameLabelId) {
+    control = ::GetWindow(control, GW_HWNDNEXT);
+  }
+  return control;
+}
+
 inline void ExpectTemplate(HWND dialog, const std::wstring& caption, const CSize& clientUnits,
                            const std::wstring& fontFace,
                            const std::vector<ExpectedControl>& controls) {
@@ -43,7 +52,7 @@ inline void ExpectTemplate(HWND dialog, const std::wstring& caption, const CSize
   EXPECT_EQ(client.Size(),
             PixelsOf(dialog, CRect(0, 0, clientUnits.cx, clientUnits.cy)).Size());
 
-  HWND child = ::GetWindow(dialog, GW_CHILD);
+  HWND child = ControlOfTemplate(::GetWindow(dialog, GW_CHILD));
   for (const ExpectedControl& control : controls) {
     SCOPED_TRACE(control.id);
     ASSERT_NE(child, nullptr);
@@ -57,7 +66,7 @@ inline void ExpectTemplate(HWND dialog, const std::wstring& caption, const CSize
       place.bottom = expected.bottom;
     }
     EXPECT_EQ(place, expected);
-    child = ::GetWindow(child, GW_HWNDNEXT);
+    child = ControlOfTemplate(::GetWindow(child, GW_HWNDNEXT));
   }
   EXPECT_EQ(child, nullptr) << "more controls than the table has";
 }
