@@ -2,7 +2,8 @@
 # packages that it lacks.
 .PHONY: demo test fuzz dist bench coverage lint pictures clean
 
-BUILD_PACKAGES := cmake ninja-build g++ g++-mingw-w64-x86-64-posix mingw-w64-tools googletest python3
+BUILD_PACKAGES := cmake ninja-build g++ g++-mingw-w64-x86-64-posix mingw-w64-tools googletest python3 \
+  nlohmann-json3-dev
 RUN_PACKAGES := wine wine64 xvfb openbox fonts-ipafont locales-all
 
 CMAKE := cmake -G Ninja -DCMAKE_BUILD_TYPE=Release

@@ -1,8 +1,8 @@
 // The subcommands of the command line: one table, from which arguments are read into plain
 // requests and help texts are made. All texts are UTF-8.
 //
-//   const CommandLine line = ReadCommandLine(arguments);      // {"input-dpi", "--dpi", "300"}
-//   std::get<InputDpiRequest>(std::get<Request>(line)).dpi;   // 300
+//   const CommandLine line = ReadCommandLine(arguments, inputs);      // {"input-dpi", "--dpi", "300"}
+//   std::get<InputDpiRequest>(std::get<Task>(line).request).dpi;   // 300
 //
 // A new subcommand is a request type here, and in commands.cpp a function that builds it and a row
 // of the table; the program then does not compile until it can run the request.
@@ -14,8 +14,10 @@
 #include "cli/outcome.h"
 #include "cli/position.h"
 
+#include <functional>
 #include <optional>
 #include <span>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -55,11 +57,6 @@ struct UserPaperRequest {
   std::string name;
   int width = 0;   // millimetres
   int height = 0;  // millimetres
-};
-
-struct CheckListItem {
-  std::string name;
-  bool isTicked = false;
 };
 
 struct CheckListRequest {
@@ -115,10 +112,46 @@ struct Message {
   ExitStatus status = ExitStatus::kBadUsage;
 };
 
-using CommandLine = std::variant<Message, Request>;
+/// How the answer is printed.
+struct AnswerForm {
+  bool isPlain = false;
+  std::optional<std::string> separator;  // of plain values
+};
+
+/// A dialog to open, and what becomes of its answer.
+struct Task {
+  Request request;
+  AnswerForm form;
+  ParsedOptions options;  // for what errors call them
+};
+
+using CommandLine = std::variant<Message, Task>;
+
+/// A file or standard input that cannot be read. The message is one line, without a line end.
+class InputError : public std::runtime_error {
+public:
+  using std::runtime_error::runtime_error;
+};
+
+/// Where --json and --json-file read from, in whole. Both may throw InputError, and those that are
+/// not given do.
+struct Inputs {
+  std::function<std::string()> standardInput = []() -> std::string {
+    throw InputError("there is no standard input");
+  };
+  std::function<std::string(const std::string& path)> file =
+      [](const std::string& /*path*/) -> std::string { throw InputError("there are no files"); };
+};
+
+/// The options that every subcommand has besides its own.
+std::span<const Option> CommonOptions();
 
 /// Reads the arguments that follow the program's name. Never throws for what a user typed.
-CommandLine ReadCommandLine(std::span<const std::string> arguments);
+CommandLine ReadCommandLine(std::span<const std::string> arguments, const Inputs& inputs = {});
+
+/// The message for a text that the library refused in `words`, which begin with the structure's
+/// member: "face has ...". Where an option or a member of JSON stands for it, the message names that.
+Message RefusedTextMessage(std::string_view words, const ParsedOptions& options);
 
 /// The message for bad usage: "quorvel: " and the error's own words.
 Message UsageMessage(const UsageError& error);

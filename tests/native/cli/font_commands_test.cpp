@@ -20,7 +20,7 @@ REQUEST Read(const Arguments& arguments) {
     ADD_FAILURE() << message->text;
     return {};
   }
-  return std::get<REQUEST>(std::get<Request>(line));
+  return std::get<REQUEST>(std::get<Task>(line).request);
 }
 
 void ExpectBadUsage(const Arguments& arguments, const std::string& line) {
