@@ -79,11 +79,12 @@ $(addprefix fuzz-,$(FUZZERS)): fuzz-%: fuzzers
 	  || { tail -n 40 $(FUZZ)/$*.log; exit 1; }
 	@echo "fuzz: $*: $$(sed -n 's/^stat::number_of_executed_units: *//p' $(FUZZ)/$*.log) executions, nothing found"
 
-# What a host builds against and ships with, in dist/.
+# What a host builds against and ships with, in dist/, and all of it with the documents as one zip.
 dist: configure-windows
 	@cmake --build $(WINDOWS) --target Quorvel QuorvelC64 quorvel_cli quorvel_gallery
 	@rm -rf dist
 	@cmake --install $(WINDOWS) --prefix dist >build/dist.log || { cat build/dist.log; exit 1; }
+	@cmake -D DIST=dist -P $(WINDOWS)/Package.cmake
 
 # Ratios against the platform's own work; kept in build/bench.json.
 bench: configure-windows run-packages
