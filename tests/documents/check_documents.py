@@ -91,10 +91,17 @@ class Tree:
         shim.mkdir()
         (shim / "wine").write_text(
             f'#!/bin/sh\nexec {shutil.which("wine")} {build}/bin/answering.exe "$@"\n')
-        (shim / "wine").chmod(0o755)
+        # One server for all commands: it takes much longer to start than they take.
+        (shim / "wineserver").write_text("#!/bin/sh\n")
+        for program in shim.iterdir():
+            program.chmod(0o755)
         self.environment = dict(os.environ, QUORVEL_WINEPREFIX=str(folder / "prefix"))
         subprocess.run(["tools/wine-session", "true"], cwd=folder, env=self.environment, check=True)
         self.environment["PATH"] = f"{shim}:{os.environ['PATH']}"
+
+    def end(self):
+        subprocess.run(["wineserver", "-k"], check=False,
+                       env=dict(os.environ, WINEPREFIX=str(self.folder / "prefix")))
 
     def renew(self):
         """As after `make dist`, and nothing else."""
@@ -236,9 +243,12 @@ def main():
         difference(f"{document}, targets", public & named[document], public, problems)
     with tempfile.TemporaryDirectory() as folder:
         tree = Tree(source, build, pathlib.Path(folder))
-        check_subcommands(tree, texts, problems)
-        for document, text in texts.items():
-            count += check_commands(tree, document, text, problems)
+        try:
+            check_subcommands(tree, texts, problems)
+            for document, text in texts.items():
+                count += check_commands(tree, document, text, problems)
+        finally:
+            tree.end()
     print("\n".join(problems) or f"{count} blocks of commands do what the documents say")
     sys.exit(1 if problems or count == 0 else 0)
 
