@@ -118,8 +118,9 @@ class Tree:
             (self.folder / "my-host/main.cpp").write_text(fences["cpp"], encoding="utf-8")
 
     def run(self, found):
-        """What each block printed and its status."""
-        script = [f'make() {{ command make -n -C {self.source} "$@" >/dev/null; }}']
+        """What each block printed, and the status of its first command that failed, or 0."""
+        script = [f'make() {{ command make -n -C {self.source} "$@" >/dev/null; }}',
+                  "trap 'failed=${failed:-$?}' ERR"]
         for number, block in enumerate(found):
             if block.language == "bat":
                 name = f"example{number}.bat"
@@ -128,7 +129,7 @@ class Tree:
                 script.append(f"(cd dist/bin && ../../tools/wine-session wine cmd /c {name})")
             else:
                 script.append(block.commands)
-            script.append(f"printf '{MARK}%d{MARK}' $?")
+            script.append(f"printf '{MARK}%d{MARK}' ${{failed:-0}}; failed=")
         run = subprocess.run(["bash", "-c", "\n".join(script)], cwd=self.folder, timeout=TIMEOUT,
                              env=self.environment, stdin=subprocess.DEVNULL,
                              stdout=subprocess.PIPE, stderr=subprocess.STDOUT, check=False)
