@@ -182,6 +182,10 @@ Request BuildEditLayoutEx(const ParsedOptions& options) {
   return ReadEditLayoutEx(options);
 }
 
+Request BuildShowLayout(const ParsedOptions& options) {
+  return ShowLayoutRequest{.file = options.Text("file")};
+}
+
 constexpr std::array kCommands = {
     Command{.name = "input-text",
             .summary = "ask for one line of text",
@@ -256,6 +260,12 @@ constexpr std::array kCommands = {
             .answer = kEditLayoutExAnswer,
             .options = kEditLayoutExOptions,
             .build = BuildEditLayoutEx},
+    Command{.name = "show-layout",
+            .summary = "print the page of a layout file, of either kind",
+            .answer = kShowLayoutAnswer,
+            .options = kShowLayoutOptions,
+            .build = BuildShowLayout,
+            .opensDialog = false},
 };
 
 constexpr std::array kCommonOptions = {
@@ -289,11 +299,11 @@ std::string CommandHelp(const Command& command) {
   help += command.name;
   help += ' ';
   help += UsageOf(command.options);
-  help += "\n\nOpen a dialog to ";
+  help += command.opensDialog ? "\n\nOpen a dialog to " : "\n\nWithout a dialog, ";
   help += command.summary;
   help += ".\n\nOptions:\n";
   help += OptionHelp(AllOptions(command));
-  help += "\nPrints, when confirmed: ";
+  help += command.opensDialog ? "\nPrints, when confirmed: " : "\nPrints: ";
   help += command.answer;
   help += '\n';
   return help;

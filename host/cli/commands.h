@@ -92,7 +92,7 @@ using Request = std::variant<InputTextRequest, InputScaleRequest, InputDpiReques
                              InputPointRequest, UserPaperRequest, CheckListRequest,
                              SelectColorRequest, SelectColorExRequest, EditColorRequest,
                              SelectRgbRequest, SelectFontRequest, SelectFontExRequest,
-                             EditLayoutRequest, EditLayoutExRequest>;
+                             EditLayoutRequest, EditLayoutExRequest, ShowLayoutRequest>;
 
 /// One row of the table of subcommands.
 struct Command {
@@ -101,6 +101,7 @@ struct Command {
   std::string_view answer;  // an example of what is printed when confirmed
   std::span<const Option> options;
   Request (*build)(const ParsedOptions& options);
+  bool opensDialog = true;
 };
 
 std::span<const Command> Commands();

@@ -24,11 +24,13 @@ constexpr unsigned kContinuation = 0x80;
 /// Tells how far the parser has come, which its events do not.
 class CountingIterator {
 public:
+  // The library's names. NOLINTBEGIN(readability-identifier-naming)
   using iterator_category = std::input_iterator_tag;
   using value_type = char;
   using difference_type = std::ptrdiff_t;
   using pointer = const char*;
   using reference = const char&;
+  // NOLINTEND(readability-identifier-naming)
 
   CountingIterator(const char* at, std::size_t* count) : m_at(at), m_count(count) {}
   reference operator*() const { return *m_at; }
@@ -100,7 +102,8 @@ public:
     return std::move(*members);
   }
 
-  // The parser's interface. NOLINTBEGIN(readability-identifier-naming)
+  // The parser's interface.
+  // NOLINTBEGIN(readability-identifier-naming,readability-convert-member-functions-to-static)
   bool null() { return Add({}); }
   bool boolean(bool value) { return Add(value); }
   bool number_integer(std::int64_t value) { return Add(static_cast<double>(value)); }
@@ -140,7 +143,7 @@ public:
     throw UsageError(m_places.At(std::max<std::size_t>(position, 1) - 1) +
                      ": this is no JSON: " + Reason(error));
   }
-  // NOLINTEND(readability-identifier-naming)
+  // NOLINTEND(readability-identifier-naming,readability-convert-member-functions-to-static)
 
 private:
   using Content = decltype(JsonValue::content);

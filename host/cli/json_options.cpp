@@ -68,6 +68,7 @@ std::vector<Number> ReadNumbers(const Option& option, const JsonValue& value,
                      std::to_string(list.size()));
   }
   std::vector<Number> numbers;
+  numbers.reserve(list.size());
   for (const JsonValue& element : list) {
     numbers.push_back(ReadNumber<Number>(element, label, needed));
   }

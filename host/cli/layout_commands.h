@@ -65,6 +65,11 @@ struct EditLayoutExRequest {
   std::vector<std::string> fields;
 };
 
+/// The page of a file, of either kind, without a dialog.
+struct ShowLayoutRequest {
+  std::string file;
+};
+
 /// Both throw UsageError for what the dialog does not take.
 EditLayoutRequest ReadEditLayout(const ParsedOptions& options);
 EditLayoutExRequest ReadEditLayoutEx(const ParsedOptions& options);
@@ -189,6 +194,12 @@ inline constexpr std::array kEditLayoutExOptions{
                         "switches; none are kept without"),
     kPosition};
 
+inline constexpr std::array kShowLayoutOptions{
+    layout_options::File("layout file to show, *.mtpld or *.mtpld2")};
+
+inline constexpr std::string_view kShowLayoutAnswer =
+    R"json({"result":"shown","kind":"grid",...,"blocks":[{"rows":5,"columns":4,...,)json"
+    R"json("cells":[{"row":0,"column":0,"rows":1,"columns":2,"text":"...",...},...]}]})json";
 inline constexpr std::string_view kEditLayoutAnswer =
     R"json({"result":"confirmed","rows":5,"columns":4,"width":180,"height":40,)json"
     R"json("file":"..."})json";

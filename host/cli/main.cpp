@@ -6,6 +6,8 @@
 // Standard input, output and error are UTF-8 on every system.
 #include "cli/commands.h"
 #include "cli/outcome.h"
+#include "cli/page_answer.h"
+#include "framework/code_page.h"
 
 #include <quorvel/quorvel_c.h>
 
@@ -25,6 +27,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -48,6 +51,45 @@ std::wstring WideFromUtf8(std::string_view utf8) {
   std::wstring wide(static_cast<std::size_t>(needed), L'\0');
   MultiByteToWideChar(CP_UTF8, 0, utf8.data(), length, wide.data(), needed);
   return wide;
+}
+
+// ---- Files and standard input
+
+struct FileCloser {
+  // The pointer that it belongs to is the owner. NOLINTNEXTLINE(cppcoreguidelines-owning-memory)
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+/// Much more than any list to tick has; keeps a pipe without end from filling the memory.
+constexpr std::size_t kMostInput = 16 << 20;  // bytes
+
+/// `name` is what errors call the stream. Throws InputError.
+std::string ReadAll(std::FILE* stream, const std::string& name) {
+  std::string all;
+  std::array<char, 4096> part{};
+  while (const std::size_t count = std::fread(part.data(), 1, part.size(), stream)) {
+    all.append(part.data(), count);
+    if (all.size() > kMostInput) {
+      throw InputError(name + " is too long");
+    }
+  }
+  if (std::ferror(stream) != 0) {
+    throw InputError(name + " cannot be read");
+  }
+  return all;
+}
+
+std::string ReadStandardInput() {
+  return ReadAll(stdin, "standard input");
+}
+
+std::string ReadFile(const std::string& path) {
+  const std::unique_ptr<std::FILE, FileCloser> file(
+      _wfopen(WideFromUtf8(path).c_str(), L"rb"));
+  if (!file) {
+    throw InputError(JsonQuoted(path) + " cannot be read");
+  }
+  return ReadAll(file.get(), JsonQuoted(path));
 }
 
 // ---- What all dialogs have in common
@@ -505,6 +547,15 @@ Outcome Run(const EditLayoutExRequest& request) {
   });
 }
 
+Outcome Run(const ShowLayoutRequest& request) {
+  const auto utf8 = [](std::string_view text) { return Utf8FromWide(WideFromCodePage(text)); };
+  std::optional<Answer> answer = DescribePage(ReadFile(request.file), utf8);
+  if (!answer) {
+    throw std::runtime_error(JsonQuoted(request.file) + " is no layout file");
+  }
+  return {.status = ExitStatus::kSuccess, .answer = *std::move(answer)};
+}
+
 /// False when the stream does not take the text.
 bool Print(std::FILE* stream, std::string_view text) {
   return std::fwrite(text.data(), 1, text.size(), stream) == text.size() &&
@@ -539,44 +590,6 @@ ExitStatus Perform(const Task& task) {
   } catch (const RefusedText& refused) {
     return Show(RefusedTextMessage(refused.what(), task.options));
   }
-}
-
-// ---- What --json and --json-file read
-
-struct FileCloser {
-  void operator()(std::FILE* file) const { std::fclose(file); }
-};
-
-/// Much more than any list to tick has; keeps a pipe without end from filling the memory.
-constexpr std::size_t kMostInput = 16 << 20;  // bytes
-
-/// `name` is what errors call the stream. Throws InputError.
-std::string ReadAll(std::FILE* stream, const std::string& name) {
-  std::string all;
-  std::array<char, 4096> part{};
-  while (const std::size_t count = std::fread(part.data(), 1, part.size(), stream)) {
-    all.append(part.data(), count);
-    if (all.size() > kMostInput) {
-      throw InputError(name + " is too long");
-    }
-  }
-  if (std::ferror(stream) != 0) {
-    throw InputError(name + " cannot be read");
-  }
-  return all;
-}
-
-std::string ReadStandardInput() {
-  return ReadAll(stdin, "standard input");
-}
-
-std::string ReadFile(const std::string& path) {
-  const std::unique_ptr<std::FILE, FileCloser> file(
-      _wfopen(WideFromUtf8(path).c_str(), L"rb"));
-  if (!file) {
-    throw InputError(JsonQuoted(path) + " cannot be read");
-  }
-  return ReadAll(file.get(), JsonQuoted(path));
 }
 
 /// The whole run, given the arguments after the program's name.

@@ -1,11 +1,19 @@
 #include "cli/outcome.h"
 
 #include <string_view>
+#include <utility>
 
 namespace quorvel::cli {
 
 Answer::Answer(std::string_view result) {
   m_json.AddText(kResultMember, result);
+}
+
+Answer::Answer(JsonObject json, std::span<const std::string> plainValues)
+    : m_json(std::move(json)) {
+  for (const std::string& value : plainValues) {
+    m_lines.push_back({value});
+  }
 }
 
 Answer& Answer::AddText(std::string_view name, std::string_view utf8) {

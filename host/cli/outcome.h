@@ -29,6 +29,7 @@ inline constexpr std::string_view kConfirmedResult = "confirmed";
 inline constexpr std::string_view kCancelledResult = "cancelled";
 inline constexpr std::string_view kMousePickResult = "mouse-pick";
 inline constexpr std::string_view kClearAllResult = "clear-all";
+inline constexpr std::string_view kShownResult = "shown";  // without a dialog
 
 struct CheckListItem {
   std::string name;
@@ -40,6 +41,8 @@ struct CheckListItem {
 class Answer {
 public:
   explicit Answer(std::string_view result);
+  /// The two forms made elsewhere, the object with its result.
+  Answer(JsonObject json, std::span<const std::string> plainValues);
 
   Answer& AddText(std::string_view name, std::string_view utf8);
   Answer& AddNumber(std::string_view name, double value);

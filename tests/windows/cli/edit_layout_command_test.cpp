@@ -216,6 +216,25 @@ TEST_F(EditLayoutCommand, ShapesThePageBeforeItIsShown) {
   EXPECT_EQ(page.GetCelAt(0)->GetText(), "表");
 }
 
+class ShowLayoutCommand : public LayoutFiles {};
+
+TEST_F(ShowLayoutCommand, PrintsThePageWithoutADialog) {
+  const Ended grid = RunProgram(L"show-layout " + Quoted(m_file));
+  EXPECT_EQ(grid.status, 0) << grid.errors;
+  EXPECT_TRUE(grid.output.starts_with(R"({"result":"shown","kind":"grid",)")) << grid.output;
+  EXPECT_NE(grid.output.find(Utf8(u8R"("text":"表",)")), std::string::npos) << grid.output;
+  EXPECT_NE(grid.output.find(Utf8(u8R"("face":"ＭＳ ゴシック",)")), std::string::npos);
+  EXPECT_EQ(grid.output.find('\n'), grid.output.size() - 1);
+  EXPECT_EQ(RunProgram(L"show-layout --plain " + Quoted(m_blocksFile)).output, Utf8(u8"表\n"));
+}
+
+TEST_F(ShowLayoutCommand, FailsWhereThereIsNoPage) {
+  ExpectFailure(L"show-layout " + Quoted(m_folder / L"none é.mtpld"),
+                u8"none é.mtpld\" cannot be read");
+  std::ofstream(m_folder / "other.mtpld") << "no layout";
+  ExpectFailure(L"show-layout " + Quoted(m_folder / "other.mtpld"), u8"is no layout file");
+}
+
 constexpr int kListRowsField = 4039;
 constexpr int kListImage = 4033;
 constexpr int kFieldButton = 4030;
