@@ -233,6 +233,9 @@ def check_subcommands(tree, texts, problems):
 
 def main():
     source, build = (pathlib.Path(argument).resolve() for argument in sys.argv[1:3])
+    # Within a run of make, whose settings are not for those that are started here.
+    for name in ("MAKEFLAGS", "MAKELEVEL", "MFLAGS"):
+        os.environ.pop(name, None)
     problems, count = [], 0
     texts = {document: (source / document).read_text(encoding="utf-8")
              for document in RUN_DOCUMENTS}
