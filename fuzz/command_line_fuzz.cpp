@@ -67,7 +67,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string behind(end == std::string_view::npos ? "" : input.substr(end + 1));
   const CommandLine line = quorvel::cli::ReadCommandLine(
       arguments, {.standardInput = [&] { return behind; },
-                  .file = [&](const std::string& /*path*/) { return behind; }});
+                  .file = [&](const std::string& /*path*/) { return behind; },
+                  .libraryVersion = "1"});
   const auto* const message = std::get_if<Message>(&line);
   if (arguments.empty()) {
     Require(message != nullptr && message->status == ExitStatus::kBadUsage);  // how it is called

@@ -133,7 +133,7 @@ const Option& FindOption(std::span<const Option> table, std::string_view name) {
   }
   const auto found = std::ranges::find(table, name, &Option::name);
   if (found == table.end() || found->isOperand) {
-    throw UsageError("unknown option " + JsonQuoted(Dashed(name)));
+    throw UsageError("unknown option " + JsonQuoted(Dashed(name)) + ", --help lists them");
   }
   return *found;
 }

@@ -349,11 +349,11 @@ Message HelpMessage(std::span<const std::string> topics) {
           .status = ExitStatus::kSuccess};
 }
 
-Message VersionMessage(std::span<const std::string> rest) {
+Message VersionMessage(std::span<const std::string> rest, const Inputs& inputs) {
   if (!rest.empty()) {
     throw UsageError("unexpected argument " + JsonQuoted(rest.front()));
   }
-  return {.text = "quorvel " + std::string(kVersion) + "\n", .status = ExitStatus::kSuccess};
+  return {.text = "quorvel " + inputs.libraryVersion + "\n", .status = ExitStatus::kSuccess};
 }
 
 /// The members that --json or --json-file gives; none without them.
@@ -394,7 +394,7 @@ CommandLine Interpret(std::span<const std::string> arguments, const Inputs& inpu
     return HelpMessage(rest);
   }
   if (first == "--version") {
-    return VersionMessage(rest);
+    return VersionMessage(rest, inputs);
   }
   const Command& command = FindCommand(first);
   ParsedOptions options = ParseGivenOptions(AllOptions(command), rest);

@@ -25,7 +25,7 @@
 
 namespace quorvel::cli {
 
-/// The product's version, as the build names it.
+/// This program's version, as the build names it.
 inline constexpr std::string_view kVersion = QUORVEL_VERSION;
 
 struct InputTextRequest {
@@ -134,14 +134,15 @@ public:
   using std::runtime_error::runtime_error;
 };
 
-/// Where --json and --json-file read from, in whole. Both may throw InputError, and those that are
-/// not given do.
+/// What the command line takes from outside. --json and --json-file read in whole; both may throw
+/// InputError, and those that are not given do.
 struct Inputs {
   std::function<std::string()> standardInput = []() -> std::string {
     throw InputError("there is no standard input");
   };
   std::function<std::string(const std::string& path)> file =
       [](const std::string& /*path*/) -> std::string { throw InputError("there are no files"); };
+  std::string libraryVersion{kVersion};  // which --version tells
 };
 
 /// The options that every subcommand has besides its own.

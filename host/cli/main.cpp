@@ -595,8 +595,9 @@ ExitStatus Perform(const Task& task) {
 /// The whole run, given the arguments after the program's name.
 ExitStatus RunCommandLine(const std::vector<std::string>& arguments) {
   try {
-    const CommandLine line =
-        ReadCommandLine(arguments, {.standardInput = ReadStandardInput, .file = ReadFile});
+    const CommandLine line = ReadCommandLine(arguments, {.standardInput = ReadStandardInput,
+                                                         .file = ReadFile,
+                                                         .libraryVersion = quorvel_version()});
     const Message* message = std::get_if<Message>(&line);
     return message != nullptr ? Show(*message) : Perform(std::get<Task>(line));
   } catch (const std::exception& error) {

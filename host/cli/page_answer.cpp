@@ -97,13 +97,19 @@ JsonObject DescribeCell(const CLayoutCelData& cell, int row, int column,
   return described;
 }
 
+struct PlacedCell {
+  int row = 0;
+  int column = 0;
+  const CLayoutCelData* cell = nullptr;
+};
+
 /// One block as the two kinds of page have it.
 struct Block {
   int rows = 0;
   int columns = 0;
   std::vector<double> heights;
   std::vector<double> widths;
-  std::vector<std::pair<int, const CLayoutCelData*>> cells;  // those not covered, with their indices
+  std::vector<PlacedCell> cells;  // those that are not covered
 };
 
 /// What a page is described in: its object, and the texts of its cells.
@@ -115,8 +121,8 @@ struct Description {
 JsonObject DescribeBlock(JsonObject described, const Block& block, const Utf8FromCodePage& utf8,
                          std::vector<std::string>& texts) {
   std::vector<JsonObject> cells;
-  for (const auto& [index, cell] : block.cells) {
-    cells.push_back(DescribeCell(*cell, index / block.columns, index % block.columns, utf8));
+  for (const auto& [row, column, cell] : block.cells) {
+    cells.push_back(DescribeCell(*cell, row, column, utf8));
     if (!cell->TextView().empty()) {
       texts.push_back(utf8(cell->TextView()));
     }
@@ -151,9 +157,10 @@ Description Describe(const CLayoutPageData& page, const Utf8FromCodePage& utf8) 
   std::vector<CRect> table(static_cast<std::size_t>(page.GetCelSize()));
   page.InitCelRect(&kAnyArea, table.data());
   for (int index = 0; index < page.GetCelSize(); ++index) {
+    PlacedCell placed{.row = 0, .column = 0, .cell = page.GetCelAt(index)};
     CRect rect;
-    if (page.GetCelRect(&rect, table.data(), index, nullptr, nullptr) != 0) {
-      block.cells.emplace_back(index, page.GetCelAt(index));
+    if (page.GetCelRect(&rect, table.data(), index, &placed.row, &placed.column) != 0) {
+      block.cells.push_back(placed);
     }
   }
   Description description;
@@ -196,9 +203,10 @@ Description Describe(const CLayoutExPageData& page, const Utf8FromCodePage& utf8
     std::vector<CRect> table(static_cast<std::size_t>(page.GetCelSize(type)));
     page.InitCelRect(type, &kAnyArea, table.data());
     for (int index = 0; index < page.GetCelSize(type); ++index) {
+      PlacedCell placed{.row = 0, .column = 0, .cell = page.GetCelAt(type, index)};
       CRect rect;
-      if (page.GetCelRect(type, &rect, table.data(), index, nullptr, nullptr) != 0) {
-        block.cells.emplace_back(index, page.GetCelAt(type, index));
+      if (page.GetCelRect(type, &rect, table.data(), index, &placed.row, &placed.column) != 0) {
+        block.cells.push_back(placed);
       }
     }
     JsonObject described;

@@ -216,9 +216,12 @@ TEST(Commands, AnUnknownSubcommandIsRefused) {
 }
 
 TEST(Commands, ErrorsOfOptionsAreRefused) {
-  ExpectBadUsage({"input-dpi", "--title", "t"}, R"(quorvel: unknown option "--title")");
-  ExpectBadUsage({"user-paper", "--position", "1,2"}, R"(quorvel: unknown option "--position")");
-  ExpectBadUsage({"check-list", "--position", "1,2"}, R"(quorvel: unknown option "--position")");
+  ExpectBadUsage({"input-dpi", "--title", "t"},
+                 R"(quorvel: unknown option "--title", --help lists them)");
+  ExpectBadUsage({"user-paper", "--position", "1,2"},
+                 R"(quorvel: unknown option "--position", --help lists them)");
+  ExpectBadUsage({"check-list", "--position", "1,2"},
+                 R"(quorvel: unknown option "--position", --help lists them)");
   ExpectBadUsage({"input-dpi", "--dpi"}, "quorvel: --dpi needs a value");
   ExpectBadUsage({"input-dpi", "--dpi", "x"}, R"(quorvel: --dpi needs a whole number, not "x")");
   ExpectBadUsage({"user-paper", "--width", "1.5"},
@@ -233,8 +236,10 @@ TEST(Commands, ErrorsOfOptionsAreRefused) {
   ExpectBadUsage({"input-point", "--mouse-pick", "--mouse-pick"},
                  "quorvel: --mouse-pick is given twice");
   ExpectBadUsage({"check-list", "--title=a", "--title=b"}, "quorvel: --title is given twice");
-  ExpectBadUsage({"select-rgb", "--position", "1,2"}, R"(quorvel: unknown option "--position")");
-  ExpectBadUsage({"select-rgb", "--key", "k"}, R"(quorvel: unknown option "--key")");
+  ExpectBadUsage({"select-rgb", "--position", "1,2"},
+                 R"(quorvel: unknown option "--position", --help lists them)");
+  ExpectBadUsage({"select-rgb", "--key", "k"},
+                 R"(quorvel: unknown option "--key", --help lists them)");
   for (const std::string command : {"select-color", "select-color-ex", "edit-color", "select-rgb"}) {
     ExpectBadUsage({command, "--color", "blue"},
                    R"(quorvel: --color needs a colour as #RRGGBB, not "blue")");
@@ -262,6 +267,10 @@ TEST(Commands, TheErrorOfATextIsOneLine) {
 
 TEST(Commands, VersionIsPrinted) {
   ExpectHelp({"--version"}, "quorvel 0.1.0\n");
+  Inputs inputs;
+  inputs.libraryVersion = "9.8.7";
+  EXPECT_EQ(std::get<Message>(ReadCommandLine(Arguments{"--version"}, inputs)).text,
+            "quorvel 9.8.7\n");
   ExpectBadUsage({"--version", "x"}, R"(quorvel: unexpected argument "x")");
 }
 
@@ -406,7 +415,8 @@ TEST(Commands, AnswersAreJsonUnlessPlainIsWanted) {
 
 TEST(Commands, JsonComesFromTheArgumentFromStandardInputOrFromAFile) {
   const Inputs inputs{.standardInput = [] { return R"({"dpi":2})"; },
-                      .file = [](const std::string& path) { return "{\"dpi\":" + path + "}"; }};
+                      .file = [](const std::string& path) { return "{\"dpi\":" + path + "}"; },
+                      .libraryVersion = ""};
   const auto dpi = [&](const Arguments& arguments) {
     const CommandLine line = ReadCommandLine(arguments, inputs);
     return std::get<InputDpiRequest>(std::get<Task>(line).request).dpi;
@@ -428,7 +438,8 @@ TEST(Commands, WhatCannotBeReadIsAFailure) {
 
 TEST(Commands, ErrorsOfJsonNameTheirSource) {
   const Inputs inputs{.standardInput = [] { return R"({"dpi":"x"})"; },
-                      .file = [](const std::string& /*path*/) { return "{\n \"dpi\":true}"; }};
+                      .file = [](const std::string& /*path*/) { return "{\n \"dpi\":true}"; },
+                      .libraryVersion = ""};
   const auto error = [&](const Arguments& arguments) {
     return std::get<Message>(ReadCommandLine(arguments, inputs)).text;
   };

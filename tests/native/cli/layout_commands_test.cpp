@@ -71,7 +71,8 @@ TEST(LayoutCommands, EditLayoutNeedsOneFile) {
   ExpectBadUsage({"edit-layout", ""}, "quorvel: FILE must not be empty");
   ExpectBadUsage({"edit-layout", "a", "b"}, R"(quorvel: unexpected argument "b")");
   ExpectBadUsage({"edit-layout", "-a"}, R"(quorvel: unexpected argument "-a")");
-  ExpectBadUsage({"edit-layout", "--file", "a"}, R"(quorvel: unknown option "--file")");
+  ExpectBadUsage({"edit-layout", "--file", "a"},
+                 R"(quorvel: unknown option "--file", --help lists them)");
 }
 
 TEST(LayoutCommands, EditLayoutMakesPagesThatItsDialogTakes) {
@@ -124,7 +125,7 @@ TEST(LayoutCommands, EditLayoutExWritesTheFileThatItReads) {
   EXPECT_TRUE(request.fields.empty());
   ExpectBadUsage({"edit-layout-ex"}, "quorvel: FILE is missing");
   ExpectBadUsage({"edit-layout-ex", "a", "--line-mode"},
-                 R"(quorvel: unknown option "--line-mode")");
+                 R"(quorvel: unknown option "--line-mode", --help lists them)");
 }
 
 TEST(LayoutCommands, EditLayoutExMakesPagesThatItsDialogTakes) {
