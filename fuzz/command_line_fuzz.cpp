@@ -1,6 +1,6 @@
-// Any arguments of the command line, and any JSON for them: they become a request or one message, as
-// documented, and never anything else. Arguments are separated by line feeds; behind the first zero
-// is what standard input and every file hold.
+// Any arguments of the command line, and any JSON for them: they become a request or one message,
+// as documented, and never anything else. Arguments are separated by line feeds; behind the first
+// zero is what standard input and every file hold.
 #include "cli/commands.h"
 
 #include <cstddef>

@@ -1,7 +1,7 @@
 // The subcommands of the command line: one table, from which arguments are read into plain
 // requests and help texts are made. All texts are UTF-8.
 //
-//   const CommandLine line = ReadCommandLine(arguments, inputs);      // {"input-dpi", "--dpi", "300"}
+//   const CommandLine line = ReadCommandLine(arguments);           // {"input-dpi", "--dpi", "300"}
 //   std::get<InputDpiRequest>(std::get<Task>(line).request).dpi;   // 300
 //
 // A new subcommand is a request type here, and in commands.cpp a function that builds it and a row
@@ -88,11 +88,11 @@ struct SelectRgbRequest {
 };
 
 /// The dialog that is asked for, with everything that its entry takes.
-using Request = std::variant<InputTextRequest, InputScaleRequest, InputDpiRequest,
-                             InputPointRequest, UserPaperRequest, CheckListRequest,
-                             SelectColorRequest, SelectColorExRequest, EditColorRequest,
-                             SelectRgbRequest, SelectFontRequest, SelectFontExRequest,
-                             EditLayoutRequest, EditLayoutExRequest, ShowLayoutRequest>;
+using Request =
+    std::variant<InputTextRequest, InputScaleRequest, InputDpiRequest, InputPointRequest,
+                 UserPaperRequest, CheckListRequest, SelectColorRequest, SelectColorExRequest,
+                 EditColorRequest, SelectRgbRequest, SelectFontRequest, SelectFontExRequest,
+                 EditLayoutRequest, EditLayoutExRequest, ShowLayoutRequest>;
 
 /// One row of the table of subcommands.
 struct Command {
@@ -152,7 +152,8 @@ std::span<const Option> CommonOptions();
 CommandLine ReadCommandLine(std::span<const std::string> arguments, const Inputs& inputs = {});
 
 /// The message for a text that the library refused in `words`, which begin with the structure's
-/// member: "face has ...". Where an option or a member of JSON stands for it, the message names that.
+/// member: "face has ...". Where an option or a member of JSON stands for it, the message names
+/// that.
 Message RefusedTextMessage(std::string_view words, const ParsedOptions& options);
 
 /// The message for bad usage: "quorvel: " and the error's own words.

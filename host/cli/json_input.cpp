@@ -76,8 +76,8 @@ private:
   std::size_t m_column = 1;
 };
 
-/// Why the parser refuses, in its own words without the place and without what it read, which may be
-/// long and no UTF-8.
+/// Why the parser refuses, in its own words without the place and without what it read, which may
+/// be long and no UTF-8.
 std::string Reason(const nlohmann::detail::exception& error) {
   std::string_view words = error.what();
   if (dynamic_cast<const nlohmann::detail::out_of_range*>(&error) != nullptr) {

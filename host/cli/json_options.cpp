@@ -43,8 +43,8 @@ Number ReadNumber(const JsonValue& value, std::string_view label, std::string_vi
       Refuse(label, needed, value);
     }
     if (number < Limits::min() || number > Limits::max()) {
-      throw UsageError(std::string(label) + " goes from " + std::to_string(Limits::min()) +
-                       " to " + std::to_string(Limits::max()));
+      throw UsageError(std::string(label) + " goes from " + std::to_string(Limits::min()) + " to " +
+                       std::to_string(Limits::max()));
     }
   }
   return static_cast<Number>(number);
@@ -179,7 +179,8 @@ void AddMembers(std::span<const Option> table, const std::vector<JsonMember>& me
                 ParsedOptions& parsed) {
   const ParsedOptions onCommandLine = parsed;
   const auto add = [&](Values values, std::initializer_list<std::string_view> losesTo) {
-    if (std::ranges::any_of(losesTo, [&](std::string_view name) { return onCommandLine.Has(name); })) {
+    if (std::ranges::any_of(losesTo,
+                            [&](std::string_view name) { return onCommandLine.Has(name); })) {
       return;
     }
     for (GivenOption& given : values) {

@@ -1,9 +1,10 @@
-// The values of options out of an object of JSON. Each option has a member of its name in camel case,
-// "dotsHeight" for --dots-height: a text, a number, a list of them for options that take several or
-// can be repeated, true or false for flags. The items of a list to tick are one member, "items".
+// The values of options out of an object of JSON. Each option has a member of its name in camel
+// case, "dotsHeight" for --dots-height: a text, a number, a list of them for options that take
+// several or can be repeated, true or false for flags. The items of a list to tick are one member,
+// "items".
 //
 //   ParsedOptions parsed = ParseGivenOptions(kTable, {"--title", "題名"});
-//   AddMembers(kTable, ReadJsonObject(R"({"title":"other","position":[50,60]})", "--json"), parsed);
+//   AddMembers(kTable, ReadJsonObject(R"({"title":"x","position":[50,60]})", "--json"), parsed);
 //   parsed.Text("title");               // 題名: what is on the command line wins
 //   parsed.WholeNumbers("position");    // 50, 60
 #pragma once

@@ -21,7 +21,8 @@ std::optional<PageCounts> NewPage(const ParsedOptions& options) {
   }
   const std::vector<int>& counts = options.WholeNumbers("new");
   if (!AreAllWithin(counts, kMostLines)) {
-    throw UsageError(options.Label("new") + " takes 1 to " + std::to_string(kMostLines) + " rows and columns");
+    throw UsageError(options.Label("new") + " takes 1 to " + std::to_string(kMostLines) +
+                     " rows and columns");
   }
   return PageCounts{.rows = counts[0], .columns = counts[1]};
 }

@@ -37,8 +37,8 @@ struct EditLayoutRequest {
   LayoutArguments arguments;
   /// Given when the page is to be made anew instead of being read.
   std::optional<PageCounts> newPage;
-  /// What the page is brought to before it is shown, each where it is given; lengths are of all rows
-  /// or columns together.
+  /// What the page is brought to before it is shown, each where it is given; lengths are of all
+  /// rows or columns together.
   std::optional<int> rows;
   std::optional<int> columns;
   std::optional<double> width;
@@ -176,8 +176,7 @@ inline constexpr std::array kEditLayoutExOptions{
     layout_options::New("HEADER+LIST+FOOTERxCOLUMNS", kBlockCount + 1,
                         "begin with a new page, FILE must not be there yet; 1 to 5 rows in each "
                         "block, 1 to 20 columns, such as 2+1+3x6"),
-    layout_options::Rows("H,L,F", kBlockCount,
-                         "divide header, list and footer into so many rows"),
+    layout_options::Rows("H,L,F", kBlockCount, "divide header, list and footer into so many rows"),
     layout_options::kColumns,
     layout_options::kWidth,
     layout_options::Height("H,L,F", kBlockCount,

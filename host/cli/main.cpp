@@ -1,4 +1,5 @@
-// quorvel.exe: opens one dialog of the library and prints the answer, as one line of JSON or plainly.
+// quorvel.exe: opens one dialog of the library and prints the answer, as one line of JSON or
+// plainly.
 //
 //   quorvel input-text --title 題名 --text 初期値
 //   {"result":"confirmed","text":"..."}
@@ -84,8 +85,7 @@ std::string ReadStandardInput() {
 }
 
 std::string ReadFile(const std::string& path) {
-  const std::unique_ptr<std::FILE, FileCloser> file(
-      _wfopen(WideFromUtf8(path).c_str(), L"rb"));
+  const std::unique_ptr<std::FILE, FileCloser> file(_wfopen(WideFromUtf8(path).c_str(), L"rb"));
   if (!file) {
     throw InputError(JsonQuoted(path) + " cannot be read");
   }
@@ -282,9 +282,8 @@ Outcome RunColor(const ColorArguments& arguments, ColorFunction ask) {
   dialog.registry_key = arguments.key.c_str();
   dialog.color = HostColor(arguments.color);
   dialog.position = position.Pointer();
-  return OutcomeOf(ask(&dialog), [&](Answer& answer) {
-    answer.AddText("color", TextOfColor(dialog.color));
-  });
+  return OutcomeOf(ask(&dialog),
+                   [&](Answer& answer) { answer.AddText("color", TextOfColor(dialog.color)); });
 }
 
 Outcome Run(const SelectColorRequest& request) {
@@ -522,8 +521,7 @@ Outcome Run(const EditLayoutExRequest& request) {
     const auto rows = request.rows.empty() ? std::nullopt : std::optional(request.rows.at(i));
     const auto height =
         request.heights.empty() ? std::nullopt : std::optional(request.heights.at(i));
-    Shape(page.get(), kBlocks.at(i), rows, request.columns, request.width, height,
-          given.dotsPerMm);
+    Shape(page.get(), kBlocks.at(i), rows, request.columns, request.width, height, given.dotsPerMm);
   }
   LayoutDialog dialog(given, page.get());
   const std::vector<const char*> fields = Pointers(request.fields);

@@ -36,8 +36,8 @@ struct CheckListItem {
   bool isTicked = false;
 };
 
-/// What a dialog came to, in both forms that it can be printed in: an object of JSON with the result
-/// and every value by its name, and the values alone.
+/// What a dialog came to, in both forms that it can be printed in: an object of JSON with the
+/// result and every value by its name, and the values alone.
 class Answer {
 public:
   explicit Answer(std::string_view result);

@@ -4,10 +4,10 @@
   check_documents.py SOURCE_TREE BUILD_TREE
 
 Runs the commands of each document's blocks one after the other, as a reader would type them, in a
-folder that has what `make dist` makes. Dialogs are answered with Enter. A block of output behind the
-commands, or "prints `...`", is compared with what they print; "status N" with how they end. Commands
-of make are only looked whether they have a target. Besides, the lists of subcommands, options and
-targets are compared with those that there are.
+folder that has what `make dist` makes. Dialogs are answered with Enter. A block of output behind
+the commands, or "prints `...`", is compared with what they print; "status N" with how they end.
+Commands of make are only looked up: they must have a target. Besides, the lists of subcommands,
+options and targets are compared with those that there are.
 """
 
 import os

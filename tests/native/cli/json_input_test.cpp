@@ -110,7 +110,8 @@ TEST(ReadJsonObject, RefusesMoreThanItsLimits) {
 }
 
 TEST(ReadJsonObject, RefusalsAreOneLine) {
-  for (const std::string text : {"{\"a\nb\":1", "{\"a\":\"x\n", "\n\n{\n", "{\"\\n\":{\"\\n\":", "{\"a\":tr\n"}) {
+  for (const std::string text :
+       {"{\"a\nb\":1", "{\"a\":\"x\n", "\n\n{\n", "{\"\\n\":{\"\\n\":", "{\"a\":tr\n"}) {
     EXPECT_NE(Refusal(text), "");
     EXPECT_EQ(Refusal(text).find('\n'), std::string::npos) << Refusal(text);
   }

@@ -39,8 +39,11 @@ constexpr std::array kTable = {
     Option{.name = "rows", .kind = kWholeNumbers, .valueName = "N", .help = "h", .standIn = "new"},
     Option{.name = "loud", .help = "h"},
     Option{.name = "name", .kind = kText, .valueName = "TEXT", .help = "h", .isRepeatable = true},
-    Option{
-        .name = "number", .kind = kWholeNumbers, .valueName = "N", .help = "h", .isRepeatable = true},
+    Option{.name = "number",
+           .kind = kWholeNumbers,
+           .valueName = "N",
+           .help = "h",
+           .isRepeatable = true},
     Option{.name = "item", .kind = kItem, .valueName = "NAME", .help = "h", .isRepeatable = true},
     Option{.name = "ticked-item",
            .kind = kTickedItem,
@@ -135,7 +138,8 @@ TEST(AddMembers, TheResultOfAnAnswerIsTakenAsSaid) {
 }
 
 TEST(AddMembers, RefusesMembersThatAreNoOptions) {
-  for (const std::string name : {"Count", "some-text", "item", "tickedItem", "json", "plain", "help"}) {
+  for (const std::string name :
+       {"Count", "some-text", "item", "tickedItem", "json", "plain", "help"}) {
     EXPECT_NE(Refusal("{\"" + name + "\":1}").find("is not known here"), std::string::npos) << name;
   }
   EXPECT_EQ(Refusal(R"({"count":1, "depth":2})"),
@@ -153,7 +157,8 @@ TEST(AddMembers, RefusesValuesOfAnotherType) {
             R"(S:1:2: position needs a list of 2 whole numbers, not "1,2")");
   EXPECT_EQ(Refusal(R"({"position":[1]})"),
             "S:1:2: position needs a list of 2 whole numbers, not 1");
-  EXPECT_EQ(Refusal(R"({"point":[1,2,3,4]})"), "S:1:2: point needs a list of 2 to 3 numbers, not 4");
+  EXPECT_EQ(Refusal(R"({"point":[1,2,3,4]})"),
+            "S:1:2: point needs a list of 2 to 3 numbers, not 4");
   EXPECT_EQ(Refusal(R"({"point":[1,true]})"),
             "S:1:2: point needs a list of 2 to 3 numbers, not true");
   EXPECT_EQ(Refusal(R"({"ink":"red"})"), R"(S:1:2: ink needs a colour as #RRGGBB, not "red")");
@@ -174,7 +179,8 @@ TEST(AddMembers, RefusesItemsThatAreNone) {
   EXPECT_EQ(Refusal(R"({"items":[1]})"),
             R"(S:1:2: items needs texts or objects {"name":TEXT,"ticked":true}, not 1)");
   EXPECT_EQ(Refusal(R"({"items":[{"ticked":true}]})"), "S:1:2: items has an item without a name");
-  EXPECT_EQ(Refusal(R"({"items":[{"name":"x","tick":1}]})"), "S:1:23: tick is no member of an item");
+  EXPECT_EQ(Refusal(R"({"items":[{"name":"x","tick":1}]})"),
+            "S:1:23: tick is no member of an item");
   EXPECT_EQ(Refusal(R"({"items":[{"name":"x","ticked":1}]})"),
             "S:1:23: ticked needs true or false, not 1");
 }

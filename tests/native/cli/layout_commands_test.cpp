@@ -169,8 +169,9 @@ TEST(LayoutCommands, ThePageIsShapedAsTheOptionsSay) {
   EXPECT_EQ(request.columns, 255);
   EXPECT_EQ(request.width, 180);
   EXPECT_EQ(request.height, 4.5);
-  const auto blocks = Read<EditLayoutExRequest>({"edit-layout-ex", "a", "--rows", "1,2,3",
-                                                 "--columns=4", "--width=12.3", "--height=5,6,7.5"});
+  const auto blocks =
+      Read<EditLayoutExRequest>({"edit-layout-ex", "a", "--rows", "1,2,3", "--columns=4",
+                                 "--width=12.3", "--height=5,6,7.5"});
   EXPECT_EQ(blocks.rows, (std::vector{1, 2, 3}));
   EXPECT_EQ(blocks.columns, 4);
   EXPECT_EQ(blocks.width, 12.3);
@@ -184,7 +185,8 @@ TEST(LayoutCommands, ShapesOutOfRangeAreRefused) {
   ExpectBadUsage({"edit-layout", "a", "--rows", "0"}, "quorvel: --rows goes from 1 to 255");
   ExpectBadUsage({"edit-layout", "a", "--columns", "256"}, "quorvel: --columns goes from 1 to 255");
   ExpectBadUsage({"edit-layout", "a", "--width", "0"}, "quorvel: --width must be above 0");
-  ExpectBadUsage({"edit-layout-ex", "a", "--height", "1,-2,3"}, "quorvel: --height must be above 0");
+  ExpectBadUsage({"edit-layout-ex", "a", "--height", "1,-2,3"},
+                 "quorvel: --height must be above 0");
   ExpectBadUsage({"edit-layout-ex", "a", "--json", R"({"rows":[1,2,0]})"},
                  "quorvel: --json:1:2: rows goes from 1 to 255");
 }

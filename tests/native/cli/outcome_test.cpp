@@ -43,7 +43,8 @@ TEST(Outcome, PlainAnswersAreTheValuesAloneLineByLine) {
 
 TEST(Outcome, TickedItemsAreThePlainValuesOfAList) {
   Outcome outcome = Confirmed();
-  outcome.answer.AddItems("items", std::vector<CheckListItem>{{"壁", true}, {"窓", false}, {"", true}});
+  outcome.answer.AddItems("items",
+                          std::vector<CheckListItem>{{"壁", true}, {"窓", false}, {"", true}});
   EXPECT_EQ(outcome.answer.ToPlain(), "壁\n\n");
   EXPECT_EQ(outcome.answer.ToPlain("|"), "壁|\n");
   EXPECT_EQ(outcome.answer.ToJson(),

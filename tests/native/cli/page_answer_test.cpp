@@ -22,8 +22,8 @@ std::string BytesOf(const Page& page) {
 
 template <class Page>
 Answer Describe(const Page& page) {
-  const std::optional<Answer> answer =
-      DescribePage(BytesOf(page), [](std::string_view text) { return "<" + std::string(text) + ">"; });
+  const std::optional<Answer> answer = DescribePage(
+      BytesOf(page), [](std::string_view text) { return "<" + std::string(text) + ">"; });
   EXPECT_TRUE(answer.has_value());
   return answer.value_or(Answer(""));
 }
@@ -120,9 +120,10 @@ TEST(DescribePage, TellsTheSettingsOfAFieldMacro) {
   page.GetCelAt(0)->SetText(info.GetMacroString("total"));
   page.GetCelAt(1)->SetText("no macro");
   const std::string json = Describe(page).ToJson();
-  EXPECT_EQ(Part(json, "field"),
-            R"({"valType":209,"fieldName":"<price>","findType":2,"findValue":"<10>",)"
-            R"("refField":"<count>","useDecimalPlaces":true,"decimalPlaces":2,"groupsDigits":true})");
+  EXPECT_EQ(
+      Part(json, "field"),
+      R"({"valType":209,"fieldName":"<price>","findType":2,"findValue":"<10>",)"
+      R"("refField":"<count>","useDecimalPlaces":true,"decimalPlaces":2,"groupsDigits":true})");
   EXPECT_EQ(json.find("\"field\":"), json.rfind("\"field\":"));
 }
 

@@ -209,8 +209,7 @@ TEST_F(EditLayoutCommand, ShapesThePageBeforeItIsShown) {
                    EXPECT_EQ(driver::Text(::GetDlgItem(dialog, kRowsField)), L"3");
                    Confirm(dialog);
                  });
-  EXPECT_EQ(ended.output,
-            Confirmed(R"("rows":3,"columns":4,"width":180,"height":45)", m_file));
+  EXPECT_EQ(ended.output, Confirmed(R"("rows":3,"columns":4,"width":180,"height":45)", m_file));
   const auto page = Read<CLayoutPageData>(m_file);
   EXPECT_EQ(page.GetNumCol(), 4);
   EXPECT_EQ(page.GetCelAt(0)->GetText(), "表");
@@ -274,13 +273,13 @@ TEST_F(EditLayoutExCommand, ItsAnswerCanBeFedBack) {
 }
 
 TEST_F(EditLayoutExCommand, ShapesThePageBeforeItIsShown) {
-  const Ended ended = RunProgram(
-      L"edit-layout-ex --rows 1,3,2 --columns 2 --width 100.5 --height 8,24,16.5 " +
-          Quoted(m_blocksFile),
-      Confirm);
-  EXPECT_EQ(ended.output,
-            Confirmed(R"("rows":[1,3,2],"columns":2,"width":100.5,"height":[8,24,16.5])",
-                      m_blocksFile));
+  const Ended ended =
+      RunProgram(L"edit-layout-ex --rows 1,3,2 --columns 2 --width 100.5 --height 8,24,16.5 " +
+                     Quoted(m_blocksFile),
+                 Confirm);
+  EXPECT_EQ(
+      ended.output,
+      Confirmed(R"("rows":[1,3,2],"columns":2,"width":100.5,"height":[8,24,16.5])", m_blocksFile));
 }
 
 TEST_F(EditLayoutExCommand, WritesAnotherFileAndLeavesTheFirst) {

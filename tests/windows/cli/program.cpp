@@ -53,8 +53,8 @@ Pipe MakePipe(PipeEnd inheritedEnd = PipeEnd::kWriting) {
   HANDLE reading = nullptr;
   HANDLE writing = nullptr;
   ::CreatePipe(&reading, &writing, &inherited, 0);
-  ::SetHandleInformation(inheritedEnd == PipeEnd::kReading ? writing : reading,
-                         HANDLE_FLAG_INHERIT, 0);
+  ::SetHandleInformation(inheritedEnd == PipeEnd::kReading ? writing : reading, HANDLE_FLAG_INHERIT,
+                         0);
   return {Handle(reading), Handle(writing)};
 }
 

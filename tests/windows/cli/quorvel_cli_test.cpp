@@ -237,8 +237,7 @@ TEST(CommandLine, SelectFontCancelled) {
 TEST(CommandLine, SelectFontRefusesAFaceThatARecordCannotHold) {
   const Ended ended = RunProgram(L"select-font --face 長い長い長い長い長い長い長い長い");
   EXPECT_EQ(ended.status, kBadUsage);
-  EXPECT_TRUE(ended.errors.starts_with("quorvel: --face has more than 31 bytes"))
-      << ended.errors;
+  EXPECT_TRUE(ended.errors.starts_with("quorvel: --face has more than 31 bytes")) << ended.errors;
 }
 
 TEST(CommandLine, EveryAnswerCanBeFedBack) {
@@ -267,17 +266,17 @@ TEST(CommandLine, EveryAnswerCanBeFedBack) {
     EXPECT_EQ(again.output, first.output);
   }
   // The dialog for papers begins without a name, whatever is handed to it.
-  const Ended paper =
-      RunProgram(L"user-paper --json -", SetAndConfirm({{13367, L"図面"}}),
-                 Utf8(u8R"json({"result":"confirmed","name":"x(420x297)","width":420,"height":297})json"));
+  const Ended paper = RunProgram(
+      L"user-paper --json -", SetAndConfirm({{13367, L"図面"}}),
+      Utf8(u8R"json({"result":"confirmed","name":"x(420x297)","width":420,"height":297})json"));
   EXPECT_EQ(paper.output,
             Utf8(u8"{\"result\":\"confirmed\",\"name\":\"図面(420x297)\",\"width\":420,"
                  u8"\"height\":297}\n"));
 }
 
 TEST(CommandLine, ValuesComeAsJsonInAnArgumentAndInAFile) {
-  const Ended argument =
-      RunProgram(LR"(input-text --json "{\"text\":\"表\u8868\",\"title\":\"題名\"}")", [](HWND dialog) {
+  const Ended argument = RunProgram(
+      LR"(input-text --json "{\"text\":\"表\u8868\",\"title\":\"題名\"}")", [](HWND dialog) {
         EXPECT_EQ(Text(dialog), L"題名");
         Confirm(dialog);
       });
@@ -286,8 +285,7 @@ TEST(CommandLine, ValuesComeAsJsonInAnArgumentAndInAFile) {
   const std::filesystem::path path =
       std::filesystem::temp_directory_path() / L"quorvel café 値.json";
   std::ofstream(path, std::ios::binary) << Utf8(u8"\uFEFF{\r\n\"text\": \"値\"\r\n}\r\n");
-  const Ended file =
-      RunProgram(L"input-text --json-file \"" + path.wstring() + L"\"", Confirm);
+  const Ended file = RunProgram(L"input-text --json-file \"" + path.wstring() + L"\"", Confirm);
   EXPECT_EQ(file.output, Utf8(u8"{\"result\":\"confirmed\",\"text\":\"値\"}\n")) << file.errors;
   std::filesystem::remove(path);
   const Ended missing = RunProgram(L"input-text --json-file \"" + path.wstring() + L"\"");
@@ -308,8 +306,8 @@ TEST(CommandLine, PlainAnswersAreTheValuesAlone) {
   const Ended cancelled = RunProgram(L"input-text --plain --text x", Cancel);
   EXPECT_EQ(cancelled.status, 1);
   EXPECT_EQ(cancelled.output, "");
-  const Ended picked = RunProgram(L"input-point --plain --mouse-pick",
-                                  [](HWND dialog) { Command(dialog, 4060); });
+  const Ended picked =
+      RunProgram(L"input-point --plain --mouse-pick", [](HWND dialog) { Command(dialog, 4060); });
   EXPECT_EQ(picked.status, 2);
   EXPECT_EQ(picked.output, "");
 }
@@ -334,8 +332,7 @@ TEST(CommandLine, BadJsonIsOneLineThatNamesThePlaceAndStatus64) {
            Case{L"select-rgb", "{\"key\": \"x\"}",
                 "standard input:1:2: key is not known here, --help lists the options"},
        }) {
-    const Ended ended =
-        RunProgram(std::wstring(bad.command) + L" --json -", Worker(), bad.input);
+    const Ended ended = RunProgram(std::wstring(bad.command) + L" --json -", Worker(), bad.input);
     EXPECT_EQ(ended.status, kBadUsage);
     EXPECT_EQ(ended.output, "");
     EXPECT_EQ(ended.errors, "quorvel: " + bad.error + "\n");
