@@ -287,6 +287,13 @@ TEST(CommandLine, ValuesComeAsJsonInAnArgumentAndInAFile) {
   std::ofstream(path, std::ios::binary) << Utf8(u8"\uFEFF{\r\n\"text\": \"値\"\r\n}\r\n");
   const Ended file = RunProgram(L"input-text --json-file \"" + path.wstring() + L"\"", Confirm);
   EXPECT_EQ(file.output, Utf8(u8"{\"result\":\"confirmed\",\"text\":\"値\"}\n")) << file.errors;
+  constexpr std::size_t kMostInput = 16 << 20;
+  std::ofstream(path, std::ios::binary) << std::string(kMostInput - 2, ' ') << "{}";
+  EXPECT_EQ(RunProgram(L"input-text --json-file \"" + path.wstring() + L"\"", Confirm).status, 0);
+  std::ofstream(path, std::ios::binary) << std::string(kMostInput - 1, ' ') << "{}";
+  const Ended tooLong = RunProgram(L"input-text --json-file \"" + path.wstring() + L"\"");
+  EXPECT_EQ(tooLong.status, kFailed);
+  EXPECT_TRUE(tooLong.errors.ends_with(Utf8(u8"値.json\" is too long\n"))) << tooLong.errors;
   std::filesystem::remove(path);
   const Ended missing = RunProgram(L"input-text --json-file \"" + path.wstring() + L"\"");
   EXPECT_EQ(missing.status, kFailed);
