@@ -2,7 +2,8 @@
 # packages that it lacks.
 .PHONY: demo test fuzz dist bench coverage lint pictures clean
 
-BUILD_PACKAGES := cmake ninja-build g++ g++-mingw-w64-x86-64-posix mingw-w64-tools googletest python3
+BUILD_PACKAGES := cmake ninja-build g++ g++-mingw-w64-x86-64-posix mingw-w64-tools googletest python3 \
+  nlohmann-json3-dev
 RUN_PACKAGES := wine wine64 xvfb openbox fonts-ipafont locales-all
 
 CMAKE := cmake -G Ninja -DCMAKE_BUILD_TYPE=Release
@@ -99,11 +100,12 @@ $(addprefix fuzz-,$(FUZZERS)): fuzz-%: fuzzers
 	  || { tail -n 40 $(FUZZ)/$*.log; exit 1; }
 	@echo "fuzz: $*: $$(sed -n 's/^stat::number_of_executed_units: *//p' $(FUZZ)/$*.log) executions, nothing found"
 
-# What a host builds against and ships with, in dist/.
+# What a host builds against and ships with, in dist/, and all of it with the documents as one zip.
 dist: configure-windows
 	@cmake --build $(WINDOWS) --target Quorvel QuorvelC64 quorvel_cli quorvel_gallery
 	@rm -rf dist
 	@cmake --install $(WINDOWS) --prefix dist >build/dist.log || { cat build/dist.log; exit 1; }
+	@cmake -D DIST=dist -P $(WINDOWS)/Package.cmake
 
 # Ratios against the platform's own work; kept in build/bench.json.
 bench: configure-windows run-packages

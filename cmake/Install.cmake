@@ -46,3 +46,5 @@ install(
 write_basic_package_version_file(QuorvelConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 install(FILES cmake/QuorvelConfig.cmake ${PROJECT_BINARY_DIR}/QuorvelConfigVersion.cmake
         DESTINATION lib/cmake/Quorvel)
+
+configure_file(cmake/Package.cmake.in Package.cmake @ONLY)

@@ -2,6 +2,7 @@
 // Writes what the fuzzers begin with: for each parser a folder of inputs that the model itself
 // wrote, so that they are accepted, and of calculations as they are typed. The status is 0 only if every file was written.
 #include "cli/commands.h"
+#include "cli/json_options.h"
 #include "kivdata/layout_ex_page_data.h"
 #include "kivdata/layout_page_data.h"
 #include "kivdata/val_info_one_data.h"
@@ -57,7 +58,36 @@ void WriteExpressions(const std::filesystem::path& top) {
   }
 }
 
-/// Each subcommand with all its options, as its table has them.
+/// An object with every option of a subcommand, each with a value of its kind.
+std::string JsonOf(const quorvel::cli::Command& command) {
+  using enum quorvel::cli::OptionKind;
+  std::string json = R"({"result":"confirmed")";
+  for (const quorvel::cli::Option& option : command.options) {
+    std::string value = R"("x\u8868")";
+    if (option.kind == kFlag) {
+      value = "true";
+    } else if (option.kind == kColour) {
+      value = R"("#3366ff")";
+    } else if (option.kind == kCounts) {
+      value = option.mostValues > 2 ? R"("2+1+3x6")" : R"("3x4")";
+    } else if (option.kind == kNumbers || option.kind == kWholeNumbers) {
+      value = "1";
+      for (std::size_t i = 1; i < option.mostValues; ++i) {
+        value += ",1";
+      }
+      value = option.mostValues > 1 ? "[" + value + "]" : value;
+    } else if (option.kind == kItem) {
+      json += R"(,"items":["x",{"name":"y","ticked":true}])";
+    }
+    if (option.kind != kItem && option.kind != kTickedItem) {
+      json += ",\"" + quorvel::cli::MemberName(option.name) +
+              "\":" + (option.isRepeatable ? "[" + value + "]" : value);
+    }
+  }
+  return json + "}";
+}
+
+/// Each subcommand with all its options, as its table has them, and with all of them as JSON.
 void WriteCommandLines(const std::filesystem::path& top) {
   const SeedFolder folder(top / "command_line");
   folder.Write("help", "--help");
@@ -69,6 +99,11 @@ void WriteCommandLines(const std::filesystem::path& top) {
       line += option.kind == quorvel::cli::OptionKind::kText ? "x" : "1,2";
     }
     folder.Write(std::string(command.name), line);
+    const std::string json = JsonOf(command);
+    folder.Write(std::string(command.name) + "-json",
+                 std::string(command.name) + "\n--json\n" + json);
+    folder.Write(std::string(command.name) + "-input",
+                 std::string(command.name) + "\n--plain\n--json-file\nx" + '\0' + json);
   }
 }
 

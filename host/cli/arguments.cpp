@@ -70,19 +70,6 @@ std::optional<std::vector<int>> ReadCounts(std::string_view text) {
   return counts;
 }
 
-bool IsCountRight(const Option& option, std::size_t count) {
-  return count >= option.fewestValues && count <= option.mostValues;
-}
-
-std::vector<int> ReadCountsOf(const Option& option, std::string_view text) {
-  std::optional<std::vector<int>> counts = ReadCounts(text);
-  if (!counts || !IsCountRight(option, counts->size())) {
-    throw UsageError(Dashed(option.name) + " needs counts as " + std::string(option.valueName) +
-                     ", not " + JsonQuoted(text));
-  }
-  return *std::move(counts);
-}
-
 std::string ExpectedNumbers(const Option& option) {
   const std::string noun = option.kind == OptionKind::kWholeNumbers ? "whole number" : "number";
   if (option.mostValues == 1) {
@@ -105,26 +92,20 @@ std::vector<NUMBER> ReadNumbers(const Option& option, std::string_view text) {
   return *std::move(numbers);
 }
 
-Colour ReadColourOf(const Option& option, std::string_view text) {
-  const std::optional<Colour> colour = ReadColour(text);
-  if (!colour) {
-    throw UsageError(Dashed(option.name) + " needs a colour as #RRGGBB, not " + JsonQuoted(text));
-  }
-  return *colour;
-}
-
 OptionValue ReadValue(const Option& option, std::string_view text) {
   switch (option.kind) {
     case OptionKind::kText:
+    case OptionKind::kItem:
+    case OptionKind::kTickedItem:
       return std::string(text);
     case OptionKind::kWholeNumbers:
       return ReadNumbers<int>(option, text);
     case OptionKind::kNumbers:
       return ReadNumbers<double>(option, text);
     case OptionKind::kColour:
-      return ReadColourOf(option, text);
+      return ReadColourOf(text, Dashed(option.name));
     case OptionKind::kCounts:
-      return ReadCountsOf(option, text);
+      return ReadCountsOf(option, text, Dashed(option.name));
     case OptionKind::kFlag:
       break;
   }
@@ -152,7 +133,7 @@ const Option& FindOption(std::span<const Option> table, std::string_view name) {
   }
   const auto found = std::ranges::find(table, name, &Option::name);
   if (found == table.end() || found->isOperand) {
-    throw UsageError("unknown option " + JsonQuoted(Dashed(name)));
+    throw UsageError("unknown option " + JsonQuoted(Dashed(name)) + ", --help lists them");
   }
   return *found;
 }
@@ -217,8 +198,38 @@ std::string OptionRemark(const Option& option) {
 
 }  // namespace
 
+bool IsCountRight(const Option& option, std::size_t count) {
+  return count >= option.fewestValues && count <= option.mostValues;
+}
+
+Colour ReadColourOf(std::string_view text, std::string_view label) {
+  const std::optional<Colour> colour = ReadColour(text);
+  if (!colour) {
+    throw UsageError(std::string(label) + " needs a colour as #RRGGBB, not " + JsonQuoted(text));
+  }
+  return *colour;
+}
+
+std::vector<int> ReadCountsOf(const Option& option, std::string_view text, std::string_view label) {
+  std::optional<std::vector<int>> counts = ReadCounts(text);
+  if (!counts || !IsCountRight(option, counts->size())) {
+    throw UsageError(std::string(label) + " needs counts as " + std::string(option.valueName) +
+                     ", not " + JsonQuoted(text));
+  }
+  return *std::move(counts);
+}
+
 void ParsedOptions::Add(std::string_view name, OptionValue value) {
-  m_given.push_back({std::string(name), std::move(value)});
+  Add(name, std::move(value), Dashed(name));
+}
+
+void ParsedOptions::Add(std::string_view name, OptionValue value, std::string label) {
+  m_given.push_back({std::string(name), std::move(value), std::move(label)});
+}
+
+std::string ParsedOptions::Label(std::string_view name) const {
+  const auto found = std::ranges::find(m_given, name, &GivenOption::name);
+  return found == m_given.end() ? Dashed(name) : found->label;
 }
 
 bool ParsedOptions::Has(std::string_view name) const {
@@ -251,7 +262,8 @@ const Colour& ParsedOptions::ColourValue(std::string_view name) const {
   return Value<Colour>(name);
 }
 
-ParsedOptions ParseOptions(std::span<const Option> table, std::span<const std::string> arguments) {
+ParsedOptions ParseGivenOptions(std::span<const Option> table,
+                                std::span<const std::string> arguments) {
   ParsedOptions parsed;
   for (std::size_t i = 0; i < arguments.size(); ++i) {
     if (!arguments[i].starts_with("--")) {
@@ -278,8 +290,19 @@ ParsedOptions ParseOptions(std::span<const Option> table, std::span<const std::s
     }
     parsed.Add(name, ReadValue(option, value.value_or("")));
   }
+  return parsed;
+}
+
+void CompleteOptions(std::span<const Option> table, ParsedOptions& parsed) {
   RequireOperands(table, parsed);
   AddDefaults(table, parsed);
+}
+
+ParsedOptions ParseOptions(std::span<const Option> table, std::span<const std::string> arguments) {
+  ParsedOptions parsed = ParseGivenOptions(table, arguments);
+  if (!parsed.IsHelpWanted()) {
+    CompleteOptions(table, parsed);
+  }
   return parsed;
 }
 

@@ -30,6 +30,8 @@ enum class OptionKind {
   kNumbers,       // finite doubles, separated by commas
   kColour,        // one colour, as #RRGGBB
   kCounts,        // whole numbers of rows with a + between them, then an x and one of columns
+  kItem,          // any text, the name of an item that is not ticked
+  kTickedItem,    // the same of one that is
 };
 
 /// One row of an option table.
@@ -46,6 +48,8 @@ struct Option {
   bool isRepeatable = false;
   /// A text that stands by itself, without the name, and must be there.
   bool isOperand = false;
+  /// The option that, given on the command line, makes up for this one as a member of JSON.
+  std::string_view standIn = {};
 };
 
 /// The value of one given option; which alternative is held follows from the option's kind.
@@ -55,6 +59,7 @@ using OptionValue =
 struct GivenOption {
   std::string name;
   OptionValue value;
+  std::string label;  // what an error calls it: the option, or the member with its place
 };
 
 /// The options of one command line with their values. Reading a value that the table does not
@@ -62,9 +67,12 @@ struct GivenOption {
 class ParsedOptions {
 public:
   void Add(std::string_view name, OptionValue value);
+  void Add(std::string_view name, OptionValue value, std::string label);
   void SetHelpWanted() { m_isHelpWanted = true; }
 
   bool Has(std::string_view name) const;
+  /// What an error calls the option's value, or its name where none was given.
+  std::string Label(std::string_view name) const;
   const std::string& Text(std::string_view name) const;
   int WholeNumber(std::string_view name) const { return WholeNumbers(name).front(); }
   const std::vector<int>& WholeNumbers(std::string_view name) const;
@@ -93,6 +101,18 @@ private:
 /// operand, a missing or empty operand, a missing or unexpected value, a bad number or colour, a
 /// second value for an option that is not repeatable.
 ParsedOptions ParseOptions(std::span<const Option> table, std::span<const std::string> arguments);
+
+/// The two halves of ParseOptions, between which more may be added: what the arguments say, and
+/// what must be there or has a default.
+ParsedOptions ParseGivenOptions(std::span<const Option> table,
+                                std::span<const std::string> arguments);
+void CompleteOptions(std::span<const Option> table, ParsedOptions& parsed);
+
+/// The same in the elements of JSON, which are read elsewhere: so many numbers as the option takes,
+/// a colour, counts. `label` is what an error calls the value.
+bool IsCountRight(const Option& option, std::size_t count);
+Colour ReadColourOf(std::string_view text, std::string_view label);
+std::vector<int> ReadCountsOf(const Option& option, std::string_view text, std::string_view label);
 
 /// One indented line for each option of the table and one for --help, each with its line end;
 /// operands are called as their values.

@@ -1,10 +1,12 @@
 #include "cli/commands.h"
 
 #include "cli/json.h"
+#include "cli/json_options.h"
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <utility>
 
 namespace quorvel::cli {
 
@@ -61,17 +63,17 @@ constexpr std::array kUserPaperOptions = {
            .help = "height to begin with, in millimetres",
            .defaultValue = "0"}};
 
-constexpr std::string_view kItem = "item";
-constexpr std::string_view kTickedItem = "ticked-item";
+constexpr std::string_view kItemOption = "item";
+constexpr std::string_view kTickedItemOption = "ticked-item";
 
 constexpr std::array kCheckListOptions = {kTitle,
-                                          Option{.name = kItem,
-                                                 .kind = kText,
+                                          Option{.name = kItemOption,
+                                                 .kind = kItem,
                                                  .valueName = "NAME",
                                                  .help = "the next item, not ticked",
                                                  .isRepeatable = true},
-                                          Option{.name = kTickedItem,
-                                                 .kind = kText,
+                                          Option{.name = kTickedItemOption,
+                                                 .kind = kTickedItem,
                                                  .valueName = "NAME",
                                                  .help = "the next item, ticked",
                                                  .isRepeatable = true}};
@@ -134,9 +136,9 @@ Request BuildUserPaper(const ParsedOptions& options) {
 Request BuildCheckList(const ParsedOptions& options) {
   CheckListRequest request{.title = options.Text("title"), .items = {}};
   for (const GivenOption& given : options.InOrder()) {
-    if (given.name == kItem || given.name == kTickedItem) {
-      request.items.push_back(
-          {.name = std::get<std::string>(given.value), .isTicked = given.name == kTickedItem});
+    if (given.name == kItemOption || given.name == kTickedItemOption) {
+      request.items.push_back({.name = std::get<std::string>(given.value),
+                               .isTicked = given.name == kTickedItemOption});
     }
   }
   return request;
@@ -178,6 +180,10 @@ Request BuildEditLayout(const ParsedOptions& options) {
 
 Request BuildEditLayoutEx(const ParsedOptions& options) {
   return ReadEditLayoutEx(options);
+}
+
+Request BuildShowLayout(const ParsedOptions& options) {
+  return ShowLayoutRequest{.file = options.Text("file")};
 }
 
 constexpr std::array kCommands = {
@@ -254,20 +260,50 @@ constexpr std::array kCommands = {
             .answer = kEditLayoutExAnswer,
             .options = kEditLayoutExOptions,
             .build = BuildEditLayoutEx},
+    Command{.name = "show-layout",
+            .summary = "print the page of a layout file, of either kind",
+            .answer = kShowLayoutAnswer,
+            .options = kShowLayoutOptions,
+            .build = BuildShowLayout,
+            .opensDialog = false},
 };
 
+constexpr std::array kCommonOptions = {
+    Option{.name = "json",
+           .kind = kText,
+           .valueName = "TEXT",
+           .help = "take values from an object such as is printed, - for that on standard input"},
+    Option{.name = "json-file",
+           .kind = kText,
+           .valueName = "FILE",
+           .help = "take values from the object in a file"},
+    Option{.name = "plain", .help = "print the values alone, each on a line"},
+    Option{.name = "separator",
+           .kind = kText,
+           .valueName = "TEXT",
+           .help = "with --plain, print the values in one line with this between them"}};
+
+constexpr std::string_view kStandardInput = "-";
+
 constexpr std::string_view kUsage = "usage: quorvel SUBCOMMAND [OPTION]...";
+
+/// The subcommand's own options and those that all have.
+std::vector<Option> AllOptions(const Command& command) {
+  std::vector<Option> options(command.options.begin(), command.options.end());
+  options.insert(options.end(), kCommonOptions.begin(), kCommonOptions.end());
+  return options;
+}
 
 std::string CommandHelp(const Command& command) {
   std::string help = "usage: quorvel ";
   help += command.name;
   help += ' ';
   help += UsageOf(command.options);
-  help += "\n\nOpen a dialog to ";
+  help += command.opensDialog ? "\n\nOpen a dialog to " : "\n\nWithout a dialog, ";
   help += command.summary;
   help += ".\n\nOptions:\n";
-  help += OptionHelp(command.options);
-  help += "\nPrints, when confirmed: ";
+  help += OptionHelp(AllOptions(command));
+  help += command.opensDialog ? "\nPrints, when confirmed: " : "\nPrints: ";
   help += command.answer;
   help += '\n';
   return help;
@@ -289,6 +325,9 @@ std::string GeneralHelp() {
   help +=
       "\nAn option's value follows it as --name VALUE or --name=VALUE. Texts may hold any\n"
       "character of code page 932, names of files any at all.\n"
+      "\nWith --json and --json-file, members are the options' names in camel case (dotsHeight\n"
+      "for --dots-height), and an answer can be fed back as it is. What is given on the command\n"
+      "line wins.\n"
       "\nExit status: 0 confirmed, 1 cancelled, 2 mouse pick or clear-all, 64 bad usage,\n"
       "70 failed.\n";
   return help;
@@ -310,29 +349,63 @@ Message HelpMessage(std::span<const std::string> topics) {
           .status = ExitStatus::kSuccess};
 }
 
-Message VersionMessage(std::span<const std::string> rest) {
+Message VersionMessage(std::span<const std::string> rest, const Inputs& inputs) {
   if (!rest.empty()) {
     throw UsageError("unexpected argument " + JsonQuoted(rest.front()));
   }
-  return {.text = "quorvel " + std::string(kVersion) + "\n", .status = ExitStatus::kSuccess};
+  return {.text = "quorvel " + inputs.libraryVersion + "\n", .status = ExitStatus::kSuccess};
 }
 
-/// As ReadCommandLine, for at least one argument; throws UsageError.
-CommandLine Interpret(std::span<const std::string> arguments) {
+/// The members that --json or --json-file gives; none without them.
+std::vector<JsonMember> GivenMembers(const ParsedOptions& options, const Inputs& inputs) {
+  const bool hasText = options.Has("json");
+  const bool hasFile = options.Has("json-file");
+  if (hasText && hasFile) {
+    throw UsageError("--json and --json-file are both given");
+  }
+  if (hasFile) {
+    const std::string& path = options.Text("json-file");
+    return ReadJsonObject(inputs.file(path), JsonQuoted(path));
+  }
+  if (!hasText) {
+    return {};
+  }
+  const std::string& text = options.Text("json");
+  return text == kStandardInput ? ReadJsonObject(inputs.standardInput(), "standard input")
+                                : ReadJsonObject(text, "--json");
+}
+
+AnswerForm ReadAnswerForm(const ParsedOptions& options) {
+  AnswerForm form{.isPlain = options.Has("plain"), .separator = std::nullopt};
+  if (options.Has("separator")) {
+    if (!form.isPlain) {
+      throw UsageError("--separator needs --plain");
+    }
+    form.separator = options.Text("separator");
+  }
+  return form;
+}
+
+/// As ReadCommandLine, for at least one argument; throws UsageError and InputError.
+CommandLine Interpret(std::span<const std::string> arguments, const Inputs& inputs) {
   const std::string& first = arguments.front();
   const std::span<const std::string> rest = arguments.subspan(1);
   if (first == "--help" || first == "help") {
     return HelpMessage(rest);
   }
   if (first == "--version") {
-    return VersionMessage(rest);
+    return VersionMessage(rest, inputs);
   }
   const Command& command = FindCommand(first);
-  const ParsedOptions options = ParseOptions(command.options, rest);
+  ParsedOptions options = ParseGivenOptions(AllOptions(command), rest);
   if (options.IsHelpWanted()) {
     return Message{.text = CommandHelp(command), .status = ExitStatus::kSuccess};
   }
-  return command.build(options);
+  const AnswerForm form = ReadAnswerForm(options);
+  AddMembers(command.options, GivenMembers(options, inputs), options);
+  CompleteOptions(command.options, options);
+  Request request = command.build(options);
+  return Task{.request = std::move(request), .form = form, .options = std::move(options)};
 }
 
 }  // namespace
@@ -341,16 +414,48 @@ std::span<const Command> Commands() {
   return kCommands;
 }
 
-CommandLine ReadCommandLine(std::span<const std::string> arguments) {
+std::span<const Option> CommonOptions() {
+  return kCommonOptions;
+}
+
+CommandLine ReadCommandLine(std::span<const std::string> arguments, const Inputs& inputs) {
   if (arguments.empty()) {
     return Message{.text = std::string(kUsage) + ", or quorvel --help\n",
                    .status = ExitStatus::kBadUsage};
   }
   try {
-    return Interpret(arguments);
+    return Interpret(arguments, inputs);
   } catch (const UsageError& error) {
     return UsageMessage(error);
+  } catch (const InputError& error) {
+    return Message{.text = "quorvel: " + std::string(error.what()) + "\n",
+                   .status = ExitStatus::kFailed};
   }
+}
+
+Message RefusedTextMessage(std::string_view words, const ParsedOptions& options) {
+  // Members of the library's structures, and the options that go there.
+  constexpr std::array<std::pair<std::string_view, std::string_view>, 8> kOptionOfMember{{
+      {"title", "title"},
+      {"comment", "comment"},
+      {"text", "text"},
+      {"registry_key", "key"},
+      {"face", "face"},
+      {"items", "item"},
+      {"insertions", "insert"},
+      {"fields", "field"},
+  }};
+  const std::string_view member = words.substr(0, words.find(' '));
+  const auto* const found =
+      std::ranges::find(kOptionOfMember, member, [](const auto& pair) { return pair.first; });
+  std::string text(words);
+  if (found != kOptionOfMember.end()) {
+    // Items that are ticked are texts of the same list.
+    const bool isTicked = found->second == kItemOption && !options.Has(kItemOption);
+    text = options.Label(isTicked ? kTickedItemOption : found->second) +
+           std::string(words.substr(member.size()));
+  }
+  return UsageMessage(UsageError(text));
 }
 
 Message UsageMessage(const UsageError& error) {

@@ -11,15 +11,16 @@ constexpr int kMostOfByte = std::numeric_limits<std::uint8_t>::max();
 constexpr int kMostStrikeOutType = 1;
 constexpr int kMostPlace = 2;
 
-[[noreturn]] void Refuse(std::string_view name, std::string_view why) {
-  throw UsageError("--" + std::string(name) + " " + std::string(why));
+[[noreturn]] void Refuse(const ParsedOptions& options, std::string_view name,
+                         std::string_view why) {
+  throw UsageError(options.Label(name) + " " + std::string(why));
 }
 
 std::uint8_t SmallNumber(const ParsedOptions& options, std::string_view name,
                          int most = kMostOfByte) {
   const int value = options.WholeNumber(name);
   if (value < 0 || value > most) {
-    Refuse(name, "goes from 0 to " + std::to_string(most));
+    Refuse(options, name, "goes from 0 to " + std::to_string(most));
   }
   return static_cast<std::uint8_t>(value);
 }
@@ -27,7 +28,7 @@ std::uint8_t SmallNumber(const ParsedOptions& options, std::string_view name,
 double Size(const ParsedOptions& options, std::string_view name) {
   const double millimetres = options.Number(name);
   if (millimetres < 0) {
-    Refuse(name, "must not be negative");
+    Refuse(options, name, "must not be negative");
   }
   return millimetres;
 }
@@ -45,7 +46,7 @@ std::optional<std::string> GivenText(const ParsedOptions& options, std::string_v
 FontDialogArguments Dialog(const ParsedOptions& options) {
   const int mask = options.WholeNumber("enable-mask");
   if (mask < 0) {
-    Refuse("enable-mask", "must not be negative");
+    Refuse(options, "enable-mask", "must not be negative");
   }
   return {.title = GivenText(options, "title"),
           .key = options.Text("key"),

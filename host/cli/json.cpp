@@ -173,6 +173,10 @@ JsonObject& JsonObject::AddNumbers(std::string_view name, std::span<const double
   return AddMember(name, json += ']');
 }
 
+JsonObject& JsonObject::AddObject(std::string_view name, const JsonObject& object) {
+  return AddMember(name, object.ToText());
+}
+
 JsonObject& JsonObject::AddObjects(std::string_view name, std::span<const JsonObject> objects) {
   std::string json = "[";
   for (const JsonObject& object : objects) {

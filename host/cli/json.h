@@ -31,6 +31,7 @@ public:
   JsonObject& AddInteger(std::string_view name, long long value);
   JsonObject& AddFlag(std::string_view name, bool value);
   JsonObject& AddNumbers(std::string_view name, std::span<const double> values);
+  JsonObject& AddObject(std::string_view name, const JsonObject& object);
   JsonObject& AddObjects(std::string_view name, std::span<const JsonObject> objects);
 
   /// The object without any white space between its parts and without a line end.

@@ -21,7 +21,8 @@ std::optional<PageCounts> NewPage(const ParsedOptions& options) {
   }
   const std::vector<int>& counts = options.WholeNumbers("new");
   if (!AreAllWithin(counts, kMostLines)) {
-    throw UsageError("--new takes 1 to " + std::to_string(kMostLines) + " rows and columns");
+    throw UsageError(options.Label("new") + " takes 1 to " + std::to_string(kMostLines) +
+                     " rows and columns");
   }
   return PageCounts{.rows = counts[0], .columns = counts[1]};
 }
@@ -33,7 +34,7 @@ std::optional<BlockCounts> NewBlocks(const ParsedOptions& options) {
   const std::vector<int>& counts = options.WholeNumbers("new");
   const std::span<const int> rows(counts.data(), kBlockCount);
   if (!AreAllWithin(rows, kMostBlockRows) || !AreAllWithin({&counts.back(), 1}, kMostLines)) {
-    throw UsageError("--new takes 1 to " + std::to_string(kMostBlockRows) +
+    throw UsageError(options.Label("new") + " takes 1 to " + std::to_string(kMostBlockRows) +
                      " rows in each block and 1 to " + std::to_string(kMostLines) + " columns");
   }
   BlockCounts blocks{.rows = {}, .columns = counts.back()};
@@ -41,12 +42,45 @@ std::optional<BlockCounts> NewBlocks(const ParsedOptions& options) {
   return blocks;
 }
 
-void CheckNumbers(const LayoutArguments& arguments) {
+/// The most that a block of a page can have of either.
+constexpr int kMostOfAPage = 255;
+
+/// The whole numbers of an option; none where it is not given.
+std::vector<int> GivenCounts(const ParsedOptions& options, std::string_view name) {
+  if (!options.Has(name)) {
+    return {};
+  }
+  const std::vector<int>& counts = options.WholeNumbers(name);
+  if (!AreAllWithin(counts, kMostOfAPage)) {
+    throw UsageError(options.Label(name) + " goes from 1 to " + std::to_string(kMostOfAPage));
+  }
+  return counts;
+}
+
+std::vector<double> GivenLengths(const ParsedOptions& options, std::string_view name) {
+  if (!options.Has(name)) {
+    return {};
+  }
+  const std::vector<double>& lengths = options.Numbers(name);
+  if (!std::ranges::all_of(lengths, [](double length) { return length > 0; })) {
+    throw UsageError(options.Label(name) + " must be above 0");
+  }
+  return lengths;
+}
+
+template <class Number>
+std::optional<Number> FirstOf(const std::vector<Number>& numbers) {
+  return numbers.empty() ? std::nullopt : std::optional(numbers.front());
+}
+
+void CheckNumbers(const ParsedOptions& options, const LayoutArguments& arguments) {
+  const std::string label = options.Label(layout_options::kNumber.name);
   if (!arguments.numbers.empty() && arguments.numbers.size() != arguments.insertions.size()) {
-    throw UsageError("--number is needed as often as --insert, or not at all");
+    throw UsageError(label + " is needed as often as " +
+                     options.Label(layout_options::kInsert.name) + ", or not at all");
   }
   if (std::ranges::any_of(arguments.numbers, [](int number) { return number < 0; })) {
-    throw UsageError("--number must not be negative");
+    throw UsageError(label + " must not be negative");
   }
 }
 
@@ -77,7 +111,7 @@ LayoutArguments CommonArguments(const ParsedOptions& options) {
       arguments.numbers.push_back(std::get<std::vector<int>>(given.value).front());
     }
   }
-  CheckNumbers(arguments);
+  CheckNumbers(options, arguments);
   return arguments;
 }
 
@@ -86,12 +120,20 @@ LayoutArguments CommonArguments(const ParsedOptions& options) {
 EditLayoutRequest ReadEditLayout(const ParsedOptions& options) {
   return {.arguments = CommonArguments(options),
           .newPage = NewPage(options),
+          .rows = FirstOf(GivenCounts(options, "rows")),
+          .columns = FirstOf(GivenCounts(options, "columns")),
+          .width = FirstOf(GivenLengths(options, "width")),
+          .height = FirstOf(GivenLengths(options, "height")),
           .isLineMode = options.Has("line-mode")};
 }
 
 EditLayoutExRequest ReadEditLayoutEx(const ParsedOptions& options) {
   return {.arguments = CommonArguments(options),
           .newPage = NewBlocks(options),
+          .rows = GivenCounts(options, "rows"),
+          .columns = FirstOf(GivenCounts(options, "columns")),
+          .width = FirstOf(GivenLengths(options, "width")),
+          .heights = GivenLengths(options, "height"),
           .fields = AllTexts(options, "field")};
 }
 

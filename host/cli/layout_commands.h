@@ -37,6 +37,12 @@ struct EditLayoutRequest {
   LayoutArguments arguments;
   /// Given when the page is to be made anew instead of being read.
   std::optional<PageCounts> newPage;
+  /// What the page is brought to before it is shown, each where it is given; lengths are of all
+  /// rows or columns together.
+  std::optional<int> rows;
+  std::optional<int> columns;
+  std::optional<double> width;
+  std::optional<double> height;
   bool isLineMode = false;
 };
 
@@ -51,7 +57,17 @@ struct BlockCounts {
 struct EditLayoutExRequest {
   LayoutArguments arguments;
   std::optional<BlockCounts> newPage;
+  /// As above; these and the heights are empty or one for each block.
+  std::vector<int> rows;
+  std::optional<int> columns;
+  std::optional<double> width;
+  std::vector<double> heights;
   std::vector<std::string> fields;
+};
+
+/// The page of a file, of either kind, without a dialog.
+struct ShowLayoutRequest {
+  std::string file;
 };
 
 /// Both throw UsageError for what the dialog does not take.
@@ -101,6 +117,36 @@ inline constexpr Option kDotsPerMm{
     .help = "resolution of the fonts in dots, 0 for 300 dots per inch",
     .defaultValue = "0"};
 
+/// So many numbers, one for each block where there are several.
+constexpr Option Rows(std::string_view valueName, std::size_t blocks, std::string_view help) {
+  return {.name = "rows",
+          .kind = OptionKind::kWholeNumbers,
+          .valueName = valueName,
+          .help = help,
+          .fewestValues = blocks,
+          .mostValues = blocks,
+          .standIn = "new"};
+}
+constexpr Option Height(std::string_view valueName, std::size_t blocks, std::string_view help) {
+  return {.name = "height",
+          .kind = OptionKind::kNumbers,
+          .valueName = valueName,
+          .help = help,
+          .fewestValues = blocks,
+          .mostValues = blocks,
+          .standIn = "new"};
+}
+inline constexpr Option kColumns{.name = "columns",
+                                 .kind = OptionKind::kWholeNumbers,
+                                 .valueName = "N",
+                                 .help = "divide the page into so many columns",
+                                 .standIn = "new"};
+inline constexpr Option kWidth{.name = "width",
+                               .kind = OptionKind::kNumbers,
+                               .valueName = "MM",
+                               .help = "make all columns together so wide, in millimetres",
+                               .standIn = "new"};
+
 constexpr Option Key(std::string_view help) {
   return {.name = "key", .kind = OptionKind::kText, .valueName = "TEXT", .help = help};
 }
@@ -112,6 +158,10 @@ inline constexpr std::array kEditLayoutOptions{
     layout_options::kOut,
     layout_options::New("ROWSxCOLUMNS", 2,
                         "begin with a new page, FILE must not be there yet; 1 to 20 of each"),
+    layout_options::Rows("N", 1, "divide the page into so many rows"),
+    layout_options::kColumns,
+    layout_options::kWidth,
+    layout_options::Height("MM", 1, "make all rows together so high, in millimetres"),
     Option{.name = "line-mode", .help = "edit outer and inner lines instead of margin and frame"},
     layout_options::kInsert,
     layout_options::kNumber,
@@ -126,6 +176,11 @@ inline constexpr std::array kEditLayoutExOptions{
     layout_options::New("HEADER+LIST+FOOTERxCOLUMNS", kBlockCount + 1,
                         "begin with a new page, FILE must not be there yet; 1 to 5 rows in each "
                         "block, 1 to 20 columns, such as 2+1+3x6"),
+    layout_options::Rows("H,L,F", kBlockCount, "divide header, list and footer into so many rows"),
+    layout_options::kColumns,
+    layout_options::kWidth,
+    layout_options::Height("H,L,F", kBlockCount,
+                           "make all rows of header, list and footer so high, in millimetres"),
     Option{.name = "field",
            .kind = OptionKind::kText,
            .valueName = "NAME",
@@ -138,6 +193,12 @@ inline constexpr std::array kEditLayoutExOptions{
                         "switches; none are kept without"),
     kPosition};
 
+inline constexpr std::array kShowLayoutOptions{
+    layout_options::File("layout file to show, *.mtpld or *.mtpld2")};
+
+inline constexpr std::string_view kShowLayoutAnswer =
+    R"json({"result":"shown","kind":"grid",...,"blocks":[{"rows":5,"columns":4,...,)json"
+    R"json("cells":[{"row":0,"column":0,"rows":1,"columns":2,"text":"...",...},...]}]})json";
 inline constexpr std::string_view kEditLayoutAnswer =
     R"json({"result":"confirmed","rows":5,"columns":4,"width":180,"height":40,)json"
     R"json("file":"..."})json";

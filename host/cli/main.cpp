@@ -1,11 +1,14 @@
-// quorvel.exe: opens one dialog of the library and prints the answer as one line of JSON.
+// quorvel.exe: opens one dialog of the library and prints the answer, as one line of JSON or
+// plainly.
 //
 //   quorvel input-text --title 題名 --text 初期値
 //   {"result":"confirmed","text":"..."}
 //
-// Standard output and standard error are UTF-8 on every system.
+// Standard input, output and error are UTF-8 on every system.
 #include "cli/commands.h"
 #include "cli/outcome.h"
+#include "cli/page_answer.h"
+#include "framework/code_page.h"
 
 #include <quorvel/quorvel_c.h>
 
@@ -25,6 +28,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -40,6 +44,52 @@ std::string Utf8FromWide(std::wstring_view wide) {
   std::string utf8(static_cast<std::size_t>(needed), '\0');
   WideCharToMultiByte(CP_UTF8, 0, wide.data(), length, utf8.data(), needed, nullptr, nullptr);
   return utf8;
+}
+
+std::wstring WideFromUtf8(std::string_view utf8) {
+  const int length = static_cast<int>(utf8.size());
+  const int needed = MultiByteToWideChar(CP_UTF8, 0, utf8.data(), length, nullptr, 0);
+  std::wstring wide(static_cast<std::size_t>(needed), L'\0');
+  MultiByteToWideChar(CP_UTF8, 0, utf8.data(), length, wide.data(), needed);
+  return wide;
+}
+
+// ---- Files and standard input
+
+struct FileCloser {
+  // The pointer that it belongs to is the owner. NOLINTNEXTLINE(cppcoreguidelines-owning-memory)
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+/// Much more than any list to tick has; keeps a pipe without end from filling the memory.
+constexpr std::size_t kMostInput = 16 << 20;  // bytes
+
+/// `name` is what errors call the stream. Throws InputError.
+std::string ReadAll(std::FILE* stream, const std::string& name) {
+  std::string all;
+  std::array<char, 4096> part{};
+  while (const std::size_t count = std::fread(part.data(), 1, part.size(), stream)) {
+    all.append(part.data(), count);
+    if (all.size() > kMostInput) {
+      throw InputError(name + " is too long");
+    }
+  }
+  if (std::ferror(stream) != 0) {
+    throw InputError(name + " cannot be read");
+  }
+  return all;
+}
+
+std::string ReadStandardInput() {
+  return ReadAll(stdin, "standard input");
+}
+
+std::string ReadFile(const std::string& path) {
+  const std::unique_ptr<std::FILE, FileCloser> file(_wfopen(WideFromUtf8(path).c_str(), L"rb"));
+  if (!file) {
+    throw InputError(JsonQuoted(path) + " cannot be read");
+  }
+  return ReadAll(file.get(), JsonQuoted(path));
 }
 
 // ---- What all dialogs have in common
@@ -65,10 +115,16 @@ private:
   std::unique_ptr<char, Deleter> m_text;
 };
 
-/// Throws what the library calls a failure: UsageError for a text that dialogs cannot hold.
+/// A text that dialogs cannot hold, in the library's words.
+class RefusedText : public std::runtime_error {
+public:
+  using std::runtime_error::runtime_error;
+};
+
+/// Throws what the library calls a failure.
 quorvel_result Checked(quorvel_result result) {
   if (result == QUORVEL_BAD_TEXT) {
-    throw UsageError(quorvel_last_error());
+    throw RefusedText(quorvel_last_error());
   }
   if (result < 0) {
     throw std::runtime_error(quorvel_last_error());
@@ -76,10 +132,10 @@ quorvel_result Checked(quorvel_result result) {
   return result;
 }
 
-/// The outcome of a dialog that the user may only confirm or cancel; `answer` fills that of a
-/// confirmed one.
-template <class Answer>
-Outcome OutcomeOf(quorvel_result result, Answer answer) {
+/// The outcome of a dialog that the user may only confirm or cancel; `fill` adds the values to
+/// a confirmed one's answer.
+template <class Fill>
+Outcome OutcomeOf(quorvel_result result, Fill fill) {
   switch (Checked(result)) {
     case QUORVEL_CONFIRMED:
       break;
@@ -91,7 +147,7 @@ Outcome OutcomeOf(quorvel_result result, Answer answer) {
       return Cancelled();
   }
   Outcome outcome = Confirmed();
-  answer(outcome.answer);
+  fill(outcome.answer);
   return outcome;
 }
 
@@ -129,7 +185,7 @@ Outcome Run(const InputTextRequest& request) {
   dialog.comment = request.comment.c_str();
   dialog.text = request.text.c_str();
   dialog.position = position.Pointer();
-  return OutcomeOf(quorvel_input_text(&dialog), [&](JsonObject& answer) {
+  return OutcomeOf(quorvel_input_text(&dialog), [&](Answer& answer) {
     answer.AddText("text", OwnedText(dialog.result).Text());
   });
 }
@@ -142,7 +198,7 @@ Outcome Run(const InputScaleRequest& request) {
   dialog.scale = request.scale;
   dialog.position = position.Pointer();
   return OutcomeOf(quorvel_input_scale(&dialog),
-                   [&](JsonObject& answer) { answer.AddNumber("scale", dialog.scale); });
+                   [&](Answer& answer) { answer.AddNumber("scale", dialog.scale); });
 }
 
 Outcome Run(const InputDpiRequest& request) {
@@ -151,7 +207,7 @@ Outcome Run(const InputDpiRequest& request) {
   dialog.dpi = request.dpi;
   dialog.position = position.Pointer();
   return OutcomeOf(quorvel_input_dpi(&dialog),
-                   [&](JsonObject& answer) { answer.AddInteger("dpi", dialog.dpi); });
+                   [&](Answer& answer) { answer.AddInteger("dpi", dialog.dpi); });
 }
 
 /// A point is given and told in the order of the entries' arrays, y before x.
@@ -166,7 +222,7 @@ Outcome Run(const InputPointRequest& request) {
   dialog.position = position.Pointer();
   const quorvel_result result =
       hasZ ? quorvel_input_point_xyz(&dialog) : quorvel_input_point_xy(&dialog);
-  return OutcomeOf(result, [&](JsonObject& answer) {
+  return OutcomeOf(result, [&](Answer& answer) {
     std::vector<double> point{dialog.y, dialog.x};
     if (hasZ) {
       point.push_back(dialog.z);
@@ -179,7 +235,7 @@ Outcome Run(const UserPaperRequest& request) {
   auto dialog = New<quorvel_paper_dialog>();
   dialog.width = request.width;
   dialog.height = request.height;
-  return OutcomeOf(quorvel_set_user_paper(&dialog), [&](JsonObject& answer) {
+  return OutcomeOf(quorvel_set_user_paper(&dialog), [&](Answer& answer) {
     answer.AddText("name", OwnedText(dialog.result).Text())
         .AddInteger("width", dialog.width)
         .AddInteger("height", dialog.height);
@@ -198,14 +254,12 @@ Outcome Run(const CheckListRequest& request) {
   dialog.items = names.data();
   dialog.ticked = ticked.data();
   dialog.count = names.size();
-  return OutcomeOf(quorvel_check_list(&dialog), [&](JsonObject& answer) {
-    std::vector<JsonObject> items;
-    for (std::size_t i = 0; i < names.size(); ++i) {
-      items.emplace_back()
-          .AddText("name", request.items.at(i).name)
-          .AddFlag("ticked", ticked.at(i) != 0);
+  return OutcomeOf(quorvel_check_list(&dialog), [&](Answer& answer) {
+    std::vector<CheckListItem> items = request.items;
+    for (std::size_t i = 0; i < items.size(); ++i) {
+      items.at(i).isTicked = ticked.at(i) != 0;
     }
-    answer.AddObjects("items", items);
+    answer.AddItems("items", items);
   });
 }
 
@@ -228,9 +282,8 @@ Outcome RunColor(const ColorArguments& arguments, ColorFunction ask) {
   dialog.registry_key = arguments.key.c_str();
   dialog.color = HostColor(arguments.color);
   dialog.position = position.Pointer();
-  return OutcomeOf(ask(&dialog), [&](JsonObject& answer) {
-    answer.AddText("color", TextOfColor(dialog.color));
-  });
+  return OutcomeOf(ask(&dialog),
+                   [&](Answer& answer) { answer.AddText("color", TextOfColor(dialog.color)); });
 }
 
 Outcome Run(const SelectColorRequest& request) {
@@ -251,11 +304,11 @@ Outcome Run(const SelectRgbRequest& request) {
 
 // ---- Fonts
 
-/// Throws UsageError for a face name that the structure cannot hold.
+/// Throws RefusedText for a face name that the structure cannot hold.
 quorvel_font HostFont(const FontFields& fields) {
   quorvel_font font{};
   if (fields.face.size() >= std::size(font.face)) {
-    throw UsageError("the name of a face has at most 31 bytes: " + JsonQuoted(fields.face));
+    throw RefusedText("face has more than 31 bytes in code page 932");
   }
   fields.face.copy(std::data(font.face), std::size(font.face) - 1);
   font.height = fields.height;
@@ -290,7 +343,7 @@ quorvel_font_dialog FontDialog(const FontDialogArguments& arguments, const FontF
   return dialog;
 }
 
-void AddFont(JsonObject& answer, const quorvel_font& font) {
+void AddFont(Answer& answer, const quorvel_font& font) {
   answer.AddText("face", std::data(font.face))
       .AddNumber("height", font.height)
       .AddNumber("width", font.width)
@@ -315,7 +368,7 @@ Outcome Run(const SelectFontRequest& request) {
   quorvel_font_dialog dialog = FontDialog(request.dialog, request.font);
   dialog.show_strike_type = request.showsStrikeOutType ? 1 : 0;
   return OutcomeOf(quorvel_select_font(&dialog),
-                   [&](JsonObject& answer) { AddFont(answer, dialog.font); });
+                   [&](Answer& answer) { AddFont(answer, dialog.font); });
 }
 
 Outcome Run(const SelectFontExRequest& request) {
@@ -323,7 +376,7 @@ Outcome Run(const SelectFontExRequest& request) {
   dialog.font.back_color = HostColor(request.backColor);
   dialog.font.vertical_place = request.verticalPlace;
   dialog.font.horizontal_place = request.horizontalPlace;
-  return OutcomeOf(quorvel_select_font_ex(&dialog), [&](JsonObject& answer) {
+  return OutcomeOf(quorvel_select_font_ex(&dialog), [&](Answer& answer) {
     AddFont(answer, dialog.font);
     answer.AddText("backColor", TextOfColor(dialog.font.back_color))
         .AddInteger("verticalPlace", dialog.font.vertical_place)
@@ -408,7 +461,26 @@ BlockSize SizeOf(const quorvel_page* page, quorvel_block block) {
   BlockSize size;
   Checked(quorvel_page_counts(page, block, &size.rows, &size.columns));
   Checked(quorvel_page_size(page, block, &size.width, &size.height));
+  // Lengths of an extended page are floats.
+  size.width = Shortest(static_cast<float>(size.width));
+  size.height = Shortest(static_cast<float>(size.height));
   return size;
+}
+
+/// Brings a block to the counts and lengths that are given and that it does not have already.
+void Shape(quorvel_page* page, quorvel_block block, std::optional<int> rows,
+           std::optional<int> columns, std::optional<double> width, std::optional<double> height,
+           double dotsPerMm) {
+  BlockSize size = SizeOf(page, block);
+  if (rows.value_or(size.rows) != size.rows || columns.value_or(size.columns) != size.columns) {
+    Checked(quorvel_page_divide(page, block, rows.value_or(size.rows),
+                                columns.value_or(size.columns), dotsPerMm));
+    size = SizeOf(page, block);
+  }
+  if (width.value_or(size.width) != size.width || height.value_or(size.height) != size.height) {
+    Checked(quorvel_page_set_size(page, block, width.value_or(size.width),
+                                  height.value_or(size.height), 0));
+  }
 }
 
 Outcome Run(const EditLayoutRequest& request) {
@@ -417,9 +489,11 @@ Outcome Run(const EditLayoutRequest& request) {
       PreparePage(request, QUORVEL_PAGE_GRID, [&](quorvel_page* made, const PageCounts& counts) {
         Checked(quorvel_page_divide(made, 0, counts.rows, counts.columns, given.dotsPerMm));
       });
+  Shape(page.get(), 0, request.rows, request.columns, request.width, request.height,
+        given.dotsPerMm);
   LayoutDialog dialog(given, page.get());
   dialog->line_mode = request.isLineMode ? 1 : 0;
-  return OutcomeOf(quorvel_edit_layout(dialog.Pointer()), [&](JsonObject& answer) {
+  return OutcomeOf(quorvel_edit_layout(dialog.Pointer()), [&](Answer& answer) {
     WritePage(page.get(), given.outFile);
     const BlockSize size = SizeOf(page.get(), 0);
     answer.AddInteger("rows", size.rows)
@@ -443,11 +517,17 @@ Outcome Run(const EditLayoutExRequest& request) {
                                       given.dotsPerMm));
         }
       });
+  for (std::size_t i = 0; i < kBlockCount; ++i) {
+    const auto rows = request.rows.empty() ? std::nullopt : std::optional(request.rows.at(i));
+    const auto height =
+        request.heights.empty() ? std::nullopt : std::optional(request.heights.at(i));
+    Shape(page.get(), kBlocks.at(i), rows, request.columns, request.width, height, given.dotsPerMm);
+  }
   LayoutDialog dialog(given, page.get());
   const std::vector<const char*> fields = Pointers(request.fields);
   dialog->fields = fields.data();
   dialog->field_count = fields.size();
-  return OutcomeOf(quorvel_edit_layout_ex(dialog.Pointer()), [&](JsonObject& answer) {
+  return OutcomeOf(quorvel_edit_layout_ex(dialog.Pointer()), [&](Answer& answer) {
     WritePage(page.get(), given.outFile);
     std::vector<double> rows;
     std::vector<double> heights;
@@ -455,14 +535,23 @@ Outcome Run(const EditLayoutExRequest& request) {
     for (const quorvel_block block : kBlocks) {
       size = SizeOf(page.get(), block);
       rows.push_back(size.rows);
-      heights.push_back(Shortest(static_cast<float>(size.height)));
+      heights.push_back(size.height);
     }
     answer.AddNumbers("rows", rows)
         .AddInteger("columns", size.columns)
-        .AddNumber("width", Shortest(static_cast<float>(size.width)))
+        .AddNumber("width", size.width)
         .AddNumbers("height", heights)
         .AddText("file", given.outFile);
   });
+}
+
+Outcome Run(const ShowLayoutRequest& request) {
+  const auto utf8 = [](std::string_view text) { return Utf8FromWide(WideFromCodePage(text)); };
+  std::optional<Answer> answer = DescribePage(ReadFile(request.file), utf8);
+  if (!answer) {
+    throw std::runtime_error(JsonQuoted(request.file) + " is no layout file");
+  }
+  return {.status = ExitStatus::kSuccess, .answer = *std::move(answer)};
 }
 
 /// False when the stream does not take the text.
@@ -487,20 +576,28 @@ ExitStatus Show(const Message& message) {
   return message.status;
 }
 
-ExitStatus Answer(const Request& request) {
-  const Outcome outcome =
-      std::visit([](const auto& alternative) { return Run(alternative); }, request);
-  return PrintResult(outcome.answer.ToText() + "\n", outcome.status);
+std::string Printed(const Answer& answer, const AnswerForm& form) {
+  return form.isPlain ? answer.ToPlain(form.separator) : answer.ToJson() + "\n";
+}
+
+ExitStatus Perform(const Task& task) {
+  try {
+    const Outcome outcome =
+        std::visit([](const auto& alternative) { return Run(alternative); }, task.request);
+    return PrintResult(Printed(outcome.answer, task.form), outcome.status);
+  } catch (const RefusedText& refused) {
+    return Show(RefusedTextMessage(refused.what(), task.options));
+  }
 }
 
 /// The whole run, given the arguments after the program's name.
 ExitStatus RunCommandLine(const std::vector<std::string>& arguments) {
   try {
-    const CommandLine line = ReadCommandLine(arguments);
+    const CommandLine line = ReadCommandLine(arguments, {.standardInput = ReadStandardInput,
+                                                         .file = ReadFile,
+                                                         .libraryVersion = quorvel_version()});
     const Message* message = std::get_if<Message>(&line);
-    return message != nullptr ? Show(*message) : Answer(std::get<Request>(line));
-  } catch (const UsageError& error) {
-    return Show(UsageMessage(error));
+    return message != nullptr ? Show(*message) : Perform(std::get<Task>(line));
   } catch (const std::exception& error) {
     Print(stderr, std::string("quorvel: ") + error.what() + "\n");
     return ExitStatus::kFailed;
@@ -513,6 +610,7 @@ ExitStatus RunCommandLine(const std::vector<std::string>& arguments) {
 
 int wmain(int argumentCount, wchar_t** arguments) {
   // Binary, so that a line ends in one byte and UTF-8 passes as it is.
+  _setmode(_fileno(stdin), _O_BINARY);
   _setmode(_fileno(stdout), _O_BINARY);
   _setmode(_fileno(stderr), _O_BINARY);
   std::vector<std::string> utf8Arguments;

@@ -151,12 +151,12 @@ TEST(ParseOptions, HelpEndsTheParsing) {
 }
 
 TEST(ParseOptions, RefusesAnUnknownOption) {
-  EXPECT_EQ(Refusal({"--nonsense", "1"}), R"(unknown option "--nonsense")");
-  EXPECT_EQ(Refusal({"--nonsense=1"}), R"(unknown option "--nonsense")");
-  EXPECT_EQ(Refusal({"--Title", "t"}), R"(unknown option "--Title")");
-  EXPECT_EQ(Refusal({"--titl", "t"}), R"(unknown option "--titl")");
-  EXPECT_EQ(Refusal({"--"}), R"(unknown option "--")");
-  EXPECT_EQ(Refusal({"--=x"}), R"(unknown option "--")");
+  EXPECT_EQ(Refusal({"--nonsense", "1"}), R"(unknown option "--nonsense", --help lists them)");
+  EXPECT_EQ(Refusal({"--nonsense=1"}), R"(unknown option "--nonsense", --help lists them)");
+  EXPECT_EQ(Refusal({"--Title", "t"}), R"(unknown option "--Title", --help lists them)");
+  EXPECT_EQ(Refusal({"--titl", "t"}), R"(unknown option "--titl", --help lists them)");
+  EXPECT_EQ(Refusal({"--"}), R"(unknown option "--", --help lists them)");
+  EXPECT_EQ(Refusal({"--=x"}), R"(unknown option "--", --help lists them)");
 }
 
 TEST(ParseOptions, RefusesAnArgumentThatIsNoOption) {
@@ -212,7 +212,7 @@ TEST(ParseOptions, RefusesBadColours) {
 }
 
 TEST(ParseOptions, MessagesStayOnOneLine) {
-  EXPECT_EQ(Refusal({"--a\nb"}), R"(unknown option "--a\nb")");
+  EXPECT_EQ(Refusal({"--a\nb"}), R"(unknown option "--a\nb", --help lists them)");
   EXPECT_EQ(Refusal({"a\r\nb"}), R"(unexpected argument "a\r\nb")");
   EXPECT_EQ(Refusal({"--count", "1\n"}), R"(--count needs a whole number, not "1\n")");
 }
@@ -262,7 +262,7 @@ TEST(ParseOptions, AsksForEveryOperandOnce) {
   EXPECT_EQ(OperandRefusal({"a", ""}), "TARGET must not be empty");
   EXPECT_EQ(OperandRefusal({"a", "b", "c"}), R"(unexpected argument "c")");
   EXPECT_EQ(OperandRefusal({"a", "-b"}), R"(unexpected argument "-b")");
-  EXPECT_EQ(OperandRefusal({"a", "--to", "b"}), R"(unknown option "--to")");
+  EXPECT_EQ(OperandRefusal({"a", "--to", "b"}), R"(unknown option "--to", --help lists them)");
   EXPECT_TRUE(ParseOptions(kOperands, std::vector<std::string>{"--help"}).IsHelpWanted());
 }
 

@@ -21,7 +21,7 @@ REQUEST Read(const Arguments& arguments) {
     ADD_FAILURE() << message->text;
     return {};
   }
-  const auto* request = std::get_if<REQUEST>(&std::get<Request>(line));
+  const auto* request = std::get_if<REQUEST>(&std::get<Task>(line).request);
   if (request == nullptr) {
     ADD_FAILURE() << "another subcommand's request";
     return {};
@@ -216,9 +216,12 @@ TEST(Commands, AnUnknownSubcommandIsRefused) {
 }
 
 TEST(Commands, ErrorsOfOptionsAreRefused) {
-  ExpectBadUsage({"input-dpi", "--title", "t"}, R"(quorvel: unknown option "--title")");
-  ExpectBadUsage({"user-paper", "--position", "1,2"}, R"(quorvel: unknown option "--position")");
-  ExpectBadUsage({"check-list", "--position", "1,2"}, R"(quorvel: unknown option "--position")");
+  ExpectBadUsage({"input-dpi", "--title", "t"},
+                 R"(quorvel: unknown option "--title", --help lists them)");
+  ExpectBadUsage({"user-paper", "--position", "1,2"},
+                 R"(quorvel: unknown option "--position", --help lists them)");
+  ExpectBadUsage({"check-list", "--position", "1,2"},
+                 R"(quorvel: unknown option "--position", --help lists them)");
   ExpectBadUsage({"input-dpi", "--dpi"}, "quorvel: --dpi needs a value");
   ExpectBadUsage({"input-dpi", "--dpi", "x"}, R"(quorvel: --dpi needs a whole number, not "x")");
   ExpectBadUsage({"user-paper", "--width", "1.5"},
@@ -233,8 +236,10 @@ TEST(Commands, ErrorsOfOptionsAreRefused) {
   ExpectBadUsage({"input-point", "--mouse-pick", "--mouse-pick"},
                  "quorvel: --mouse-pick is given twice");
   ExpectBadUsage({"check-list", "--title=a", "--title=b"}, "quorvel: --title is given twice");
-  ExpectBadUsage({"select-rgb", "--position", "1,2"}, R"(quorvel: unknown option "--position")");
-  ExpectBadUsage({"select-rgb", "--key", "k"}, R"(quorvel: unknown option "--key")");
+  ExpectBadUsage({"select-rgb", "--position", "1,2"},
+                 R"(quorvel: unknown option "--position", --help lists them)");
+  ExpectBadUsage({"select-rgb", "--key", "k"},
+                 R"(quorvel: unknown option "--key", --help lists them)");
   for (const std::string command : {"select-color", "select-color-ex", "edit-color", "select-rgb"}) {
     ExpectBadUsage({command, "--color", "blue"},
                    R"(quorvel: --color needs a colour as #RRGGBB, not "blue")");
@@ -262,6 +267,10 @@ TEST(Commands, TheErrorOfATextIsOneLine) {
 
 TEST(Commands, VersionIsPrinted) {
   ExpectHelp({"--version"}, "quorvel 0.1.0\n");
+  Inputs inputs;
+  inputs.libraryVersion = "9.8.7";
+  EXPECT_EQ(std::get<Message>(ReadCommandLine(Arguments{"--version"}, inputs)).text,
+            "quorvel 9.8.7\n");
   ExpectBadUsage({"--version", "x"}, R"(quorvel: unexpected argument "x")");
 }
 
@@ -286,6 +295,7 @@ TEST(Commands, HelpListsEverySubcommand) {
       "  select-font-ex     ask for the font of a cell and the place of its text\n"
       "  edit-layout        lay out a page of cells and write it to its file\n"
       "  edit-layout-ex     lay out a page of header, list and footer and write it to its file\n"
+      "  show-layout        print the page of a layout file, of either kind\n"
       "  help [SUBCOMMAND]  print this help or that of a subcommand\n"
       "\n"
       "Options:\n"
@@ -294,6 +304,10 @@ TEST(Commands, HelpListsEverySubcommand) {
       "\n"
       "An option's value follows it as --name VALUE or --name=VALUE. Texts may hold any\n"
       "character of code page 932, names of files any at all.\n"
+      "\n"
+      "With --json and --json-file, members are the options' names in camel case (dotsHeight\n"
+      "for --dots-height), and an answer can be fed back as it is. What is given on the command\n"
+      "line wins.\n"
       "\n"
       "Exit status: 0 confirmed, 1 cancelled, 2 mouse pick or clear-all, 64 bad usage,\n"
       "70 failed.\n";
@@ -308,11 +322,16 @@ TEST(Commands, HelpOfASubcommandComesFromItsTable) {
       "Open a dialog to ask for a point with two or three coordinates.\n"
       "\n"
       "Options:\n"
-      "  --point A,B[,C]  coordinates to begin with, two or three: A is shown as Y, B as X, "
+      "  --point A,B[,C]   coordinates to begin with, two or three: A is shown as Y, B as X, "
       "C as Z (default 0,0)\n"
-      "  --mouse-pick     offer to pick the point in the drawing instead\n"
-      "  --position X,Y   top-left corner on the screen, in pixels\n"
-      "  --help           print this help\n"
+      "  --mouse-pick      offer to pick the point in the drawing instead\n"
+      "  --position X,Y    top-left corner on the screen, in pixels\n"
+      "  --json TEXT       take values from an object such as is printed, - for that on standard "
+      "input\n"
+      "  --json-file FILE  take values from the object in a file\n"
+      "  --plain           print the values alone, each on a line\n"
+      "  --separator TEXT  with --plain, print the values in one line with this between them\n"
+      "  --help            print this help\n"
       "\n"
       R"(Prints, when confirmed: {"result":"confirmed","point":[100,200]} or )"
       R"({"result":"mouse-pick"})"
@@ -354,6 +373,9 @@ TEST(Commands, TheTableIsSound) {
     EXPECT_EQ(std::ranges::count(names, command.name), 0) << command.name;
     names.push_back(command.name);
     std::vector<std::string_view> options = {"help"};
+    for (const Option& option : CommonOptions()) {
+      options.push_back(option.name);
+    }
     for (const Option& option : command.options) {
       EXPECT_EQ(std::ranges::count(options, option.name), 0) << command.name << option.name;
       options.push_back(option.name);
@@ -367,9 +389,97 @@ TEST(Commands, TheTableIsSound) {
         arguments.emplace_back("x");
       }
     }
-    EXPECT_TRUE(std::holds_alternative<Request>(ReadCommandLine(arguments))) << command.name;
+    EXPECT_TRUE(std::holds_alternative<Task>(ReadCommandLine(arguments))) << command.name;
   }
   EXPECT_EQ(names.size(), std::variant_size_v<Request>);
+}
+
+AnswerForm ReadForm(const Arguments& arguments) {
+  const CommandLine line = ReadCommandLine(arguments);
+  const auto* task = std::get_if<Task>(&line);
+  if (task == nullptr) {
+    ADD_FAILURE() << std::get<Message>(line).text;
+    return {};
+  }
+  return task->form;
+}
+
+TEST(Commands, AnswersAreJsonUnlessPlainIsWanted) {
+  EXPECT_FALSE(ReadForm({"input-dpi"}).isPlain);
+  EXPECT_TRUE(ReadForm({"input-dpi", "--plain"}).isPlain);
+  EXPECT_FALSE(ReadForm({"input-dpi", "--plain"}).separator.has_value());
+  EXPECT_EQ(ReadForm({"input-dpi", "--separator=、", "--plain"}).separator, "、");
+  EXPECT_EQ(ReadForm({"input-dpi", "--plain", "--separator="}).separator, "");
+  ExpectBadUsage({"input-dpi", "--separator", ","}, "quorvel: --separator needs --plain");
+}
+
+TEST(Commands, JsonComesFromTheArgumentFromStandardInputOrFromAFile) {
+  const Inputs inputs{.standardInput = [] { return R"({"dpi":2})"; },
+                      .file = [](const std::string& path) { return "{\"dpi\":" + path + "}"; },
+                      .libraryVersion = ""};
+  const auto dpi = [&](const Arguments& arguments) {
+    const CommandLine line = ReadCommandLine(arguments, inputs);
+    return std::get<InputDpiRequest>(std::get<Task>(line).request).dpi;
+  };
+  EXPECT_EQ(dpi({"input-dpi", "--json", R"({"dpi":1})"}), 1);
+  EXPECT_EQ(dpi({"input-dpi", "--json", "-"}), 2);
+  EXPECT_EQ(dpi({"input-dpi", "--json-file", "3"}), 3);
+  EXPECT_EQ(dpi({"input-dpi", "--json", R"({"dpi":1})", "--dpi", "4"}), 4);
+  EXPECT_EQ(dpi({"input-dpi", "--dpi", "4", "--json", R"({"dpi":1})"}), 4);
+  ExpectBadUsage({"input-dpi", "--json", "-", "--json-file", "3"},
+                 "quorvel: --json and --json-file are both given");
+}
+
+TEST(Commands, WhatCannotBeReadIsAFailure) {
+  const CommandLine line = ReadCommandLine(Arguments{"input-dpi", "--json-file", "none"});
+  EXPECT_EQ(std::get<Message>(line).text, "quorvel: there are no files\n");
+  EXPECT_EQ(std::get<Message>(line).status, ExitStatus::kFailed);
+}
+
+TEST(Commands, ErrorsOfJsonNameTheirSource) {
+  const Inputs inputs{.standardInput = [] { return R"({"dpi":"x"})"; },
+                      .file = [](const std::string& /*path*/) { return "{\n \"dpi\":true}"; },
+                      .libraryVersion = ""};
+  const auto error = [&](const Arguments& arguments) {
+    return std::get<Message>(ReadCommandLine(arguments, inputs)).text;
+  };
+  EXPECT_EQ(error({"input-dpi", "--json", "{}x"}),
+            "quorvel: --json:1:3: this is no JSON: invalid literal\n");
+  EXPECT_EQ(error({"input-dpi", "--json", "-"}),
+            "quorvel: standard input:1:2: dpi needs a whole number, not \"x\"\n");
+  EXPECT_EQ(error({"input-dpi", "--json-file", "a b.json"}),
+            "quorvel: \"a b.json\":2:2: dpi needs a whole number, not true\n");
+}
+
+TEST(Commands, TheExampleOfEveryAnswerCanBeFedBack) {
+  for (const Command& command : Commands()) {
+    if (!command.opensDialog) {
+      continue;
+    }
+    // Its first line of JSON; that of select-font-ex refers to another.
+    std::string answer(command.answer.substr(0, command.answer.find(" or ")));
+    if (answer.starts_with("as select-font, and ")) {
+      answer = std::string(kSelectFontAnswer.substr(0, kSelectFontAnswer.size() - 1)) + "," +
+               answer.substr(std::string_view("as select-font, and ").size()) + "}";
+    }
+    const CommandLine line =
+        ReadCommandLine(Arguments{std::string(command.name), "--json", answer});
+    const auto* message = std::get_if<Message>(&line);
+    EXPECT_EQ(message, nullptr) << command.name << ": " << message->text;
+  }
+}
+
+TEST(Commands, ARefusedTextIsCalledAsItWasGiven) {
+  const CommandLine line = ReadCommandLine(
+      Arguments{"select-font", "--json", R"({"face":"x","title":"y"})", "--title", "z"});
+  const ParsedOptions& options = std::get<Task>(line).options;
+  EXPECT_EQ(RefusedTextMessage("face is bad", options).text, "quorvel: --json:1:2: face is bad\n");
+  EXPECT_EQ(RefusedTextMessage("title is bad", options).text, "quorvel: --title is bad\n");
+  EXPECT_EQ(RefusedTextMessage("registry_key is bad", options).text, "quorvel: --key is bad\n");
+  EXPECT_EQ(RefusedTextMessage("all is bad", options).text, "quorvel: all is bad\n");
+  const CommandLine items = ReadCommandLine(Arguments{"check-list", "--ticked-item", "x"});
+  EXPECT_EQ(RefusedTextMessage("items is bad", std::get<Task>(items).options).text,
+            "quorvel: --ticked-item is bad\n");
 }
 
 }  // namespace

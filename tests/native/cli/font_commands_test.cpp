@@ -20,7 +20,7 @@ REQUEST Read(const Arguments& arguments) {
     ADD_FAILURE() << message->text;
     return {};
   }
-  return std::get<REQUEST>(std::get<Request>(line));
+  return std::get<REQUEST>(std::get<Task>(line).request);
 }
 
 void ExpectBadUsage(const Arguments& arguments, const std::string& line) {
@@ -117,9 +117,9 @@ TEST(FontCommands, WhatAFontCannotHoldIsRefused) {
   ExpectBadUsage({"select-font-ex", "--horizontal-place", "-1"},
                  "quorvel: --horizontal-place goes from 0 to 2");
   ExpectBadUsage({"select-font", "--back-color", "#010203"},
-                 R"(quorvel: unknown option "--back-color")");
+                 R"(quorvel: unknown option "--back-color", --help lists them)");
   ExpectBadUsage({"select-font-ex", "--show-strike-out-type"},
-                 R"(quorvel: unknown option "--show-strike-out-type")");
+                 R"(quorvel: unknown option "--show-strike-out-type", --help lists them)");
 }
 
 }  // namespace

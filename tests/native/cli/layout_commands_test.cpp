@@ -21,7 +21,7 @@ Wanted Read(const Arguments& arguments) {
     ADD_FAILURE() << message->text;
     return {};
   }
-  return std::get<Wanted>(std::get<Request>(line));
+  return std::get<Wanted>(std::get<Task>(line).request);
 }
 
 void ExpectBadUsage(const Arguments& arguments, const std::string& line) {
@@ -71,7 +71,8 @@ TEST(LayoutCommands, EditLayoutNeedsOneFile) {
   ExpectBadUsage({"edit-layout", ""}, "quorvel: FILE must not be empty");
   ExpectBadUsage({"edit-layout", "a", "b"}, R"(quorvel: unexpected argument "b")");
   ExpectBadUsage({"edit-layout", "-a"}, R"(quorvel: unexpected argument "-a")");
-  ExpectBadUsage({"edit-layout", "--file", "a"}, R"(quorvel: unknown option "--file")");
+  ExpectBadUsage({"edit-layout", "--file", "a"},
+                 R"(quorvel: unknown option "--file", --help lists them)");
 }
 
 TEST(LayoutCommands, EditLayoutMakesPagesThatItsDialogTakes) {
@@ -124,7 +125,7 @@ TEST(LayoutCommands, EditLayoutExWritesTheFileThatItReads) {
   EXPECT_TRUE(request.fields.empty());
   ExpectBadUsage({"edit-layout-ex"}, "quorvel: FILE is missing");
   ExpectBadUsage({"edit-layout-ex", "a", "--line-mode"},
-                 R"(quorvel: unknown option "--line-mode")");
+                 R"(quorvel: unknown option "--line-mode", --help lists them)");
 }
 
 TEST(LayoutCommands, EditLayoutExMakesPagesThatItsDialogTakes) {
@@ -159,6 +160,52 @@ TEST(LayoutCommands, HelpBeginsWithTheFile) {
       "  FILE                layout file to edit, *.mtpld\n"
       "  --out FILE          "))
       << message->text;
+}
+
+TEST(LayoutCommands, ThePageIsShapedAsTheOptionsSay) {
+  const EditLayoutRequest request = Read(
+      {"edit-layout", "a", "--rows", "3", "--columns", "255", "--width", "180", "--height", "4.5"});
+  EXPECT_EQ(request.rows, 3);
+  EXPECT_EQ(request.columns, 255);
+  EXPECT_EQ(request.width, 180);
+  EXPECT_EQ(request.height, 4.5);
+  const auto blocks =
+      Read<EditLayoutExRequest>({"edit-layout-ex", "a", "--rows", "1,2,3", "--columns=4",
+                                 "--width=12.3", "--height=5,6,7.5"});
+  EXPECT_EQ(blocks.rows, (std::vector{1, 2, 3}));
+  EXPECT_EQ(blocks.columns, 4);
+  EXPECT_EQ(blocks.width, 12.3);
+  EXPECT_EQ(blocks.heights, (std::vector<double>{5, 6, 7.5}));
+  EXPECT_FALSE(Read({"edit-layout", "a"}).rows.has_value());
+  EXPECT_FALSE(Read({"edit-layout", "a"}).height.has_value());
+  EXPECT_TRUE(Read<EditLayoutExRequest>({"edit-layout-ex", "a"}).heights.empty());
+}
+
+TEST(LayoutCommands, ShapesOutOfRangeAreRefused) {
+  ExpectBadUsage({"edit-layout", "a", "--rows", "0"}, "quorvel: --rows goes from 1 to 255");
+  ExpectBadUsage({"edit-layout", "a", "--columns", "256"}, "quorvel: --columns goes from 1 to 255");
+  ExpectBadUsage({"edit-layout", "a", "--width", "0"}, "quorvel: --width must be above 0");
+  ExpectBadUsage({"edit-layout-ex", "a", "--height", "1,-2,3"},
+                 "quorvel: --height must be above 0");
+  ExpectBadUsage({"edit-layout-ex", "a", "--json", R"({"rows":[1,2,0]})"},
+                 "quorvel: --json:1:2: rows goes from 1 to 255");
+}
+
+TEST(LayoutCommands, CountsOfANewPageMakeUpForThoseOfAnAnswer) {
+  const std::string answer = R"({"result":"confirmed","rows":5,"columns":4,"width":180,)"
+                             R"("height":40,"file":"old"})";
+  const EditLayoutRequest again = Read({"edit-layout", "--json", answer});
+  EXPECT_EQ(again.arguments.file, "old");
+  EXPECT_EQ(again.arguments.outFile, "old");
+  EXPECT_EQ(again.rows, 5);
+  EXPECT_EQ(again.height, 40);
+  const EditLayoutRequest other =
+      Read({"edit-layout", "new", "--new", "2x2", "--json", answer, "--height", "7"});
+  EXPECT_EQ(other.arguments.file, "new");
+  EXPECT_EQ(other.newPage->rows, 2);
+  EXPECT_FALSE(other.rows.has_value());
+  EXPECT_FALSE(other.width.has_value());
+  EXPECT_EQ(other.height, 7);
 }
 
 }  // namespace

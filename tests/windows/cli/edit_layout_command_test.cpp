@@ -193,6 +193,47 @@ TEST_F(EditLayoutCommand, FailsWhereThePageCannotBeWritten) {
                 u8"out.mtpld\" cannot be written", Confirm);
 }
 
+TEST_F(EditLayoutCommand, ItsAnswerCanBeFedBack) {
+  const Ended first = RunProgram(L"edit-layout " + Quoted(m_file), Confirm);
+  const std::string before = BytesOf(m_file);
+  const Ended again = RunProgram(L"edit-layout --json -", Confirm, first.output);
+  EXPECT_EQ(again.status, 0) << again.errors;
+  EXPECT_EQ(again.output, first.output);
+  EXPECT_EQ(BytesOf(m_file), before);
+}
+
+TEST_F(EditLayoutCommand, ShapesThePageBeforeItIsShown) {
+  const Ended ended =
+      RunProgram(L"edit-layout --rows 3 --columns 4 --width 180 --height 45 " + Quoted(m_file),
+                 [](HWND dialog) {
+                   EXPECT_EQ(driver::Text(::GetDlgItem(dialog, kRowsField)), L"3");
+                   Confirm(dialog);
+                 });
+  EXPECT_EQ(ended.output, Confirmed(R"("rows":3,"columns":4,"width":180,"height":45)", m_file));
+  const auto page = Read<CLayoutPageData>(m_file);
+  EXPECT_EQ(page.GetNumCol(), 4);
+  EXPECT_EQ(page.GetCelAt(0)->GetText(), "表");
+}
+
+class ShowLayoutCommand : public LayoutFiles {};
+
+TEST_F(ShowLayoutCommand, PrintsThePageWithoutADialog) {
+  const Ended grid = RunProgram(L"show-layout " + Quoted(m_file));
+  EXPECT_EQ(grid.status, 0) << grid.errors;
+  EXPECT_TRUE(grid.output.starts_with(R"({"result":"shown","kind":"grid",)")) << grid.output;
+  EXPECT_NE(grid.output.find(Utf8(u8R"("text":"表",)")), std::string::npos) << grid.output;
+  EXPECT_NE(grid.output.find(Utf8(u8R"("face":"ＭＳ ゴシック",)")), std::string::npos);
+  EXPECT_EQ(grid.output.find('\n'), grid.output.size() - 1);
+  EXPECT_EQ(RunProgram(L"show-layout --plain " + Quoted(m_blocksFile)).output, Utf8(u8"表\n"));
+}
+
+TEST_F(ShowLayoutCommand, FailsWhereThereIsNoPage) {
+  ExpectFailure(L"show-layout " + Quoted(m_folder / L"none é.mtpld"),
+                u8"none é.mtpld\" cannot be read");
+  std::ofstream(m_folder / "other.mtpld") << "no layout";
+  ExpectFailure(L"show-layout " + Quoted(m_folder / "other.mtpld"), u8"is no layout file");
+}
+
 constexpr int kListRowsField = 4039;
 constexpr int kListImage = 4033;
 constexpr int kFieldButton = 4030;
@@ -220,6 +261,25 @@ TEST_F(EditLayoutExCommand, WritesThePageBackToItsFile) {
   EXPECT_EQ(page.GetNumRow(kBlocks[1]), 4);
   EXPECT_EQ(page.GetLengthCol(0), 12.3F);
   EXPECT_EQ(page.GetCelAt(kBlocks[1], 0)->GetText(), "表");
+}
+
+TEST_F(EditLayoutExCommand, ItsAnswerCanBeFedBack) {
+  const Ended first = RunProgram(L"edit-layout-ex " + Quoted(m_blocksFile), Confirm);
+  const std::string before = BytesOf(m_blocksFile);
+  const Ended again = RunProgram(L"edit-layout-ex --json -", Confirm, first.output);
+  EXPECT_EQ(again.status, 0) << again.errors;
+  EXPECT_EQ(again.output, first.output);
+  EXPECT_EQ(BytesOf(m_blocksFile), before);
+}
+
+TEST_F(EditLayoutExCommand, ShapesThePageBeforeItIsShown) {
+  const Ended ended =
+      RunProgram(L"edit-layout-ex --rows 1,3,2 --columns 2 --width 100.5 --height 8,24,16.5 " +
+                     Quoted(m_blocksFile),
+                 Confirm);
+  EXPECT_EQ(
+      ended.output,
+      Confirmed(R"("rows":[1,3,2],"columns":2,"width":100.5,"height":[8,24,16.5])", m_blocksFile));
 }
 
 TEST_F(EditLayoutExCommand, WritesAnotherFileAndLeavesTheFirst) {

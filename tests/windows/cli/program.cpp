@@ -45,12 +45,16 @@ struct Pipe {
   Handle writing;
 };
 
-Pipe MakePipe() {
+enum class PipeEnd { kReading, kWriting };
+
+/// A pipe of which the process gets one end.
+Pipe MakePipe(PipeEnd inheritedEnd = PipeEnd::kWriting) {
   SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
   HANDLE reading = nullptr;
   HANDLE writing = nullptr;
   ::CreatePipe(&reading, &writing, &inherited, 0);
-  ::SetHandleInformation(reading, HANDLE_FLAG_INHERIT, 0);
+  ::SetHandleInformation(inheritedEnd == PipeEnd::kReading ? writing : reading, HANDLE_FLAG_INHERIT,
+                         0);
   return {Handle(reading), Handle(writing)};
 }
 
@@ -89,17 +93,25 @@ HWND DialogOf(DWORD process) {
 
 }  // namespace
 
-Ended RunProgram(const std::wstring& arguments, const Worker& work) {
-  return RunHost(L"quorvel.exe", arguments, work ? std::vector{work} : std::vector<Worker>());
+Ended RunProgram(const std::wstring& arguments, const Worker& work, const std::string& input) {
+  return RunHost(L"quorvel.exe", arguments, work ? std::vector{work} : std::vector<Worker>(),
+                 input);
 }
 
 Ended RunHost(const std::wstring& name, const std::wstring& arguments,
-              const std::vector<Worker>& workers) {
+              const std::vector<Worker>& workers, const std::string& input) {
+  Pipe standardInput = MakePipe(PipeEnd::kReading);
+  DWORD written = 0;
+  // As little as this the pipe holds until it is read.
+  ::WriteFile(standardInput.writing.Get(), input.data(), static_cast<DWORD>(input.size()), &written,
+              nullptr);
+  standardInput.writing.Close();
   Pipe output = MakePipe();
   Pipe errors = MakePipe();
   STARTUPINFOW startup{};
   startup.cb = sizeof startup;
   startup.dwFlags = STARTF_USESTDHANDLES;
+  startup.hStdInput = standardInput.reading.Get();
   startup.hStdOutput = output.writing.Get();
   startup.hStdError = errors.writing.Get();
   PROCESS_INFORMATION information{};
@@ -115,6 +127,7 @@ Ended RunHost(const std::wstring& name, const std::wstring& arguments,
   }
   const Handle process(information.hProcess);
   const Handle thread(information.hThread);
+  standardInput.reading.Close();
   output.writing.Close();
   errors.writing.Close();
 

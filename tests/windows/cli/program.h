@@ -23,13 +23,14 @@ struct Ended {
 /// Has the process's dialog once, as soon as it is visible.
 using Worker = std::function<void(HWND)>;
 
-/// Starts quorvel.exe, lets `work` have its dialog, and waits for its end. Throws
-/// std::runtime_error if that does not come.
-Ended RunProgram(const std::wstring& arguments, const Worker& work = {});
+/// Starts quorvel.exe with `input` on its standard input, at most a few thousand bytes, lets `work`
+/// have its dialog, and waits for its end. Throws std::runtime_error if that does not come.
+Ended RunProgram(const std::wstring& arguments, const Worker& work = {},
+                 const std::string& input = {});
 
 /// The same for any program beside the tests, whose dialogs come one after the other.
 Ended RunHost(const std::wstring& name, const std::wstring& arguments,
-              const std::vector<Worker>& workers);
+              const std::vector<Worker>& workers, const std::string& input = {});
 
 void Command(HWND dialog, int id);
 void Confirm(HWND dialog);

@@ -8,6 +8,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <filesystem>
+#include <fstream>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -22,6 +25,7 @@ using driver::Text;
 using driver::WindowRect;
 
 constexpr int kBadUsage = 64;
+constexpr int kFailed = 70;
 
 TEST(CommandLine, InputText) {
   std::wstring title;
@@ -233,8 +237,113 @@ TEST(CommandLine, SelectFontCancelled) {
 TEST(CommandLine, SelectFontRefusesAFaceThatARecordCannotHold) {
   const Ended ended = RunProgram(L"select-font --face 長い長い長い長い長い長い長い長い");
   EXPECT_EQ(ended.status, kBadUsage);
-  EXPECT_TRUE(ended.errors.starts_with("quorvel: face has more than 31 bytes"))
-      << ended.errors;
+  EXPECT_TRUE(ended.errors.starts_with("quorvel: --face has more than 31 bytes")) << ended.errors;
+}
+
+TEST(CommandLine, EveryAnswerCanBeFedBack) {
+  constexpr std::array kRuns{
+      L"input-text --text \"表ソ \\ 能 100%s\"",
+      L"input-scale --scale 500",
+      L"input-dpi --dpi -72",
+      L"input-point --point=-1.5,2",
+      L"input-point --point 1,2,3.25",
+      L"check-list --item 用紙枠 --ticked-item \"寸法 線\" --item=",
+      L"select-color --color #3366ff",
+      L"select-color-ex --color #010203",
+      L"edit-color --color #0a0B0c",
+      L"select-rgb --color #0066CC",
+      L"select-font --face IPA明朝 --height 10 --width 2.5 --escapement 900 --weight 700 --italic "
+      L"--underline --strike-out --strike-out-type 1 --out-precision 4 --clip-precision 16 "
+      L"--quality 2 --pitch-and-family 17 --color #C08142",
+      L"select-font-ex --back-color #010203 --vertical-place 2 --horizontal-place 1",
+  };
+  for (const std::wstring run : kRuns) {
+    const Ended first = RunProgram(run, Confirm);
+    EXPECT_EQ(first.status, 0) << first.errors;
+    const std::wstring command = run.substr(0, run.find(L' '));
+    const Ended again = RunProgram(command + L" --json -", Confirm, first.output);
+    EXPECT_EQ(again.status, 0) << again.errors;
+    EXPECT_EQ(again.output, first.output);
+  }
+  // The dialog for papers begins without a name, whatever is handed to it.
+  const Ended paper = RunProgram(
+      L"user-paper --json -", SetAndConfirm({{13367, L"図面"}}),
+      Utf8(u8R"json({"result":"confirmed","name":"x(420x297)","width":420,"height":297})json"));
+  EXPECT_EQ(paper.output,
+            Utf8(u8"{\"result\":\"confirmed\",\"name\":\"図面(420x297)\",\"width\":420,"
+                 u8"\"height\":297}\n"));
+}
+
+TEST(CommandLine, ValuesComeAsJsonInAnArgumentAndInAFile) {
+  const Ended argument = RunProgram(
+      LR"(input-text --json "{\"text\":\"表\u8868\",\"title\":\"題名\"}")", [](HWND dialog) {
+        EXPECT_EQ(Text(dialog), L"題名");
+        Confirm(dialog);
+      });
+  EXPECT_EQ(argument.output, Utf8(u8"{\"result\":\"confirmed\",\"text\":\"表表\"}\n"))
+      << argument.errors;
+  const std::filesystem::path path =
+      std::filesystem::temp_directory_path() / L"quorvel café 値.json";
+  std::ofstream(path, std::ios::binary) << Utf8(u8"\uFEFF{\r\n\"text\": \"値\"\r\n}\r\n");
+  const Ended file = RunProgram(L"input-text --json-file \"" + path.wstring() + L"\"", Confirm);
+  EXPECT_EQ(file.output, Utf8(u8"{\"result\":\"confirmed\",\"text\":\"値\"}\n")) << file.errors;
+  constexpr std::size_t kMostInput = 16 << 20;
+  std::ofstream(path, std::ios::binary) << std::string(kMostInput - 2, ' ') << "{}";
+  EXPECT_EQ(RunProgram(L"input-text --json-file \"" + path.wstring() + L"\"", Confirm).status, 0);
+  std::ofstream(path, std::ios::binary) << std::string(kMostInput - 1, ' ') << "{}";
+  const Ended tooLong = RunProgram(L"input-text --json-file \"" + path.wstring() + L"\"");
+  EXPECT_EQ(tooLong.status, kFailed);
+  EXPECT_TRUE(tooLong.errors.ends_with(Utf8(u8"値.json\" is too long\n"))) << tooLong.errors;
+  std::filesystem::remove(path);
+  const Ended missing = RunProgram(L"input-text --json-file \"" + path.wstring() + L"\"");
+  EXPECT_EQ(missing.status, kFailed);
+  EXPECT_TRUE(missing.errors.ends_with(Utf8(u8"値.json\" cannot be read\n"))) << missing.errors;
+}
+
+TEST(CommandLine, PlainAnswersAreTheValuesAlone) {
+  EXPECT_EQ(RunProgram(L"input-text --plain --text 表", Confirm).output, Utf8(u8"表\n"));
+  EXPECT_EQ(RunProgram(L"input-point --plain --point 12.5,7,3", Confirm).output, "12.5 7 3\n");
+  EXPECT_EQ(RunProgram(L"input-point --plain --separator , --point 12.5,7,3", Confirm).output,
+            "12.5,7,3\n");
+  EXPECT_EQ(RunProgram(L"select-rgb --plain --color #3366ff", Confirm).output, "#3366FF\n");
+  EXPECT_EQ(
+      RunProgram(L"check-list --plain --ticked-item 壁 --item 窓 --ticked-item 扉", Confirm).output,
+      Utf8(u8"壁\n扉\n"));
+  EXPECT_EQ(RunProgram(L"check-list --plain --item 窓", Confirm).output, "");
+  const Ended cancelled = RunProgram(L"input-text --plain --text x", Cancel);
+  EXPECT_EQ(cancelled.status, 1);
+  EXPECT_EQ(cancelled.output, "");
+  const Ended picked =
+      RunProgram(L"input-point --plain --mouse-pick", [](HWND dialog) { Command(dialog, 4060); });
+  EXPECT_EQ(picked.status, 2);
+  EXPECT_EQ(picked.output, "");
+}
+
+TEST(CommandLine, BadJsonIsOneLineThatNamesThePlaceAndStatus64) {
+  struct Case {
+    const wchar_t* command;
+    std::string input;
+    std::string error;
+  };
+  for (const Case& bad : {
+           Case{L"input-dpi", "{\n  \"dpi\": \"many\"}",
+                "standard input:2:3: dpi needs a whole number, not \"many\""},
+           Case{L"input-text", Utf8(u8"{\"text\": \"caf\u00E9\"}"),
+                "standard input:1:2: text has characters that code page 932 lacks"},
+           Case{L"check-list", Utf8(u8"{\"items\": [\"x\", \"caf\u00E9\"]}"),
+                "standard input:1:2: items has characters that code page 932 lacks"},
+           Case{L"select-font", Utf8(u8"{\"face\": \"長い長い長い長い長い長い長い長い\"}"),
+                "standard input:1:2: face has more than 31 bytes in code page 932"},
+           Case{L"select-font", "{\"charSet\": 256}",
+                "standard input:1:2: charSet goes from 0 to 255"},
+           Case{L"select-rgb", "{\"key\": \"x\"}",
+                "standard input:1:2: key is not known here, --help lists the options"},
+       }) {
+    const Ended ended = RunProgram(std::wstring(bad.command) + L" --json -", Worker(), bad.input);
+    EXPECT_EQ(ended.status, kBadUsage);
+    EXPECT_EQ(ended.output, "");
+    EXPECT_EQ(ended.errors, "quorvel: " + bad.error + "\n");
+  }
 }
 
 }  // namespace
