@@ -131,11 +131,13 @@ lint: windows
 	@tools/install-packages clang-tidy
 	@tools/lint $(WINDOWS)
 
-# The pictures of the documents, taken anew from the dialogs as they are.
+# The pictures of the documents, taken anew from the dialogs as they are, at 100 % and at 200 %.
 pictures: configure-windows run-packages
 	@cmake --build $(WINDOWS) --target quorvel_gallery
-	@mkdir -p docs/pictures
+	@mkdir -p docs/pictures/200-percent
 	@$(SESSION) --virtual wine $(WINDOWS)/bin/quorvel-gallery.exe --tour docs/pictures
+	@QUORVEL_WINEPREFIX=$(abspath build)/wine-pictures QUORVEL_DPI=192 $(SESSION) --virtual \
+	  wine $(WINDOWS)/bin/quorvel-gallery.exe --tour docs/pictures/200-percent
 
 clean:
 	@rm -rf build dist
