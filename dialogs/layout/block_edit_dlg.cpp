@@ -134,16 +134,21 @@ void CBlockEditDlg::DeselectCels() {
 bool CBlockEditDlg::OnRightDuringDrag() {
   const std::optional<quorvel::BorderDrag> border = CurrentView()->Border();
   CancelDrag();
+  return border && AskLengths(*border);
+}
+
+bool CBlockEditDlg::AskLengths(const quorvel::BorderDrag& border) {
+  EndTyping();
   quorvel::PageBlock& block = CurrentView()->Block();
   const auto length = [&](int offset) {
-    return static_cast<float>(border->IsRow() ? block.RowLength(border->row + offset)
-                                              : block.ColLength(border->col + offset));
+    return static_cast<float>(border.IsRow() ? block.RowLength(border.row + offset)
+                                             : block.ColLength(border.col + offset));
   };
   float first = length(0);
   float second = length(1);
   CLayoutCelSizeEditDlg dialog(&first, &second, this);
   if (dialog.DoModal() == IDOK) {
-    quorvel::StoreLengths(*border, {first, second}, block);
+    quorvel::StoreLengths(border, {first, second}, block);
     LayOutViews();
   }
   return true;

@@ -26,6 +26,7 @@ protected:
 
   void OnSelected(int clicked) override;
   bool OnRightDuringDrag() override;
+  bool AskLengths(const quorvel::BorderDrag& border) override;
   void OnTextGiven() override;
   void OnInserted() override;
   void EndTyping() override;

@@ -367,7 +367,7 @@ bool CPageEditDlg::HandleKey(const MSG& message) {
   const bool onlyControl = IsPressed(VK_CONTROL) && !IsPressed(VK_MENU);
   switch (message.wParam) {
     case VK_F2:
-      OpenTextEdit();
+      HandleF2();
       return true;
     case VK_F8:
       SwitchRange();
@@ -386,6 +386,21 @@ bool CPageEditDlg::HandleKey(const MSG& message) {
   }
   HandleArrow(message.wParam);
   return true;
+}
+
+void CPageEditDlg::HandleF2() {
+  const bool asks = IsPressed(VK_SHIFT) || IsPressed(VK_CONTROL);
+  const std::optional<quorvel::BorderDrag> border =
+      asks ? BorderOfSelection(IsPressed(VK_CONTROL)) : std::nullopt;
+  if (!border || !AskLengths(*border)) {
+    OpenTextEdit();
+  }
+}
+
+std::optional<quorvel::BorderDrag> CPageEditDlg::BorderOfSelection(bool isRow) const {
+  return HasSelection()
+             ? quorvel::BorderBeyond(Block(), quorvel::FirstSelectedCel(Block()), isRow)
+             : std::nullopt;
 }
 
 bool CPageEditDlg::RunFileCommand(UINT command) {
@@ -476,12 +491,7 @@ bool CPageEditDlg::SelectRange(int down, int right) {
 }
 
 void CPageEditDlg::StepBorder(int down, int right) {
-  if (!HasSelection()) {
-    return;
-  }
-  const std::optional<quorvel::BorderDrag> border =
-      quorvel::BorderBeyond(Block(), quorvel::FirstSelectedCel(Block()), down != 0);
-  if (border) {
+  if (const std::optional<quorvel::BorderDrag> border = BorderOfSelection(down != 0)) {
     quorvel::StoreLengths(*border, quorvel::SteppedLengths(*border, Block(), down + right),
                           Block());
     LayOutViews();

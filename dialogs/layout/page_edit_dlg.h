@@ -37,7 +37,7 @@ struct PageEditHost {
 /// the key has no other meaning: in a field only up and down. After F8 those keys select the rectangle
 /// between the cell and the one that they lead to, until F8 again, or until cells are selected
 /// otherwise. With Shift they move the border right of the first selected cell or below it by a
-/// millimetre. Ctrl+O and Ctrl+S are the tool bar's commands for files. The template has the colour
+/// millimetre; Shift and Ctrl with F2 ask for the lengths at the one or the other. Ctrl+O and Ctrl+S are the tool bar's commands for files. The template has the colour
 /// buttons and the list of insertions.
 class CPageEditDlg : public CKivDialog {
 public:
@@ -71,6 +71,8 @@ protected:
   virtual bool OnRightDuringDrag() { return false; }
   /// The selected cells have got a text that was not typed, or others are selected.
   virtual void OnTextGiven() {}
+  /// Asks for the two lengths at a border; false where the editor does not ask.
+  virtual bool AskLengths(const quorvel::BorderDrag& /*border*/) { return false; }
   /// Ctrl and Enter: what a double click on a block opens. False where that is nothing of its own.
   virtual bool OpenCurrentBlock() { return false; }
   /// A tag has been inserted.
@@ -176,6 +178,9 @@ private:
   void DropReadOut();
   int CelBeside(int down, int right);
   bool HandleKey(const MSG& message);
+  void HandleF2();
+  /// Right of the first selected cell or below it.
+  std::optional<quorvel::BorderDrag> BorderOfSelection(bool isRow) const;
   void HandleArrow(WPARAM key);
   void SelectNeighbour(int down, int right);
   void StepBorder(int down, int right);

@@ -251,23 +251,34 @@ TEST_F(Dragging, TheTwoLengthsAreStored) {
   EXPECT_EQ(m_page.GetLengthCol(1), 100.0);
 }
 
-TEST_F(Dragging, TheBorderBeyondACelIsThatOfAllThatItCovers) {
-  m_page.GetCelAt(0)->SetSelected(1);
-  const auto row = BorderBeyond(m_block, 0, true);
-  ASSERT_TRUE(row.has_value());
-  EXPECT_EQ(row->row, 0);
-  EXPECT_TRUE(row->IsRow());
-  const auto col = BorderBeyond(m_block, 0, false);
-  ASSERT_TRUE(col.has_value());
-  EXPECT_EQ(col->col, 0);
-  EXPECT_FALSE(col->IsRow());
-  m_page.GetCelAt(1)->SetSelected(1);
-  ASSERT_TRUE(m_page.MeargeCel(0, 0));
-  EXPECT_EQ(BorderBeyond(m_block, 0, false).has_value(), m_page.GetNumCol() > 2);
-  EXPECT_EQ(BorderBeyond(m_block, 0, true)->row, 0);
-  EXPECT_FALSE(BorderBeyond(m_block, m_page.GetCelSize() - 1, true).has_value());
-  EXPECT_FALSE(BorderBeyond(m_block, m_page.GetCelSize() - 1, false).has_value());
-  EXPECT_FALSE(BorderBeyond(m_block, -1, false).has_value());
+TEST(BorderBeyond, IsThatOfAllThatACelCovers) {
+  CLayoutPageData page;
+  page.DividePage(3, 4, 11.811);
+  for (const int index : {0, 1, 4, 5}) {
+    page.GetCelAt(index)->SetSelected(1);
+  }
+  ASSERT_TRUE(page.MeargeCel(0, 0));
+  const SheetBlock block(page);
+  const auto rowOf = [&](int index) { return BorderBeyond(block, index, true).value().row; };
+  const auto colOf = [&](int index) { return BorderBeyond(block, index, false).value().col; };
+  EXPECT_EQ(rowOf(0), 1);  // two rows and two columns are one cell
+  EXPECT_EQ(colOf(0), 1);
+  EXPECT_EQ(rowOf(2), 0);
+  EXPECT_EQ(colOf(2), 2);
+  EXPECT_TRUE(BorderBeyond(block, 2, true)->IsRow());
+  EXPECT_FALSE(BorderBeyond(block, 2, false)->IsRow());
+}
+
+TEST(BorderBeyond, IsMissingAtTheEdgeOfThePage) {
+  CLayoutPageData page;
+  page.DividePage(3, 4, 11.811);
+  const SheetBlock block(page);
+  EXPECT_FALSE(BorderBeyond(block, 11, true).has_value());
+  EXPECT_FALSE(BorderBeyond(block, 11, false).has_value());
+  EXPECT_FALSE(BorderBeyond(block, 3, false).has_value());
+  EXPECT_TRUE(BorderBeyond(block, 3, true).has_value());
+  EXPECT_FALSE(BorderBeyond(block, -1, false).has_value());
+  EXPECT_FALSE(BorderBeyond(block, 12, true).has_value());
 }
 
 TEST_F(Dragging, ABorderIsSteppedWithinItsTwoLengths) {

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace quorvel::test {
@@ -300,6 +301,33 @@ TEST_F(LayoutExEditKeys, ARectangleStaysInItsBlock) {
     EXPECT_EQ(m_editor.TextOf(kList, index), "5");
   }
   EXPECT_EQ(m_editor.TextOf(extended_editor::kFooter, 0), "");
+}
+
+TEST_F(LayoutExEditKeys, F2WithShiftAndCtrlAsksForLengths) {
+  const auto type = [](ModalScript& script, std::string digits) {
+    script.When(SteadyOnScreen(DialogWithTitle(L"ｾﾙｻｲｽﾞ編集")),
+                [digits = std::move(digits)](HWND /*dialog*/) {
+                  for (const char digit : digits) {
+                    SendKey(static_cast<UINT>(digit));
+                  }
+                  SendKey(VK_RETURN);
+                });
+  };
+  ModalScript script;
+  Press(script, [] {
+    PressCtrl(VK_DOWN);
+    PressCtrl(VK_DOWN);  // the list's first cell
+    SendKey(VK_F2, {VK_SHIFT});
+  });
+  type(script, "33");
+  Press(script, [] { SendKey(VK_F2, {VK_CONTROL}); });
+  type(script, "11");
+  Press(script, [] { SendKey(VK_RETURN); });
+  EXPECT_TRUE(m_editor.Run(script));
+  EXPECT_EQ(m_editor.page.GetLengthCol(0), 33.0F);
+  EXPECT_EQ(m_editor.page.GetLengthCol(1), 47.0F);
+  EXPECT_EQ(m_editor.page.GetLengthRow(kList, 0), 11.0F);
+  EXPECT_EQ(m_editor.page.GetAllLengthRow(kList), 50.0F);
 }
 
 TEST_F(LayoutExEditKeys, ADataFieldGoesIntoTheSelectedCel) {

@@ -56,9 +56,11 @@ TEST_P(KeyboardWalk, ShiftTabGoesTheOtherWay) { ExpectWalk(true); }
 
 TEST(KeyboardWalkOfColourTabs, TabVisitsThePaletteAndTheField) {
   constexpr int kTabs = 1000;
+  constexpr int kColours = 45;
   ColourEnvironment environment;
   std::vector<COLORREF> palette;
-  for (int i = 0; i < 45; ++i) {
+  palette.reserve(kColours);
+  for (int i = 0; i < kColours; ++i) {
     palette.push_back(RGB(i, 0, 0));
   }
   environment.Store(palette);
