@@ -37,6 +37,16 @@ elseif(QUORVEL_COVERAGE)
   target_link_options(quorvel_options INTERFACE --coverage)
 endif()
 
+# Parsing headers was four fifths of the time for a source; a target does that for the usual ones once.
+# In precompiled headers GCC 12 no longer knows which are the system's, and tells of faults in them that
+# are none. `make lint` compiles without them, and where lines are counted or fuzzed there are none.
+if(NOT CMAKE_DISABLE_PRECOMPILE_HEADERS AND NOT QUORVEL_COVERAGE AND NOT QUORVEL_FUZZ)
+  target_precompile_headers(
+    quorvel_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:${PROJECT_SOURCE_DIR}/cmake/precompiled.h>)
+  target_compile_options(
+    quorvel_options INTERFACE -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread)
+endif()
+
 # A library of the product. PORTABLE sources are window-free: natively they make a static library of
 # the same name; WINDOWS sources are added in the DLL, NATIVE sources, which stand for the platform's
 # part where there is none, in the static library.
