@@ -62,6 +62,13 @@ soak-0 soak-1: soak-%: windows run-packages
 	@QUORVEL_WINEPREFIX=$(abspath build)/wine-$@ QUORVEL_GRAPHICS=null GTEST_TOTAL_SHARDS=2 \
 	  GTEST_SHARD_INDEX=$* $(SESSION) wine $(WINDOWS)/bin/soak_tests.exe
 
+# Every FAULT_STEP-th call of the platform that a dialog makes fails once.
+FAULT_STEP := 1
+.PHONY: faults
+faults: windows run-packages
+	@QUORVEL_WINEPREFIX=$(abspath build)/wine-$@ QUORVEL_GRAPHICS=null QUORVEL_FAULT_STEP=$(FAULT_STEP) \
+	  $(SESSION) wine $(WINDOWS)/bin/fault_tests.exe
+
 # Every dialog on displays of these scales: 100, 125, 150 and 200 %.
 DPIS := 96 120 144 192
 .PHONY: display-tests $(addprefix display-tests-,$(DPIS))

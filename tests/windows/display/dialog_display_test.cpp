@@ -12,14 +12,6 @@
 namespace quorvel::test {
 namespace {
 
-/// Every dialog that users meet.
-std::vector<Entry> AllDialogs() {
-  std::vector<Entry> all = AllEntries();
-  const std::vector<Entry> inner = LayoutDialogs();
-  all.insert(all.end(), inner.begin(), inner.end());
-  return all;
-}
-
 class DialogDisplay : public ::testing::TestWithParam<Entry> {};
 INSTANTIATE_TEST_SUITE_P(Quorvel, DialogDisplay, ::testing::ValuesIn(AllDialogs()),
                          [](const auto& info) { return info.param.name; });

@@ -4,7 +4,7 @@
 #include "layout/layout_editor.h"
 #include "support/accessible_name.h"
 #include "support/colour_environment.h"
-#include "support/every_dialog.h"
+#include "support/layout_dialogs.h"
 #include "support/work.h"
 
 #include <commctrl.h>
@@ -219,12 +219,12 @@ const std::vector<ExpectedNames>& ExpectedNamesOfDialogs() {
           {2, L"キャンセル"},
           {0, L"ｾﾙの編集"},
           {0, L"ﾚｲｱｳﾄのﾌｧｲﾙ"}}},
-        {"CelSize",
+        {"LayoutCelSizeEdit",
          {{4055, L"左または上の長さ"},
           {4056, L"右または下の長さ"},
           {1, L"OK"},
           {2, L"キャンセル"}}},
-        {"RuledLines",
+        {"LayoutFrameEdit",
          {{4015, L"なし(N)"},
           {4017, L"外枠(O)"},
           {4018, L"内側(I)"},
@@ -237,7 +237,7 @@ const std::vector<ExpectedNames>& ExpectedNamesOfDialogs() {
           {4024, L"右の罫線 オン"},
           {1, L"OK"},
           {2, L"キャンセル"}}},
-        {"DataField",
+        {"LayoutFieldEdit",
          {{4045, L"ﾀｲﾌﾟ:"},
           {4046, L"ﾌｨｰﾙﾄﾞ1"},
           {4050, L"条件の比較"},
@@ -248,7 +248,7 @@ const std::vector<ExpectedNames>& ExpectedNamesOfDialogs() {
           {4030, L"3桁区切り"},
           {1, L"OK"},
           {2, L"キャンセル"}}},
-        {"ListEditor",
+        {"LayoutListEdit",
          {{4031, L"ﾚｲｱｳﾄのｲﾒｰｼﾞ"},
           {2041, L"文字の色 赤 0 緑 0 青 0"},
           {2043, L"文字の色を選ぶ"},
@@ -304,20 +304,20 @@ std::vector<NamedControl> ExpectedOf(const std::string& dialog) {
   return found != expected.end() ? found->controls : std::vector<NamedControl>();
 }
 
-class AccessibleNames : public ::testing::TestWithParam<AnyDialogOfOurs> {};
+class AccessibleNames : public ::testing::TestWithParam<Entry> {};
 
 INSTANTIATE_TEST_SUITE_P(Quorvel, AccessibleNames, ::testing::ValuesIn(AllDialogs()),
                          [](const auto& info) { return info.param.name; });
 
 TEST_P(AccessibleNames, OfEveryControl) {
-  WorkDialog(GetParam().run, [](HWND dialog) {
+  WorkDialog([] { return GetParam().run(nullptr); }, [](HWND dialog) {
     EXPECT_EQ(NamedControls(dialog), ExpectedOf(GetParam().name));
     Cancel(dialog);
   });
 }
 
 TEST_P(AccessibleNames, AreNoStopsOfTheTabulatorKey) {
-  WorkDialog(GetParam().run, [](HWND dialog) {
+  WorkDialog([] { return GetParam().run(nullptr); }, [](HWND dialog) {
     for (const HWND control : TabOrder(dialog)) {
       EXPECT_NE(::GetDlgCtrlID(control), kNameLabelId);
       EXPECT_FALSE(AccessibleName(control).empty()) << ::GetDlgCtrlID(control);

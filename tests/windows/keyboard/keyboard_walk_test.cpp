@@ -1,7 +1,7 @@
 // What holds for every dialog that is worked with the keyboard alone: Tab, Shift+Tab, Enter, Escape.
 #include "keyboard/keyboard_walk.h"
 #include "support/colour_environment.h"
-#include "support/every_dialog.h"
+#include "support/layout_dialogs.h"
 
 // Needs <windows.h> above.
 #include <commctrl.h>
@@ -40,10 +40,10 @@ void ExpectWalkOf(Call call, bool backwards, const std::function<void(HWND)>& pr
   Work(script, call);
 }
 
-class KeyboardWalk : public ::testing::TestWithParam<AnyDialogOfOurs> {
+class KeyboardWalk : public ::testing::TestWithParam<Entry> {
 protected:
   static void ExpectWalk(bool backwards) {
-    ExpectWalkOf([] { return GetParam().run().confirmed; }, backwards, [](HWND /*dialog*/) {});
+    ExpectWalkOf([] { return GetParam().run(nullptr).confirmed; }, backwards, [](HWND /*dialog*/) {});
   }
 };
 
@@ -77,7 +77,7 @@ TEST(KeyboardWalkOfColourTabs, TabVisitsThePaletteAndTheField) {
 
 /// The dialog of the ruled lines begins on a button, and Enter presses the button that has the focus.
 TEST_P(KeyboardWalk, EnterConfirms) {
-  const Outcome outcome = WorkDialog(GetParam().run, [](HWND dialog) {
+  const Outcome outcome = WorkDialog([] { return GetParam().run(nullptr); }, [](HWND dialog) {
     const LRESULT code = ::SendMessageW(::GetFocus(), WM_GETDLGCODE, 0, 0);
     if ((code & (DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON)) != 0) {
       Focus(Control(dialog, IDOK));
@@ -89,7 +89,8 @@ TEST_P(KeyboardWalk, EnterConfirms) {
 
 TEST_P(KeyboardWalk, EscapeCancelsAndChangesNothing) {
   const Outcome outcome =
-      WorkDialog(GetParam().run, [](HWND /*dialog*/) { PressKey(::GetFocus(), VK_ESCAPE); });
+      WorkDialog([] { return GetParam().run(nullptr); },
+                 [](HWND /*dialog*/) { PressKey(::GetFocus(), VK_ESCAPE); });
   EXPECT_FALSE(outcome.confirmed);
   EXPECT_TRUE(outcome.unchanged);
 }

@@ -3,6 +3,7 @@
 
 #include <quorvel/quorvel.h>
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,8 @@ struct Entry {
   /// Runs the same without anything of ours; null where the system only has to run the template.
   void (*runBare)(HWND owner) = nullptr;
 };
+
+inline void PrintTo(const Entry& entry, std::ostream* stream) { *stream << entry.name; }
 
 const std::vector<Entry>& AllEntries();
 

@@ -12,10 +12,24 @@ namespace quorvel::test {
 
 namespace {
 
+constexpr auto kBlock = CLayoutExPageData::LISTTYPE_LIST;
+constexpr double kDotsPerMm = 11.811;
+
 Outcome RunFrameEdit(CPoint* position) {
-  static CLayoutExPageData page;
-  CLayoutFrameEditDlg dialog(nullptr, &page, CLayoutExPageData::LISTTYPE_LIST, position);
-  return {driver::RunWithProductResources(dialog) == IDOK, true};
+  // All of its list is selected, so that it has lines of every kind.
+  static const CLayoutExPageData before = [] {
+    constexpr BYTE kLines = 3;
+    CLayoutExPageData page;
+    page.DividePage(kBlock, kLines, kLines, kDotsPerMm);
+    for (int index = 0; index < page.GetCelSize(kBlock); ++index) {
+      page.GetCelAt(kBlock, index)->SetSelected(1);
+    }
+    return page;
+  }();
+  CLayoutExPageData page = before;
+  CLayoutFrameEditDlg dialog(nullptr, &page, kBlock, position);
+  const bool confirmed = driver::RunWithProductResources(dialog) == IDOK;
+  return {confirmed, IsSamePage(page, before)};
 }
 
 Outcome RunFieldEdit(CPoint* position) {
@@ -37,7 +51,6 @@ Outcome RunCelSizeEdit(CPoint* /*position*/) {
 }
 
 Outcome RunListEdit(CPoint* position) {
-  constexpr double kDotsPerMm = 11.811;
   CStringArray fields;
   CStringArray insertions;
   for (const char* name : {"品名", "数量", "金額"}) {
@@ -47,7 +60,7 @@ Outcome RunListEdit(CPoint* position) {
   CLayoutExPageData page = ExtendedPageWithEverything();
   const CLayoutExPageData before = page;
   CLayoutListEditDlg dialog(nullptr, nullptr, &page, &fields, &insertions, nullptr, kDotsPerMm,
-                            CLayoutExPageData::LISTTYPE_LIST, position, nullptr);
+                            kBlock, position, nullptr);
   const bool confirmed = driver::RunWithProductResources(dialog) == IDOK;
   return {confirmed, IsSamePage(page, before)};
 }
@@ -59,6 +72,13 @@ std::vector<Entry> LayoutDialogs() {
           {"LayoutFieldEdit", IDD_LAYOUT_FIELD, RunFieldEdit, true, nullptr, 0},
           {"LayoutCelSizeEdit", IDD_LAYOUT_CEL_SIZE, RunCelSizeEdit, false, nullptr, 0},
           {"LayoutListEdit", IDD_LAYOUT_LIST, RunListEdit, true, nullptr, 0}};
+}
+
+std::vector<Entry> AllDialogs() {
+  std::vector<Entry> all = AllEntries();
+  const std::vector<Entry> inner = LayoutDialogs();
+  all.insert(all.end(), inner.begin(), inner.end());
+  return all;
 }
 
 }  // namespace quorvel::test

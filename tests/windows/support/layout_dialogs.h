@@ -8,4 +8,7 @@ namespace quorvel::test {
 /// As entries: those without a null to be called with have no `runWithNull`.
 std::vector<Entry> LayoutDialogs();
 
+/// All dialogs of the library: those of the entries and these.
+std::vector<Entry> AllDialogs();
+
 }  // namespace quorvel::test
