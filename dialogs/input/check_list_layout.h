@@ -7,10 +7,10 @@ namespace quorvel {
 
 /// What the layout follows from.
 struct CheckListMeasures {
-  int widestName;       ///< of the names that are measured; 0 without any
-  int characterHeight;  ///< of the font that measured them
-  int descent;
-  int rows;
+  int widestName = 0;       ///< of the names that are measured; 0 without any
+  int characterHeight = 0;  ///< of the font that measured them
+  int descent = 0;
+  int rows = 0;
   double rate = 1.0;  ///< the display's scale
 };
 
