@@ -255,7 +255,7 @@ INT_PTR GalleryWindow::OnColorStatic(WPARAM deviceContext, LPARAM control) {
   if (id < kFirstEntryId) {
     return FALSE;
   }
-  const auto context = reinterpret_cast<HDC>(deviceContext);
+  auto* const context = reinterpret_cast<HDC>(deviceContext);
   SetTextColor(context, GetSysColor(COLOR_GRAYTEXT));
   SetBkColor(context, GetSysColor(COLOR_BTNFACE));
   return reinterpret_cast<INT_PTR>(GetSysColorBrush(COLOR_BTNFACE));
