@@ -50,17 +50,38 @@ endif
 test: native windows run-packages
 	@$(MAKE) --no-print-directory -j3 fuzz
 	@ctest --test-dir $(NATIVE) --output-on-failure
-	@$(MAKE) --no-print-directory -j3 -O soak windows-tests language-tests display-tests
+	@$(MAKE) --no-print-directory -j3 -O openings soak windows-tests language-tests display-tests
 
 # On displays of their own.
-.PHONY: windows-tests soak soak-0 soak-1
+.PHONY: windows-tests openings openings-0 openings-1
 windows-tests: windows run-packages
 	@$(SESSION) --virtual ctest --test-dir $(WINDOWS) --output-on-failure
 # Where nothing has to be seen there is no display.
-soak: soak-0 soak-1
-soak-0 soak-1: soak-%: windows run-packages
+openings: openings-0 openings-1
+openings-0 openings-1: openings-%: windows run-packages
 	@QUORVEL_WINEPREFIX=$(abspath build)/wine-$@ QUORVEL_GRAPHICS=null GTEST_TOTAL_SHARDS=2 \
-	  GTEST_SHARD_INDEX=$* $(SESSION) wine $(WINDOWS)/bin/soak_tests.exe
+	  GTEST_SHARD_INDEX=$* $(SESSION) wine $(WINDOWS)/bin/openings_tests.exe
+
+# A user who does whatever comes, at every dialog, in two parts; for so many steps or, where it is told,
+# for so many seconds. `make soak-run SOAK_RUN='SelRgb 20240417 2000'` replays one run. The record of the
+# run under way is in build/soak-record-*.txt.
+SOAK_STEPS := 40000
+SOAK_SECONDS :=
+SOAK_SEED := 20240417
+SOAK_RUN :=
+.PHONY: soak soak-0 soak-1 soak-run
+soak: soak-0 soak-1
+soak-0: SOAK_TESTS := *
+soak-1: SOAK_TESTS := Soak.DoesNoHarm
+soak-0 soak-1: soak-%: windows run-packages
+	@QUORVEL_WINEPREFIX=$(abspath build)/wine-$@ QUORVEL_GRAPHICS=null \
+	  GTEST_FILTER='$(SOAK_TESTS)' QUORVEL_SOAK_SECONDS=$(SOAK_SECONDS) \
+	  QUORVEL_SOAK_STEPS=$$(($(SOAK_STEPS) / 2)) QUORVEL_SOAK_SEED=$$(($(SOAK_SEED) + $* * 1000000)) \
+	  QUORVEL_SOAK_RECORD=build/soak-record-$*.txt $(SESSION) wine $(WINDOWS)/bin/soak_tests.exe
+soak-run: windows run-packages
+	@QUORVEL_WINEPREFIX=$(abspath build)/wine-$@ QUORVEL_GRAPHICS=null QUORVEL_SOAK_RUN='$(SOAK_RUN)' \
+	  QUORVEL_SOAK_RECORD=build/soak-record-run.txt \
+	  $(SESSION) wine $(WINDOWS)/bin/soak_tests.exe --gtest_filter='Soak.*'
 
 # Every FAULT_STEP-th call of the platform that a dialog makes fails once.
 FAULT_STEP := 1

@@ -1,7 +1,10 @@
 #include "driver/leak_counters.h"
 
+#include "driver/import_table.h"
+
 #include <malloc.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cstdint>
@@ -129,28 +132,69 @@ BOOL WINAPI CountingUnhook(HHOOK hook) {
   return removed;
 }
 
+/// A timer that was set and not ended. One of a window ends with its window.
+struct Timer {
+  HWND window = nullptr;
+  UINT_PTR id = 0;  ///< 0 where the place is free
+
+  bool Runs() const { return id != 0 && (window == nullptr || IsWindow(window) != FALSE); }
+};
+
+/// More than these at once are not counted; of a fixed size, since it must not allocate.
+constexpr std::size_t kMostTimers = 64;
+std::array<Timer, kMostTimers> g_timers;  // of the thread that shows dialogs
+
+Timer* FindTimer(HWND window, UINT_PTR id) {
+  const auto found = std::ranges::find_if(g_timers, [&](const Timer& timer) {
+    return timer.Runs() && timer.window == window && timer.id == id;
+  });
+  return found != g_timers.end() ? &*found : nullptr;
+}
+
+UINT_PTR WINAPI CountingSetTimer(HWND window, UINT_PTR id, UINT interval, TIMERPROC procedure) {
+  static const auto setTimer = FromUser32<decltype(SetTimer)>("SetTimer");
+  const UINT_PTR made = setTimer(window, id, interval, procedure);
+  const UINT_PTR kept = window != nullptr ? id : made;
+  if (made != 0 && FindTimer(window, kept) == nullptr) {
+    const auto freePlace =
+        std::ranges::find_if(g_timers, [](const Timer& timer) { return !timer.Runs(); });
+    if (freePlace != g_timers.end()) {
+      *freePlace = {window, kept};
+    }
+  }
+  return made;
+}
+
+BOOL WINAPI CountingKillTimer(HWND window, UINT_PTR id) {
+  static const auto killTimer = FromUser32<decltype(KillTimer)>("KillTimer");
+  const BOOL ended = killTimer(window, id);
+  Timer* const timer = ended != FALSE ? FindTimer(window, id) : nullptr;
+  if (timer != nullptr) {
+    *timer = {};
+  }
+  return ended;
+}
+
+std::size_t CountTimers() {
+  return static_cast<std::size_t>(std::ranges::count_if(g_timers, &Timer::Runs));
+}
+
+/// Stands in the place of an imported function.
+struct Counting {
+  std::string_view name;
+  void* function;
+};
+
 template <class Function>
 void* Address(Function* function) {
   return reinterpret_cast<void*>(function);
 }
 
-/// What is called instead of an imported function; null for a function that is left alone.
-void* CountingFunction(std::string_view imported) {
-  if (imported == "SetWindowsHookExA") {
-    return Address(CountingSetHookA);
-  }
-  if (imported == "SetWindowsHookExW") {
-    return Address(CountingSetHookW);
-  }
-  return imported == "UnhookWindowsHookEx" ? Address(CountingUnhook) : nullptr;
-}
-
-void Replace(ULONGLONG& slot, void* function) {
-  DWORD protection = 0;
-  VirtualProtect(&slot, sizeof(slot), PAGE_READWRITE, &protection);
-  slot = reinterpret_cast<ULONGLONG>(function);
-  VirtualProtect(&slot, sizeof(slot), protection, &protection);
-}
+const std::array kCounting{Counting{"SetWindowsHookExA", Address(CountingSetHookA)},
+                           Counting{"SetWindowsHookExW", Address(CountingSetHookW)},
+                           Counting{"UnhookWindowsHookEx", Address(CountingUnhook)},
+                           Counting{"SetTimer", Address(CountingSetTimer)},
+                           Counting{"KillTimer", Address(CountingKillTimer)}};
 
 }  // namespace
 
@@ -158,12 +202,13 @@ std::ostream& operator<<(std::ostream& out, const LeakCounters& counters) {
   return out << "{graphics objects " << counters.graphicsObjects << ", user objects "
              << counters.userObjects << ", windows " << counters.windows << ", menus "
              << counters.menus << ", icons " << counters.icons << ", hooks " << counters.hooks
-             << ", heap blocks " << counters.heapBlocks << "}";
+             << ", timers " << counters.timers << ", heap blocks " << counters.heapBlocks << "}";
 }
 
 LeakCounters CountResources() {
   LeakCounters counters;
   counters.hooks = static_cast<std::size_t>(g_hooks.load());
+  counters.timers = CountTimers();
   counters.heapBlocks = CountHeapBlocks();
   if (RunsUnderWine()) {
     // GetGuiResources answers 0 there.
@@ -177,36 +222,17 @@ LeakCounters CountResources() {
   return counters;
 }
 
-bool WatchHooks(HMODULE module) {
-  auto* base = reinterpret_cast<std::byte*>(module);
-  const auto* dosHeader = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
-  const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS64*>(base + dosHeader->e_lfanew);
-  const IMAGE_DATA_DIRECTORY& imports =
-      headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-  if (imports.Size == 0) {
-    return false;
-  }
-  bool setsHooks = false;
-  const auto* descriptor =
-      reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + imports.VirtualAddress);
-  for (; descriptor->Name != 0; ++descriptor) {
-    const auto* name =
-        reinterpret_cast<const IMAGE_THUNK_DATA64*>(base + descriptor->OriginalFirstThunk);
-    auto* slot = reinterpret_cast<IMAGE_THUNK_DATA64*>(base + descriptor->FirstThunk);
-    for (; name->u1.AddressOfData != 0; ++name, ++slot) {
-      if (IMAGE_SNAP_BY_ORDINAL64(name->u1.Ordinal)) {
-        continue;
-      }
-      const auto* import =
-          reinterpret_cast<const IMAGE_IMPORT_BY_NAME*>(base + name->u1.AddressOfData);
-      const std::string_view imported(reinterpret_cast<const char*>(import->Name));
-      if (void* counting = CountingFunction(imported)) {
-        Replace(slot->u1.Function, counting);
-        setsHooks = true;
+bool WatchHooksAndTimers(HMODULE module) {
+  bool watches = false;
+  ForEachImport(module, [&](std::string_view name, ULONGLONG& slot) {
+    for (const Counting& counting : kCounting) {
+      if (name == counting.name) {
+        ReplaceImport(slot, counting.function);
+        watches = true;
       }
     }
-  }
-  return setsHooks;
+  });
+  return watches;
 }
 
 bool RunsUnderWine() {

@@ -22,8 +22,9 @@ struct LeakCounters {
   std::size_t windows = 0;
   std::size_t menus = 0;
   std::size_t icons = 0;
-  /// Hooks set and not removed by the modules given to WatchHooks.
+  /// Hooks and timers that the modules given to WatchHooksAndTimers have set and not ended.
   std::size_t hooks = 0;
+  std::size_t timers = 0;
   /// Blocks in use on the heap of the C run-time.
   std::size_t heapBlocks = 0;
 
@@ -36,9 +37,10 @@ std::ostream& operator<<(std::ostream& out, const LeakCounters& counters);
 /// menus and icons, which are 0 then.
 LeakCounters CountResources();
 
-/// From now on counts the hooks that `module` sets and removes (calls bound by its import table).
-/// Call it once for a module. False if the module imports no function that sets hooks.
-bool WatchHooks(HMODULE module);
+/// From now on counts the hooks and timers that `module` sets and ends (calls bound by its import
+/// table). Call it once for a module, on the thread that shows its dialogs. False if the module imports
+/// no function that sets either.
+bool WatchHooksAndTimers(HMODULE module);
 
 /// Whether the process runs under Wine.
 bool RunsUnderWine();

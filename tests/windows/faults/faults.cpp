@@ -1,5 +1,6 @@
 #include "faults/faults.h"
 
+#include "driver/import_table.h"
 #include "driver/platform.h"
 
 #include <commctrl.h>
@@ -128,50 +129,19 @@ const auto& AllFaulty() {
 
 constexpr std::array kProduct{"Quorvel.dll", "KivFcl64.dll", "KivData64.dll", "Frame64.dll"};
 
-void Replace(ULONGLONG& slot, void* function) {
-  DWORD protection = 0;
-  VirtualProtect(&slot, sizeof slot, PAGE_READWRITE, &protection);
-  slot = reinterpret_cast<ULONGLONG>(function);
-  VirtualProtect(&slot, sizeof slot, protection, &protection);
-}
-
-/// Calls `visit` with the name and the slot of each function that a module imports by name.
-template <class Visit>
-void ForEachImport(const char* moduleName, Visit visit) {
-  auto* const base = reinterpret_cast<std::byte*>(GetModuleHandleA(moduleName));
-  if (base == nullptr) {
+void Watch(const char* moduleName, bool isProduct) {
+  const HMODULE module = GetModuleHandleA(moduleName);
+  if (module == nullptr) {
     throw std::runtime_error(std::string(moduleName) + " is not there");
   }
-  const auto* const dosHeader = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
-  const auto* const headers =
-      reinterpret_cast<const IMAGE_NT_HEADERS64*>(base + dosHeader->e_lfanew);
-  const IMAGE_DATA_DIRECTORY& imports =
-      headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-  const auto* descriptor =
-      reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + imports.VirtualAddress);
-  for (; descriptor->Name != 0; ++descriptor) {
-    const auto* name =
-        reinterpret_cast<const IMAGE_THUNK_DATA64*>(base + descriptor->OriginalFirstThunk);
-    auto* slot = reinterpret_cast<IMAGE_THUNK_DATA64*>(base + descriptor->FirstThunk);
-    for (; name->u1.AddressOfData != 0; ++name, ++slot) {
-      if (!IMAGE_SNAP_BY_ORDINAL64(name->u1.Ordinal)) {
-        const auto* const import =
-            reinterpret_cast<const IMAGE_IMPORT_BY_NAME*>(base + name->u1.AddressOfData);
-        visit(std::string_view(reinterpret_cast<const char*>(import->Name)), slot->u1.Function);
-      }
-    }
-  }
-}
-
-void Watch(const char* module, bool isProduct) {
-  ForEachImport(module, [&](std::string_view name, ULONGLONG& slot) {
+  driver::ForEachImport(module, [&](std::string_view name, ULONGLONG& slot) {
     for (const Faulty& faulty : AllFaulty()) {
       const bool isWatched =
-          faulty.module == nullptr ? isProduct : std::string_view(faulty.module) == module;
+          faulty.module == nullptr ? isProduct : std::string_view(faulty.module) == moduleName;
       if (isWatched && name == faulty.name &&
           slot != reinterpret_cast<ULONGLONG>(faulty.standIn)) {
         faulty.keepOriginal(reinterpret_cast<void*>(slot));
-        Replace(slot, faulty.standIn);
+        driver::ReplaceImport(slot, faulty.standIn);
       }
     }
   });

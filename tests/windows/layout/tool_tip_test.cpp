@@ -49,7 +49,7 @@ void WaitUntil(const std::string& what, const std::function<bool()>& holds) {
 }
 
 std::size_t Hooks() {
-  static const bool watched = driver::WatchHooks(::GetModuleHandleW(nullptr));
+  static const bool watched = driver::WatchHooksAndTimers(::GetModuleHandleW(nullptr));
   EXPECT_TRUE(watched);
   return driver::CountResources().hooks;
 }

@@ -3,6 +3,7 @@
 #include "driver/dialog_owner.h"
 #include "res/ids.h"
 #include "support/same_page.h"
+#include "support/sound_page.h"
 
 #include <commdlg.h>
 
@@ -12,11 +13,12 @@ namespace quorvel::test {
 
 namespace {
 
+constexpr const char* kKey = "Software\\QuorvelTests\\Entries";
+
 /// An environment of the tests' own, empty when a run of the tests begins.
 CKivSysEnv& TestEnv() {
-  static constexpr const char* kKey = "Software\\QuorvelTests\\Entries";
   static CKivSysEnv env = [] {
-    ::RegDeleteTreeA(HKEY_CURRENT_USER, kKey);
+    ForgetSettings();
     return CKivSysEnv(kKey);
   }();
   return env;
@@ -166,7 +168,7 @@ Outcome RunLayoutEdit(CPoint* position) {
   }
   const bool confirmed = __LayoutEditDlg(&TestEnv(), &page, &insertions, &numbers, kDotsPerMm,
                                          LineMode, position) != FALSE;
-  return {confirmed, IsSamePage(page, before)};
+  return {confirmed, IsSamePage(page, before), FaultOf(page)};
 }
 
 Outcome RunLayoutExEdit(CPoint* position) {
@@ -184,7 +186,7 @@ Outcome RunLayoutExEdit(CPoint* position) {
   }
   const bool confirmed = __LayoutExEditDlg(&TestEnv(), &page, &fields, &insertions, &numbers,
                                            kDotsPerMm, position) != FALSE;
-  return {confirmed, IsSamePage(page, before)};
+  return {confirmed, IsSamePage(page, before), FaultOf(page)};
 }
 
 /// The system's own font dialog with our template and nothing of ours.
@@ -206,6 +208,8 @@ void RunBareFont(HWND owner) {
 }
 
 }  // namespace
+
+void ForgetSettings() { ::RegDeleteTreeA(HKEY_CURRENT_USER, kKey); }
 
 CLayoutExPageData ExtendedPageWithEverything() {
   constexpr BYTE kColumns = 4;

@@ -7,6 +7,7 @@
 #include "driver/product_state.h"
 #include "res/ids.h"
 #include "support/same_page.h"
+#include "support/sound_page.h"
 
 namespace quorvel::test {
 
@@ -62,7 +63,7 @@ Outcome RunListEdit(CPoint* position) {
   CLayoutListEditDlg dialog(nullptr, nullptr, &page, &fields, &insertions, nullptr, kDotsPerMm,
                             kBlock, position, nullptr);
   const bool confirmed = driver::RunWithProductResources(dialog) == IDOK;
-  return {confirmed, IsSamePage(page, before)};
+  return {confirmed, IsSamePage(page, before), FaultOf(page)};
 }
 
 }  // namespace
@@ -71,7 +72,7 @@ std::vector<Entry> LayoutDialogs() {
   return {{"LayoutFrameEdit", IDD_LAYOUT_FRAME, RunFrameEdit, true, nullptr, 0},
           {"LayoutFieldEdit", IDD_LAYOUT_FIELD, RunFieldEdit, true, nullptr, 0},
           {"LayoutCelSizeEdit", IDD_LAYOUT_CEL_SIZE, RunCelSizeEdit, false, nullptr, 0},
-          {"LayoutListEdit", IDD_LAYOUT_LIST, RunListEdit, true, nullptr, 0}};
+          {"LayoutListEdit", IDD_LAYOUT_LIST, RunListEdit, true, nullptr, 0, nullptr, true}};
 }
 
 std::vector<Entry> AllDialogs() {

@@ -39,15 +39,15 @@ std::size_t PrivateBytes() {
   return bytes;
 }
 
-class Soak : public ::testing::TestWithParam<Entry> {};
+class Openings : public ::testing::TestWithParam<Entry> {};
 
-INSTANTIATE_TEST_SUITE_P(Quorvel, Soak, ::testing::ValuesIn(AllEntries()),
+INSTANTIATE_TEST_SUITE_P(Quorvel, Openings, ::testing::ValuesIn(AllEntries()),
                          [](const auto& info) { return info.param.name; });
 
-INSTANTIATE_TEST_SUITE_P(LayoutDialogs, Soak, ::testing::ValuesIn(LayoutDialogs()),
+INSTANTIATE_TEST_SUITE_P(LayoutDialogs, Openings, ::testing::ValuesIn(LayoutDialogs()),
                          [](const auto& info) { return info.param.name; });
 
-TEST_P(Soak, LeavesNothingBehind) {
+TEST_P(Openings, LeaveNothingBehind) {
   DialogOwner owner;
   const auto open = [&](WORD command, int times) {
     for (int i = 0; i < times; ++i) {
@@ -105,7 +105,7 @@ int main(int argc, char** argv) {
   quorvel::driver::InstallCrashGuard();
   ::testing::InitGoogleTest(&argc, argv);
   for (const wchar_t* module : {L"Frame64.dll", L"KivFcl64.dll", L"Quorvel.dll"}) {
-    quorvel::driver::WatchHooks(::GetModuleHandleW(module));
+    quorvel::driver::WatchHooksAndTimers(::GetModuleHandleW(module));
   }
   return RUN_ALL_TESTS();
 }
