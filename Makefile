@@ -50,7 +50,7 @@ endif
 test: native windows run-packages
 	@$(MAKE) --no-print-directory -j3 fuzz
 	@ctest --test-dir $(NATIVE) --output-on-failure
-	@$(MAKE) --no-print-directory -j3 -O openings soak windows-tests language-tests display-tests
+	@$(MAKE) --no-print-directory -j3 -O openings soak faults windows-tests language-tests display-tests
 
 # On displays of their own.
 .PHONY: windows-tests openings openings-0 openings-1
@@ -83,12 +83,14 @@ soak-run: windows run-packages
 	  QUORVEL_SOAK_RECORD=build/soak-record-run.txt \
 	  $(SESSION) wine $(WINDOWS)/bin/soak_tests.exe --gtest_filter='Soak.*'
 
-# Every FAULT_STEP-th call of the platform that a dialog makes fails once.
-FAULT_STEP := 1
-.PHONY: faults
-faults: windows run-packages
+# Every FAULT_STEP-th call of the platform that a dialog makes fails once, in two parts. All of them:
+# `make faults FAULT_STEP=1`.
+FAULT_STEP := 150
+.PHONY: faults faults-0 faults-1
+faults: faults-0 faults-1
+faults-0 faults-1: faults-%: windows run-packages
 	@QUORVEL_WINEPREFIX=$(abspath build)/wine-$@ QUORVEL_GRAPHICS=null QUORVEL_FAULT_STEP=$(FAULT_STEP) \
-	  $(SESSION) wine $(WINDOWS)/bin/fault_tests.exe
+	  GTEST_TOTAL_SHARDS=2 GTEST_SHARD_INDEX=$* $(SESSION) wine $(WINDOWS)/bin/fault_tests.exe
 
 # Every dialog on displays of these scales: 100, 125, 150 and 200 %.
 DPIS := 96 120 144 192
