@@ -111,6 +111,29 @@ std::string TextOf(const PageBlock& block) {
   return text;
 }
 
+/// A field for a number that is read when it is left.
+struct NumberField {
+  HWND window;
+  bool isCount;  ///< of rows or columns, not a length
+};
+
+/// Those into which a user can type now. The list editor has none.
+std::vector<NumberField> NumberFieldsOf(HWND editor) {
+  std::vector<NumberField> fields;
+  const auto add = [&](const auto& ids, bool isCount) {
+    for (const int id : ids) {
+      const HWND field = ::GetDlgItem(editor, id);
+      if (driver::ClassName(field) == L"Edit" && ::IsWindowVisible(field) != FALSE &&
+          ::IsWindowEnabled(field) != FALSE) {
+        fields.push_back({field, isCount});
+      }
+    }
+  };
+  add(kCountFields, true);
+  add(kLengthFields, false);
+  return fields;
+}
+
 void WriteBytes(const std::filesystem::path& file, std::string_view bytes) {
   std::ofstream(file, std::ios::binary) << bytes;
 }
@@ -165,6 +188,8 @@ void EditorUser::Work(HWND dialog) {
     AnswerMessageBox(dialog);
   } else if (::GetDlgItem(dialog, kFileNameField) != nullptr) {
     AnswerFileDialog(dialog);
+  } else if (constexpr int kRarity = 3; driver::VisibleDialogs().size() > 1 && OneIn(kRarity)) {
+    Answer(dialog);  // or a user would hardly ever be back in the editor
   } else {
     RandomUser::Work(dialog);
   }
@@ -178,6 +203,12 @@ void EditorUser::Close(HWND dialog) {
   } else {
     RandomUser::Close(dialog);
   }
+}
+
+void EditorUser::Answer(HWND dialog) {
+  const int answer = OneOf(std::array{IDOK, IDCANCEL});
+  Record("answer", dialog, answer);
+  ::PostMessageW(dialog, WM_COMMAND, static_cast<WPARAM>(answer), 0);
 }
 
 void EditorUser::AnswerMenu(HWND dialog) {
@@ -335,21 +366,19 @@ void EditorUser::Insert(HWND editor) {
 }
 
 void EditorUser::LeaveNumber(HWND editor) {
-  const bool isCount = OneIn(2);
-  const int id = isCount ? OneOf(kCountFields) : OneOf(kLengthFields);
-  const HWND field = ::GetDlgItem(editor, id);
-  if (field == nullptr || driver::ClassName(field) != L"Edit" ||
-      ::IsWindowVisible(field) == FALSE || ::IsWindowEnabled(field) == FALSE) {
-    return;  // nobody can type there
+  const std::vector<NumberField> fields = NumberFieldsOf(editor);
+  if (fields.empty()) {
+    return;
   }
+  const NumberField number = OneOf(fields);
   constexpr int kRarity = 16;  // a message box takes its time
-  const std::wstring text = OneIn(kRarity) ? OneOf(kRefused)
-                            : isCount      ? OneOf(kCounts)
-                                           : OneOf(kLengths);
-  Record("number", field, static_cast<int>(text.size()), text.empty() ? 0 : text.front());
-  ::SetWindowTextW(field, text.c_str());
-  ::SendMessageW(editor, WM_COMMAND, MAKEWPARAM(id, EN_KILLFOCUS),
-                 reinterpret_cast<LPARAM>(field));
+  const std::wstring text = OneIn(kRarity)    ? OneOf(kRefused)
+                            : number.isCount ? OneOf(kCounts)
+                                             : OneOf(kLengths);
+  Record("number", number.window, static_cast<int>(text.size()), text.empty() ? 0 : text.front());
+  ::SetWindowTextW(number.window, text.c_str());
+  ::SendMessageW(editor, WM_COMMAND, MAKEWPARAM(::GetDlgCtrlID(number.window), EN_KILLFOCUS),
+                 reinterpret_cast<LPARAM>(number.window));
 }
 
 void EditorUser::SendKey(HWND editor) {

@@ -49,6 +49,7 @@ protected:
   std::string StateOf(HWND dialog) override;
 
 private:
+  void Answer(HWND dialog);
   void AnswerMenu(HWND dialog);
   void AnswerMessageBox(HWND box);
   void AnswerFileDialog(HWND dialog);
