@@ -50,7 +50,8 @@ endif
 test: native windows run-packages
 	@$(MAKE) --no-print-directory -j3 fuzz
 	@ctest --test-dir $(NATIVE) --output-on-failure
-	@$(MAKE) --no-print-directory -j3 -O openings soak faults windows-tests language-tests display-tests
+	@$(MAKE) --no-print-directory -j3 -O openings lint-product soak faults windows-tests language-tests \
+	  display-tests
 
 # On displays of their own.
 .PHONY: windows-tests openings openings-0 openings-1
@@ -158,13 +159,18 @@ coverage: build-packages | build
 	  --filter common/kivcomm/ --exclude-throw-branches --fail-under-line 97 \
 	  --fail-under-branch 90 --print-summary --txt build/coverage-data.txt
 
-# With all of the compiler's warnings, which precompiled headers cost some of.
-lint: build-packages | build
-	@tools/install-packages clang-tidy
+# The static checks: of everything, built with all of the compiler's warnings, which precompiled headers
+# cost some of; and of the product alone, a third of the work, in `make test`.
+.PHONY: lint-packages lint-product
+lint-packages: build-packages | build
+	@tools/install-packages clang-tidy cppcheck
 	@$(CMAKE) -S . -B $(LINT) -DCMAKE_TOOLCHAIN_FILE=cmake/mingw-w64.cmake \
 	  -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON >$(LINT).log || { cat $(LINT).log; exit 1; }
+lint: lint-packages
 	@cmake --build $(LINT)
 	@tools/lint $(LINT)
+lint-product: lint-packages
+	@tools/lint $(LINT) common dialogs app
 
 # The pictures of the documents, taken anew from the dialogs as they are, at 100 % and at 200 %.
 pictures: configure-windows run-packages

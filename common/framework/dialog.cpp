@@ -259,8 +259,8 @@ INT_PTR CALLBACK CDialog::StaticDialogProc(HWND window, UINT message, WPARAM /*w
   if (message != WM_INITDIALOG) {
     return FALSE;
   }
-  auto& creation = *reinterpret_cast<Creation*>(lParam);
   try {
+    auto& creation = *reinterpret_cast<Creation*>(lParam);
     creation.dialog.SubclassWindow(window);
     creation.succeeded = creation.dialogTemplate.CreateControls(window);
     if (creation.succeeded) {

@@ -145,10 +145,10 @@ constexpr std::size_t kMostTimers = 64;
 std::array<Timer, kMostTimers> g_timers;  // of the thread that shows dialogs
 
 Timer* FindTimer(HWND window, UINT_PTR id) {
-  const auto found = std::ranges::find_if(g_timers, [&](const Timer& timer) {
+  auto* const found = std::ranges::find_if(g_timers, [&](const Timer& timer) {
     return timer.Runs() && timer.window == window && timer.id == id;
   });
-  return found != g_timers.end() ? &*found : nullptr;
+  return found != g_timers.end() ? found : nullptr;
 }
 
 UINT_PTR WINAPI CountingSetTimer(HWND window, UINT_PTR id, UINT interval, TIMERPROC procedure) {
@@ -156,7 +156,7 @@ UINT_PTR WINAPI CountingSetTimer(HWND window, UINT_PTR id, UINT interval, TIMERP
   const UINT_PTR made = setTimer(window, id, interval, procedure);
   const UINT_PTR kept = window != nullptr ? id : made;
   if (made != 0 && FindTimer(window, kept) == nullptr) {
-    const auto freePlace =
+    auto* const freePlace =
         std::ranges::find_if(g_timers, [](const Timer& timer) { return !timer.Runs(); });
     if (freePlace != g_timers.end()) {
       *freePlace = {window, kept};
