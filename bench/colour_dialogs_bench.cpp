@@ -183,9 +183,10 @@ Row PickerDrag(int runs) {
   script.When(Painted(DialogWithControl(IDC_PICKER_FIELD)), [&](HWND picker) {
     const CRect field(driver::ClientRectOf(Control(picker, IDC_PICKER_FIELD)));
     BarePicker bare(picker, {GetRValue(kColor), GetGValue(kColor), GetBValue(kColor)});
-    seconds = DragMedians(picker, bare, field.TopLeft(), field.Size(), runs, [&](const CPoint& point) {
+    const auto prepare = [&](const CPoint& point) {
       bare.Prepare({point.x - field.left, point.y - field.top}, field.Size());
-    });
+    };
+    seconds = DragMedians(picker, bare, field.TopLeft(), field.Size(), runs, prepare);
     RequireSamePicker(picker, bare.Window());
     driver::PressKey(picker, VK_ESCAPE);
   });

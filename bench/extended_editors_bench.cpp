@@ -168,8 +168,8 @@ std::vector<Row> Opening(int runs) {
     }
   });
   BareEditor bare(IDD_LAYOUT_EX, {kExtendedCelBar, kExtendedFileBar});
-  return CompareOpening("__LayoutExEditDlg", kTemplateWithBars, kMostTimesBareTemplate, runs, OpenExtendedEditor,
-                        [&bare](HWND owner) { bare.Run(owner); },
+  return CompareOpening("__LayoutExEditDlg", kTemplateWithBars, kMostTimesBareTemplate, runs,
+                        OpenExtendedEditor, [&bare](HWND owner) { bare.Run(owner); },
                         kMillisecondsInSecond * Median(repaints));
 }
 

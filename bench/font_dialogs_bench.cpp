@@ -145,8 +145,8 @@ Row Keys(int runs) {
 }  // namespace
 
 std::vector<Row> FontDialogs(int runs) {
-  std::vector<Row> rows = CompareOpening("__SelFontDlg", "ChooseFont", kMostTimesOpening, runs, OpenFont,
-                                         [](HWND owner) { OpenPlatforms(owner); });
+  std::vector<Row> rows = CompareOpening("__SelFontDlg", "ChooseFont", kMostTimesOpening, runs,
+                                         OpenFont, [](HWND owner) { OpenPlatforms(owner); });
   // It has almost twice the controls of the platform's own dialog: what making them costs is the
   // platform's.
   const std::vector<Row> extended =

@@ -79,8 +79,8 @@ std::vector<Row> Opening(int runs) {
   });
   BareEditor bare(IDD_LAYOUT, {{IDB_CELL_TOOLS, kGridCelTools, kCelBar},
                                {IDB_FILE_TOOLS, kFileTools, kFileBar}});
-  return CompareOpening("__LayoutEditDlg", kTemplateWithBars, kMostTimesBareTemplate, runs, OpenEditor,
-                        [&bare](HWND owner) { bare.Run(owner); },
+  return CompareOpening("__LayoutEditDlg", kTemplateWithBars, kMostTimesBareTemplate, runs,
+                        OpenEditor, [&bare](HWND owner) { bare.Run(owner); },
                         kMillisecondsInSecond * Median(repaints));
 }
 

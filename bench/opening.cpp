@@ -66,7 +66,8 @@ std::vector<Row> CompareOpening(const std::string& name, const std::string& agai
                      Median(theirs.openToPaint) / kMillisecondsInSecond};
   const Pair closing{Median(ours.confirmToReturn), Median(theirs.confirmToReturn)};
   return {TimesAsLong(name + ", open to first full paint", against, opening, mostTimesBare, runs),
-          LongerBy(name + ", confirm to return", against, closing, kMostMillisecondsOverBare, runs)};
+          LongerBy(name + ", confirm to return", against, closing, kMostMillisecondsOverBare,
+                   runs)};
 }
 
 std::vector<Row> CompareOpening(const std::string& name, UINT templateId, int runs,

@@ -8,7 +8,8 @@
 // run modally and destroyed within the measured time, and accepted as soon as it has been painted
 // whole: when its window is exposed, it has been painted, and the event loop is about to wait because
 // nothing is left to do. Answers with the milliseconds from the call to that, and from the answer to
-// the return. With --look each dialog must show something on the screen. Status 2 for a name that it does not know and for a dialog that shows nothing.
+// the return. With --look each dialog must show something on the screen. Status 2 for a name that it
+// does not know and for a dialog that shows nothing.
 #include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QColorDialog>
