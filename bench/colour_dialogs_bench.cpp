@@ -7,6 +7,7 @@
 #include "bench/opening.h"
 #include "bench/timing.h"
 #include "driver/controls.h"
+#include "driver/dialog_owner.h"
 #include "driver/modal_script.h"
 #include "driver/picture.h"
 #include "res/ids.h"
@@ -45,6 +46,13 @@ void RunPlatformDialog(HWND owner) {
   ::ChooseColorW(&chosen);
 }
 
+/// In the look that it has in a program whose manifest asks for version 6 of the controls, as ours
+/// always has.
+void RunPlatformDialogInOurLook(HWND owner) {
+  const driver::ModuleContext context(::GetModuleHandleW(L"Quorvel.dll"));
+  context.Run([owner] { RunPlatformDialog(owner); });
+}
+
 void OpenGrid() {
   COLORREF color = kColor;
   __SelColorDlg(nullptr, &color, nullptr);
@@ -71,10 +79,10 @@ struct Opening {
   double mostTimesPlatform;
 };
 
-constexpr std::array kOpenings{Opening{"__SelColorDlg/ChooseColor", OpenGrid, 1.0},
-                               Opening{"__SelColorDlgEx/ChooseColor", OpenTabs, 1.3},
-                               Opening{"__EditColorDlg/ChooseColor", OpenEditor, 1.3},
-                               Opening{"__SelRGBDlg/ChooseColor", OpenPicker, 1.0}};
+constexpr std::array kOpenings{Opening{"__SelColorDlg", OpenGrid, 1.0},
+                               Opening{"__SelColorDlgEx", OpenTabs, 1.3},
+                               Opening{"__EditColorDlg", OpenEditor, 1.3},
+                               Opening{"__SelRGBDlg", OpenPicker, 1.0}};
 
 /// Dialogs whose template has all of their controls: what the platform needs for it is a floor.
 struct Floor {
@@ -120,9 +128,9 @@ double TimeOfMove(HWND window, const CPoint& point) {
 }
 
 /// Drags in `window`'s field, whose corner is at `corner`; the bare window makes the same step after
-/// each one. The ratio of the medians.
+/// each one. The medians.
 template <class BareWindow>
-double DragRatio(HWND window, BareWindow& bare, const CPoint& corner, const CSize& field, int runs,
+Pair DragMedians(HWND window, BareWindow& bare, const CPoint& corner, const CSize& field, int runs,
                  const std::function<void(const CPoint& point)>& prepare) {
   std::vector<double> ours;
   std::vector<double> theirs;
@@ -140,7 +148,7 @@ double DragRatio(HWND window, BareWindow& bare, const CPoint& corner, const CSiz
   }
   const CPoint last = PlaceOfStep(kWarmUps + runs, field);
   ::SendMessageW(window, WM_LBUTTONUP, 0, MAKELPARAM(corner.x + last.x, corner.y + last.y));
-  return Median(ours) / Median(theirs);
+  return {Median(ours), Median(theirs)};
 }
 
 /// The comparison is worth nothing unless both show the same.
@@ -170,19 +178,20 @@ void RunScripted(ModalScript& script, void (*open)()) {
 }
 
 Row PickerDrag(int runs) {
-  double ratio = 0.0;
+  Pair seconds;
   ModalScript script;
   script.When(Painted(DialogWithControl(IDC_PICKER_FIELD)), [&](HWND picker) {
     const CRect field(driver::ClientRectOf(Control(picker, IDC_PICKER_FIELD)));
     BarePicker bare(picker, {GetRValue(kColor), GetGValue(kColor), GetBValue(kColor)});
-    ratio = DragRatio(picker, bare, field.TopLeft(), field.Size(), runs, [&](const CPoint& point) {
+    const auto prepare = [&](const CPoint& point) {
       bare.Prepare({point.x - field.left, point.y - field.top}, field.Size());
-    });
+    };
+    seconds = DragMedians(picker, bare, field.TopLeft(), field.Size(), runs, prepare);
     RequireSamePicker(picker, bare.Window());
     driver::PressKey(picker, VK_ESCAPE);
   });
   RunScripted(script, OpenPicker);
-  return {"picker, drag step in the field", "times bare", ratio, 1.5, runs};
+  return TimesAsLong("picker, drag step in the field", "bare windows", seconds, 1.5, runs);
 }
 
 void RequireSamePage(HWND page, const BareSelectPage& bare) {
@@ -202,7 +211,7 @@ void RequireSamePage(HWND page, const BareSelectPage& bare) {
 
 Row SelectPageDrag(int runs) {
   constexpr int kSelectTab = 2;
-  double ratio = 0.0;
+  Pair seconds;
   ModalScript script;
   script.When(Painted(DialogWithControl(IDC_COLOUR_TABS)), [](HWND dialog) {
     ::SendMessageW(Control(dialog, IDC_COLOUR_TABS), TCM_SETCURFOCUS, kSelectTab, 0);
@@ -212,13 +221,14 @@ Row SelectPageDrag(int runs) {
     // The picture's last line and column are the field's edge.
     const CRect field(driver::ClientRectOf(Control(page, IDC_COLOUR_FIELD)));
     BareSelectPage bare({225, 204, 255});  // as the dialog takes its colour
-    ratio = DragRatio(page, bare, field.TopLeft(), field.Size(), runs,
+    seconds = DragMedians(page, bare, field.TopLeft(), field.Size(), runs,
                       [&](const CPoint& point) { bare.Prepare(point); });
     RequireSamePage(page, bare);
     driver::PressKey(dialog, VK_ESCAPE);
   });
   RunScripted(script, OpenTabs);
-  return {"selected-colour page, drag step in the field", "times bare", ratio, 1.5, runs};
+  return TimesAsLong("selected-colour page, drag step in the field", "bare windows", seconds, 1.5,
+                     runs);
 }
 
 constexpr CSize kPicture{187, 106};
@@ -254,7 +264,7 @@ double TimeOfFills(Fill fill) {
 Row PictureRebuild(int runs) {
   PictureBytes bytes(kPictureLine * kPicture.cy);
   return Compare(
-      "selected-colour page, picture of a brightness", "times plain", 2.0, runs,
+      "selected-colour page, picture of a brightness", "plain writes", 2.0, runs,
       [&] {
         return TimeOfFills([&](int time) {
           FillHueSaturationPicture(kPicture, 5 * time, [&](int y) {
@@ -272,8 +282,10 @@ Row PictureRebuild(int runs) {
 std::vector<Row> ColourDialogs(int runs) {
   std::vector<Row> rows;
   for (const Opening& opening : kOpenings) {
-    Append(rows, CompareOpening(opening.name, opening.mostTimesPlatform, runs, opening.open,
-                                RunPlatformDialog));
+    Append(rows, CompareOpening(opening.name, "ChooseColor", opening.mostTimesPlatform, runs,
+                                opening.open, RunPlatformDialog));
+    Append(rows, CompareOpening(opening.name, "ChooseColor in our look", opening.mostTimesPlatform,
+                                runs, opening.open, RunPlatformDialogInOurLook));
   }
   for (const Floor& floor : kFloors) {
     Append(rows, CompareOpening(floor.name, floor.templateId, runs, floor.open));

@@ -68,7 +68,7 @@ double TimeOfRepaint(HWND window, const CRect* area) {
   return TimeOf(window, [&] { ::InvalidateRect(window, area, FALSE); });
 }
 
-double RatioOfSteps(int runs, const std::function<double(int step)>& ours,
+Pair MediansOfSteps(int runs, const std::function<double(int step)>& ours,
                     const std::function<double(int step)>& bare) {
   std::vector<double> oursTook;
   std::vector<double> bareTook;
@@ -80,10 +80,10 @@ double RatioOfSteps(int runs, const std::function<double(int step)>& ours,
       bareTook.push_back(other);
     }
   }
-  return Median(oursTook) / Median(bareTook);
+  return {Median(oursTook), Median(bareTook)};
 }
 
-double RatioOfDragSteps(int runs, const EditorPicture& picture, BarePageView& bare,
+Pair MediansOfDragSteps(int runs, const EditorPicture& picture, BarePageView& bare,
                         const CRect& celAbove, const std::wstring& readOut) {
   constexpr int kReach = 3;  // of the guide line, pixels
   const CPoint border(CentreOf(celAbove).x, celAbove.bottom);
@@ -92,7 +92,7 @@ double RatioOfDragSteps(int runs, const EditorPicture& picture, BarePageView& ba
   };
   picture.Mouse(WM_LBUTTONDOWN, border);
   bare.TakeGuide(border.y);
-  const double ratio = RatioOfSteps(
+  const Pair seconds = MediansOfSteps(
       runs,
       [&](int step) {
         return TimeOf(picture.Window(), [&] { picture.Mouse(WM_MOUSEMOVE, pointOf(step)); });
@@ -106,7 +106,7 @@ double RatioOfDragSteps(int runs, const EditorPicture& picture, BarePageView& ba
   // Out of the picture: nothing is dragged.
   constexpr CPoint kOutside{-1, -1};
   picture.Mouse(WM_LBUTTONUP, kOutside);
-  return ratio;
+  return seconds;
 }
 
 BareEditor::BareEditor(UINT templateId, std::vector<BareBar> bars)

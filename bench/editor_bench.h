@@ -3,11 +3,12 @@
 //
 //   InEditor(IDC_LAYOUT_IMAGE, OpenEditor, [&](HWND dialog) {
 //     const EditorPicture picture(dialog, IDC_LAYOUT_IMAGE);
-//     ratio = RatioOfSteps(runs, ours, bare);
+//     seconds = MediansOfSteps(runs, ours, bare);
 //   });
 #pragma once
 
 #include "bench/bare_page_view.h"
+#include "bench/report.h"
 #include "driver/dialog_owner.h"
 #include "framework/geometry.h"
 #include "kivfcl/kiv_tool_ctrl.h"
@@ -27,6 +28,9 @@ namespace quorvel::bench {
 
 inline constexpr double kDotsPerMm = 11.811;
 inline constexpr double kMillisecondsInSecond = 1000.0;
+
+/// What the openings of the editors are compared with.
+inline constexpr const char* kTemplateWithBars = "its template with tool bars";
 
 /// What an opening may cost against the bare template, and a step of a drag against bare calls.
 inline constexpr double kMostTimesBareTemplate = 1.5;
@@ -65,14 +69,13 @@ CPoint CentreOf(const CRect& rect);
 double TimeOf(HWND window, const std::function<void()>& act);
 double TimeOfRepaint(HWND window, const CRect* area = nullptr);
 
-/// `ours` and `bare`, each of which gives seconds for a step, in turn after a warm-up; the ratio of
-/// the medians.
-double RatioOfSteps(int runs, const std::function<double(int step)>& ours,
+/// `ours` and `bare`, each of which gives seconds for a step, in turn after a warm-up; the medians.
+Pair MediansOfSteps(int runs, const std::function<double(int step)>& ours,
                     const std::function<double(int step)>& bare);
 
 /// The same for the steps of a drag of the border below a cell, which drags nothing in the end. Both
 /// pictures must look alike.
-double RatioOfDragSteps(int runs, const EditorPicture& picture, BarePageView& bare,
+Pair MediansOfDragSteps(int runs, const EditorPicture& picture, BarePageView& bare,
                         const CRect& celAbove, const std::wstring& readOut);
 
 inline constexpr std::array kFileTools{TOOLITEM{IDM_OPEN_LAYOUT, 0, FALSE},

@@ -168,48 +168,48 @@ std::vector<Row> Opening(int runs) {
     }
   });
   BareEditor bare(IDD_LAYOUT_EX, {kExtendedCelBar, kExtendedFileBar});
-  return CompareOpening("__LayoutExEditDlg", kMostTimesBareTemplate, runs, OpenExtendedEditor,
-                        [&bare](HWND owner) { bare.Run(owner); },
+  return CompareOpening("__LayoutExEditDlg", kTemplateWithBars, kMostTimesBareTemplate, runs,
+                        OpenExtendedEditor, [&bare](HWND owner) { bare.Run(owner); },
                         kMillisecondsInSecond * Median(repaints));
 }
 
 Row Repaint(int runs) {
-  double ratio = 0.0;
+  Pair seconds;
   InExtendedEditor([&](HWND dialog) {
     const BareBlocks blocks(dialog);
-    ratio = RatioOfSteps(
+    seconds = MediansOfSteps(
         runs, [&](int /*step*/) { return blocks.TimeOfOurRepaint(); },
         [&](int /*step*/) { return blocks.TimeOfBareRepaint(); });
     blocks.RequireSamePictures();
   });
-  return {"extended editor, repaint of 3 x 5 x 20 cells", "times bare", ratio,
-          kMostTimesBareRepaint, runs};
+  return TimesAsLong("extended editor, repaint of 3 x 5 x 20 cells", "a bare window", seconds,
+                     kMostTimesBareRepaint, runs);
 }
 
 Row BorderDragStep(int runs) {
-  double ratio = 0.0;
+  Pair seconds;
   InExtendedEditor([&](HWND dialog) {
     const BareBlocks blocks(dialog);
-    ratio = RatioOfDragSteps(runs, blocks.ListPicture(), blocks.ListView(),
+    seconds = MediansOfDragSteps(runs, blocks.ListPicture(), blocks.ListView(),
                              blocks.ListView().RectOf(kMiddleCel), L"10.0mm / 6.0mm");
   });
-  return {"extended editor, step of a border's drag", "times bare", ratio, kMostTimesBareStep,
-          runs};
+  return TimesAsLong("extended editor, step of a border's drag", "a bare window", seconds,
+                     kMostTimesBareStep, runs);
 }
 
 Row ListRepaint(int runs) {
-  double ratio = 0.0;
+  Pair seconds;
   InListEditor([&](HWND dialog) {
     const EditorPicture picture(dialog, IDC_BLOCK_IMAGE);
     const BareList bare(picture);
-    ratio = RatioOfSteps(
+    seconds = MediansOfSteps(
         runs, [&](int /*step*/) { return TimeOfRepaint(picture.Window()); },
         [&](int /*step*/) { return TimeOfRepaint(bare.Window()); });
     Require(ReadPixels(picture.Window()) == ReadPixels(bare.Window()),
             "the bare window paints another block");
   });
-  return {"list editor, repaint of 5 x 20 cells", "times bare", ratio, kMostTimesBareRepaint,
-          runs};
+  return TimesAsLong("list editor, repaint of 5 x 20 cells", "a bare window", seconds,
+                     kMostTimesBareRepaint, runs);
 }
 
 /// From the double click on the list block of an open extended editor. The row of the return is
@@ -233,7 +233,7 @@ Row ListOpening(int runs) {
     };
     BareEditor bare(IDD_LAYOUT_LIST, {kListCelBar});
     rows = CompareOpening(
-        "CLayoutListEditDlg", kMostTimesBareTemplate, runs,
+        "CLayoutListEditDlg", kTemplateWithBars, kMostTimesBareTemplate, runs,
         [&] {
           picture.Mouse(WM_LBUTTONDBLCLK, centre);
           paintAll();

@@ -79,24 +79,24 @@ std::vector<Row> Opening(int runs) {
   });
   BareEditor bare(IDD_LAYOUT, {{IDB_CELL_TOOLS, kGridCelTools, kCelBar},
                                {IDB_FILE_TOOLS, kFileTools, kFileBar}});
-  return CompareOpening("__LayoutEditDlg", kMostTimesBareTemplate, runs, OpenEditor,
-                        [&bare](HWND owner) { bare.Run(owner); },
+  return CompareOpening("__LayoutEditDlg", kTemplateWithBars, kMostTimesBareTemplate, runs,
+                        OpenEditor, [&bare](HWND owner) { bare.Run(owner); },
                         kMillisecondsInSecond * Median(repaints));
 }
 
 Row Repaint(int runs) {
-  double ratio = 0.0;
+  Pair seconds;
   InGridEditor([&](HWND dialog) {
     const EditorPicture picture(dialog, IDC_LAYOUT_IMAGE);
     BareGrid bare(picture);
-    ratio = RatioOfSteps(
+    seconds = MediansOfSteps(
         runs, [&](int /*step*/) { return TimeOfRepaint(picture.Window()); },
         [&](int /*step*/) { return TimeOfRepaint(bare->Window()); });
     Require(ReadPixels(picture.Window()) == ReadPixels(bare->Window()),
             "the bare window paints another page");
   });
-  return {"layout editor, repaint of 20 x 20 cells", "times bare", ratio,
-          kMostTimesBareRepaint, runs};
+  return TimesAsLong("layout editor, repaint of 20 x 20 cells", "a bare window", seconds,
+                     kMostTimesBareRepaint, runs);
 }
 
 constexpr int kMiddleCel = kLines / 2 * kLines + kLines / 2;
@@ -105,13 +105,13 @@ Row CelCommand(int runs) {
   constexpr double kMost = 2.0;
   constexpr std::array kPlaces{UINT{DT_VCENTER}, UINT{DT_TOP}};
   constexpr std::array kCommands{IDM_ALIGN_MIDDLE, IDM_ALIGN_TOP};
-  double ratio = 0.0;
+  Pair seconds;
   InGridEditor([&](HWND dialog) {
     const EditorPicture picture(dialog, IDC_LAYOUT_IMAGE);
     BareGrid bare(picture);
     picture.Click(CentreOf(bare->RectOf(kMiddleCel)));
     ::UpdateWindow(picture.Window());
-    ratio = RatioOfSteps(
+    seconds = MediansOfSteps(
         runs,
         [&](int step) {
           const int command = kCommands[static_cast<std::size_t>(step % 2)];
@@ -127,17 +127,19 @@ Row CelCommand(int runs) {
     Require(ReadPixels(picture.Window()) == ReadPixels(bare->Window()),
             "the bare window paints another cell");
   });
-  return {"layout editor, command on one cell", "times bare", ratio, kMost, runs};
+  return TimesAsLong("layout editor, command on one cell", "a bare window", seconds,
+                     kMost, runs);
 }
 
 Row BorderDragStep(int runs) {
-  double ratio = 0.0;
+  Pair seconds;
   InGridEditor([&](HWND dialog) {
     const EditorPicture picture(dialog, IDC_LAYOUT_IMAGE);
     BareGrid bare(picture);
-    ratio = RatioOfDragSteps(runs, picture, *bare, bare->RectOf(kMiddleCel), L"10mm / 6mm");
+    seconds = MediansOfDragSteps(runs, picture, *bare, bare->RectOf(kMiddleCel), L"10mm / 6mm");
   });
-  return {"layout editor, step of a border's drag", "times bare", ratio, kMostTimesBareStep, runs};
+  return TimesAsLong("layout editor, step of a border's drag", "a bare window", seconds,
+                     kMostTimesBareStep, runs);
 }
 
 /// Whether a line of a selected cell crosses x between two heights.
@@ -183,10 +185,10 @@ std::vector<Row> SelectAll(int runs) {
   for (const std::vector<double>& step : moves) {
     slowestMove = std::max(slowestMove, Median(step));
   }
-  return {{"layout editor, step of a drag over all cells", "ms",
-           kMillisecondsInSecond * slowestMove, kFrame, drags},
-          {"layout editor, selection of all cells", "ms",
-           kMillisecondsInSecond * Median(releases), kFrame, drags}};
+  return {Alone("layout editor, step of a drag over all cells", "ms",
+                kMillisecondsInSecond * slowestMove, kFrame, drags),
+          Alone("layout editor, selection of all cells", "ms",
+                kMillisecondsInSecond * Median(releases), kFrame, drags)};
 }
 
 }  // namespace

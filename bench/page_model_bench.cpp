@@ -104,14 +104,14 @@ std::vector<Row> Files(int runs) {
   const auto nothing = [] { return 0; };
   std::vector<Row> rows;
   rows.push_back(Compare(
-      "load 255 x 255 cells", "times reading", 4.0, runs,
+      "load 255 x 255 cells", "reading the bytes", 4.0, runs,
       [&] {
         return TimeOf([] { return CLayoutPageData(); },
                        [&](CLayoutPageData& fresh) { Require(fresh.OpenFileW(saved.c_str())); });
       },
       [&] { return TimeOf(nothing, [&](int) { ReadPlainly(saved); }); }));
   rows.push_back(Compare(
-      "save 255 x 255 cells", "times writing", 4.0, runs,
+      "save 255 x 255 cells", "writing the bytes", 4.0, runs,
       [&] { return TimeOf(nothing, [&](int) { Require(page.SaveFileW(saved.c_str())); }); },
       [&] { return TimeOf(nothing, [&](int) { WritePlainly(plain, bytes.get(), size); }); }));
   std::filesystem::remove(saved);
@@ -150,7 +150,7 @@ std::vector<Row> Rectangles(int runs) {
   // A table of all positions, and from it the rectangle of each cell, as a page is laid out and
   // painted; bare, both tables are filled by loops.
   return {Compare(
-      "InitCelRect and GetCelRect of 255 x 255 cells", "times bare", 4.0, runs,
+      "InitCelRect and GetCelRect of 255 x 255 cells", "bare loops", 4.0, runs,
       [&] {
         return TimeOf(nothing, [&](int) {
           page.InitCelRect(&area, table.data());
@@ -208,7 +208,7 @@ std::vector<Row> Changes(int runs) {
   rows.reserve(changes.size());
   for (const Change& change : changes) {
     rows.push_back(Compare(
-        std::string(change.name) + ", 4 times the cells", "times as long", kLimit, runs,
+        std::string(change.name) + ", 4 times the cells", "a quarter of the cells", kLimit, runs,
         [&] { return TimeOf([&] { return change.prepare(kLarge); }, change.apply); },
         [&] { return TimeOf([&] { return change.prepare(kSmall); }, change.apply); }));
   }
@@ -235,7 +235,7 @@ Row Memory() {
   CLayoutPageData page;
   page.DividePage(kLines, kLines, 0);
   const double bytes = static_cast<double>(HeapBytes() - before) / kCells;
-  return {"memory of a page of 255 x 255 cells", "bytes a cell", bytes, kMostBytes, 1};
+  return Alone("memory of a page of 255 x 255 cells", "bytes a cell", bytes, kMostBytes, 1);
 }
 
 }  // namespace

@@ -7,7 +7,8 @@
 namespace quorvel::bench {
 
 std::vector<Row> ProductSize() {
-  constexpr double kMostBytes = 1.5e6;
+  constexpr double kMostMegabytes = 1.5;
+  constexpr double kBytesInMegabyte = 1e6;
   std::array<wchar_t, MAX_PATH> program{};
   ::GetModuleFileNameW(nullptr, program.data(), static_cast<DWORD>(program.size()));
   const std::filesystem::path folder = std::filesystem::path(program.data()).parent_path();
@@ -16,7 +17,8 @@ std::vector<Row> ProductSize() {
        {"Frame64.dll", "KivComm64.dll", "KivData64.dll", "KivFcl64.dll", "Quorvel.dll"}) {
     bytes += std::filesystem::file_size(folder / name);
   }
-  return {{"our own DLLs together", "of 1.5 MB", static_cast<double>(bytes) / kMostBytes, 1.0, 1}};
+  return {Alone("our own DLLs together", "MB", static_cast<double>(bytes) / kBytesInMegabyte,
+                kMostMegabytes, 1)};
 }
 
 }  // namespace quorvel::bench

@@ -2,11 +2,49 @@
 
 #include "framework/base_types.h"
 
-#include <cstdio>
 #include <fstream>
 #include <stdexcept>
 
 namespace quorvel::bench {
+
+Row TimesAsLong(const std::string& name, const std::string& against, const Pair& seconds,
+                double limit, int runs) {
+  constexpr double kMilliseconds = 1000.0;
+  return {.name = name,
+          .against = against,
+          .unit = "ms",
+          .ours = kMilliseconds * seconds.ours,
+          .theirs = kMilliseconds * seconds.theirs,
+          .figure = seconds.ours / seconds.theirs,
+          .figureUnit = "times",
+          .limit = limit,
+          .runs = runs};
+}
+
+Row LongerBy(const std::string& name, const std::string& against, const Pair& milliseconds,
+             double limit, int runs) {
+  return {.name = name,
+          .against = against,
+          .unit = "ms",
+          .ours = milliseconds.ours,
+          .theirs = milliseconds.theirs,
+          .figure = milliseconds.ours - milliseconds.theirs,
+          .figureUnit = "ms more",
+          .limit = limit,
+          .runs = runs};
+}
+
+Row Alone(const std::string& name, const std::string& unit, double value, double limit, int runs) {
+  return {.name = name,
+          .against = "",
+          .unit = unit,
+          .ours = value,
+          .theirs = std::nullopt,
+          .figure = value,
+          .figureUnit = unit,
+          .limit = limit,
+          .runs = runs};
+}
 
 std::string MachineKind() {
   SYSTEM_INFO system{};
@@ -24,24 +62,22 @@ std::string MachineKind() {
   return kind;
 }
 
-void PrintTable(const std::vector<Row>& rows) {
-  std::printf("%s\n\n%-52s %8s %8s  %-14s %5s  %s\n", MachineKind().c_str(), "", "figure", "limit",
-              "", "runs", "holds");
-  for (const Row& row : rows) {
-    std::printf("%-52s %8.2f %8.2f  %-14s %5d  %s\n", row.name.c_str(), row.figure, row.limit,
-                row.unit.c_str(), row.runs, row.Holds() ? "yes" : "NO");
-  }
-}
-
 void WriteJson(const std::vector<Row>& rows, const std::string& path) {
   // Names and units are constants of this program without a character that JSON escapes.
   std::ofstream file(path);
   file << "{\"machine\": \"" << MachineKind() << "\",\n \"rows\": [";
   const char* separator = "\n";
   for (const Row& row : rows) {
-    file << separator << "  {\"name\": \"" << row.name << "\", \"figure\": " << row.figure
-         << ", \"unit\": \"" << row.unit << "\", \"limit\": " << row.limit
-         << ", \"runs\": " << row.runs << ", \"holds\": " << (row.Holds() ? "true" : "false") << "}";
+    file << separator << "  {\"name\": \"" << row.name << "\", \"against\": \"" << row.against
+         << "\", \"unit\": \"" << row.unit << "\", \"ours\": " << row.ours << ", \"theirs\": ";
+    if (row.theirs) {
+      file << *row.theirs;
+    } else {
+      file << "null";
+    }
+    file << ", \"figure\": " << row.figure << ", \"figureUnit\": \"" << row.figureUnit
+         << "\", \"limit\": " << row.limit << ", \"runs\": " << row.runs
+         << ", \"holds\": " << (row.Holds() ? "true" : "false") << "}";
     separator = ",\n";
   }
   file << "\n]}\n";

@@ -37,9 +37,8 @@ inline double Median(std::vector<double> values) {
   return *middle;
 }
 
-/// The ratio of the medians of two timed works, each of which gives the seconds that it took, done
-/// in turn.
-inline Row Compare(const std::string& name, const std::string& unit, double limit, int runs,
+/// The medians of two timed works, each of which gives the seconds that it took, done in turn.
+inline Row Compare(const std::string& name, const std::string& against, double limit, int runs,
                    const std::function<double()>& ours, const std::function<double()>& bare) {
   std::vector<double> oursTook;
   std::vector<double> bareTook;
@@ -49,7 +48,7 @@ inline Row Compare(const std::string& name, const std::string& unit, double limi
     oursTook.push_back(ours());
     bareTook.push_back(bare());
   }
-  return {name, unit, Median(oursTook) / Median(bareTook), limit, runs};
+  return TimesAsLong(name, against, {Median(oursTook), Median(bareTook)}, limit, runs);
 }
 
 }  // namespace quorvel::bench

@@ -1,6 +1,7 @@
 #include "framework/control_names.h"
 
 #include "framework/control_window.h"
+#include "framework/wnd.h"
 
 #include <algorithm>
 #include <array>
@@ -23,15 +24,14 @@ bool IsNamedByLabel(HWND control) {
   });
 }
 
-/// Null where it has none.
-HWND LabelOf(HWND control) {
-  const HWND before = ::GetWindow(control, GW_HWNDPREV);
-  return before != nullptr && ::GetDlgCtrlID(before) == kNameLabelId ? before : nullptr;
+bool IsNameLabel(HWND window) {
+  return window != nullptr && ::GetDlgCtrlID(window) == kNameLabelId;
 }
 
 void PutLabelBefore(HWND control, const wchar_t* name) {
-  if (const HWND label = LabelOf(control)) {
-    ::SetWindowTextW(label, name);
+  const HWND before = ::GetWindow(control, GW_HWNDPREV);
+  if (IsNameLabel(before)) {
+    ::SetWindowTextW(before, name);
     return;
   }
   const HWND label = CreateControlWindow(
@@ -42,7 +42,6 @@ void PutLabelBefore(HWND control, const wchar_t* name) {
        .rect = CRect(),
        .id = static_cast<DWORD>(kNameLabelId)},
       ::GetParent(control));
-  const HWND before = ::GetWindow(control, GW_HWNDPREV);
   ::SetWindowPos(label, before != nullptr ? before : HWND_TOP, 0, 0, 0, 0,
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
@@ -61,14 +60,17 @@ void NameControl(HWND control, const wchar_t* name) {
 }
 
 void DropName(HWND control) {
-  if (const HWND label = LabelOf(control)) {
-    ::DestroyWindow(label);
+  const HWND before = ::GetWindow(control, GW_HWNDPREV);
+  if (IsNameLabel(before)) {
+    ::DestroyWindow(before);
   }
 }
 
 void NameControls(HWND dialog, std::initializer_list<ControlName> names) {
+  const CWnd* object = CWnd::FromHandlePermanent(dialog);
   for (const ControlName& each : names) {
-    NameControl(::GetDlgItem(dialog, each.id), each.name);
+    NameControl(object != nullptr ? object->GetDlgItem(each.id) : ::GetDlgItem(dialog, each.id),
+                each.name);
   }
 }
 

@@ -1,6 +1,5 @@
 #include "framework/dialog.h"
 
-#include "framework/dialog_template.h"
 #include "framework/module_state.h"
 #include "framework/placing.h"
 
@@ -119,6 +118,7 @@ INT_PTR CDialog::DoModal() {
     result = RunModal();
   }
   m_editFields.clear();
+  m_controls.clear();
   if (m_exception) {
     std::rethrow_exception(std::exchange(m_exception, nullptr));
   }
@@ -150,6 +150,7 @@ HWND CDialog::ModalOwnerWindow() const {
 
 BOOL CDialog::Create(UINT templateId, CWnd* parent) {
   m_editFields.clear();
+  m_controls.clear();
   return CreateFromTemplate(templateId, parent->m_hWnd) != nullptr ? TRUE : FALSE;
 }
 
@@ -262,7 +263,7 @@ INT_PTR CALLBACK CDialog::StaticDialogProc(HWND window, UINT message, WPARAM /*w
   try {
     auto& creation = *reinterpret_cast<Creation*>(lParam);
     creation.dialog.SubclassWindow(window);
-    creation.succeeded = creation.dialogTemplate.CreateControls(window);
+    creation.succeeded = creation.dialogTemplate.CreateControls(window, creation.dialog.m_controls);
     if (creation.succeeded) {
       creation.dialog.HandleInitDialog();
     }
@@ -296,15 +297,42 @@ void CDialog::HandleInitDialog() {
   }
 }
 
+// The platform looks through all children each time, and under Wine that is a question to another
+// process.
+HWND CDialog::GetDlgItem(int id) const {
+  for (const quorvel::TemplateControl& control : m_controls) {
+    const bool stillThere = control.id == id && ::GetDlgCtrlID(control.window) == id &&
+                            ::GetParent(control.window) == m_hWnd && m_hWnd != nullptr;
+    if (stillThere) {
+      return control.window;
+    }
+  }
+  return CWnd::GetDlgItem(id);
+}
+
 void CDialog::AttachEditFields() {
+  if (!m_controls.empty()) {
+    for (const quorvel::TemplateControl& control : m_controls) {
+      if (control.isEditField) {
+        AttachEditField(control.window);
+      }
+    }
+    return;
+  }
   for (HWND child = ::GetWindow(m_hWnd, GW_CHILD); child != nullptr;
        child = ::GetWindow(child, GW_HWNDNEXT)) {
     std::array<wchar_t, 8> className{};
     ::GetClassNameW(child, className.data(), static_cast<int>(className.size()));
-    if (::_wcsicmp(className.data(), L"Edit") == 0 && FromHandlePermanent(child) == nullptr) {
-      m_editFields.push_back(std::make_unique<CEdit>());
-      m_editFields.back()->SubclassWindow(child);
+    if (::_wcsicmp(className.data(), L"Edit") == 0) {
+      AttachEditField(child);
     }
+  }
+}
+
+void CDialog::AttachEditField(HWND field) {
+  if (FromHandlePermanent(field) == nullptr) {
+    m_editFields.push_back(std::make_unique<CEdit>());
+    m_editFields.back()->SubclassWindow(field);
   }
 }
 

@@ -8,6 +8,7 @@
 #pragma once
 
 #include "framework/controls.h"
+#include "framework/dialog_template.h"
 #include "framework/frame_export.h"
 #include "framework/wnd.h"
 
@@ -43,6 +44,7 @@ public:
   static void EndInnermostWithException(std::exception_ptr exception) noexcept;
 
   BOOL PreTranslateMessage(MSG* message) override;
+  HWND GetDlgItem(int id) const override;
 
 protected:
   /// Called before the dialog is shown; the controls show the members. FALSE when the dialog has set
@@ -80,6 +82,7 @@ private:
   HWND CreateFromTemplate(UINT templateId, HWND parent);
   void HandleInitDialog();
   void AttachEditFields();
+  void AttachEditField(HWND field);
   void PlaceByDefault();
   void RunModalLoop(HWND owner);
   void EndWithException(std::exception_ptr exception) noexcept;
@@ -93,4 +96,5 @@ private:
   CDialog* m_pOuterModal = nullptr;  ///< the modal dialog of this thread that was innermost before
   std::exception_ptr m_exception;
   std::vector<std::unique_ptr<CEdit>> m_editFields;
+  std::vector<quorvel::TemplateControl> m_controls;  ///< as they were made from the template
 };

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstring>
+#include <cwchar>
 #include <string_view>
 
 namespace quorvel {
@@ -143,15 +144,19 @@ const DLGTEMPLATE* DialogTemplate::WithoutControls() const {
   return reinterpret_cast<const DLGTEMPLATE*>(m_dialogAlone.data());
 }
 
-bool DialogTemplate::CreateControls(HWND dialog) const {
+bool DialogTemplate::CreateControls(HWND dialog, std::vector<TemplateControl>& made) const {
   const auto font = static_cast<WPARAM>(::SendMessageW(dialog, WM_GETFONT, 0, 0));
   Reader reader(m_firstControl);
+  made.reserve(static_cast<std::size_t>(m_controls));
   for (int i = 0; i < m_controls; ++i) {
     const Control control = TakeControl(reader);
     const HWND window = Create(dialog, control);
     if (window == nullptr) {
       return false;
     }
+    made.push_back({.window = window,
+                    .id = static_cast<int>(control.head.id),
+                    .isEditField = ::_wcsicmp(control.className, L"Edit") == 0});
     ::SendMessageW(window, WM_SETFONT, font, FALSE);
     if ((::SendMessageW(window, WM_GETDLGCODE, 0, 0) & DLGC_DEFPUSHBUTTON) != 0) {
       // Not sent: a dialog may have a message of its own with this number.

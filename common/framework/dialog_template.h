@@ -2,7 +2,7 @@
 //
 //   const DialogTemplate dialogTemplate(resource);
 //   CreateDialogIndirectParamW(module, dialogTemplate.WithoutControls(), ...);
-//   dialogTemplate.CreateControls(dialog);   // at WM_INITDIALOG
+//   dialogTemplate.CreateControls(dialog, controls);   // at WM_INITDIALOG
 //
 // The system would make all controls of a dialog alike, also those that are better made in a way of
 // their own: see framework/control_window.
@@ -14,6 +14,12 @@
 
 namespace quorvel {
 
+struct TemplateControl {
+  HWND window = nullptr;
+  int id = 0;
+  bool isEditField = false;
+};
+
 /// An extended template (DIALOGEX), which must outlive the object: a resource does.
 class DialogTemplate {
 public:
@@ -23,8 +29,9 @@ public:
   const DLGTEMPLATE* WithoutControls() const;
 
   /// Makes the controls in the order of the template, with the dialog's font, and tells the dialog
-  /// its default button. False, with those before it made, when one cannot be made.
-  bool CreateControls(HWND dialog) const;
+  /// its default button. `made` gets them in that order. False, with those before it made, when one
+  /// cannot be made.
+  bool CreateControls(HWND dialog, std::vector<TemplateControl>& made) const;
 
 private:
   const BYTE* m_firstControl = nullptr;

@@ -255,6 +255,8 @@ BOOL CWnd::UpdateData(BOOL bSaveAndValidate) {
   return TRUE;
 }
 
+HWND CWnd::GetDlgItem(int id) const { return ::GetDlgItem(m_hWnd, id); }
+
 CString CWnd::GetWindowText() const { return CString(quorvel::CodePageFromWide(quorvel::WindowText(m_hWnd))); }
 
 void CWnd::SetWindowText(const char* text) {
@@ -266,7 +268,7 @@ CString CWnd::GetDlgItemText(int id) const {
 }
 
 void CWnd::SetDlgItemText(int id, const char* text) {
-  ::SetDlgItemTextW(m_hWnd, id, quorvel::WideFromCodePage(CString(text).View()).c_str());
+  ::SetWindowTextW(GetDlgItem(id), quorvel::WideFromCodePage(CString(text).View()).c_str());
 }
 
 void CWnd::SetDlgItemNumber(int id, int number) {

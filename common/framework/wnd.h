@@ -49,7 +49,8 @@ public:
   /// the result is FALSE. Notifications of the controls are not handled meanwhile.
   BOOL UpdateData(BOOL bSaveAndValidate = TRUE);
 
-  HWND GetDlgItem(int id) const { return ::GetDlgItem(m_hWnd, id); }
+  /// The control with this identifier, the first where there are more; null where there is none.
+  virtual HWND GetDlgItem(int id) const;
   /// The text in code page 932, of any length.
   CString GetWindowText() const;
   void SetWindowText(const char* text);

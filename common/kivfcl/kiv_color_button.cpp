@@ -21,8 +21,12 @@ LRESULT CKivColorButton::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) 
   switch (message) {
     case WM_GETTEXTLENGTH:
     case WM_GETTEXT:
-      return quorvel::AnswerWithText(message, wParam, lParam,
-                                     quorvel::Named(GivenText(), quorvel::SpokenColor(m_color)));
+      return quorvel::AnswerWithText(
+          message, wParam, lParam,
+          quorvel::Named(m_name.empty() ? GivenText() : m_name, quorvel::SpokenColor(m_color)));
+    case WM_SETTEXT:
+      m_name.clear();
+      return CWnd::WindowProc(message, wParam, lParam);
     case WM_ERASEBKGND:
       return TRUE;  // drawn whole, so nothing flickers
     default:

@@ -1,7 +1,6 @@
 #include "dialogs/colour/sel_color.h"
 
 #include "dialogs/colour/sel_rgb.h"
-#include "framework/control_names.h"
 
 #include <algorithm>
 #include <optional>
@@ -41,14 +40,14 @@ BOOL CSelColor::OnInitDialog() {
   for (int index = 0; index < kGridButtonCount; ++index) {
     auto& button = m_pColorBtn[static_cast<std::size_t>(index)];
     button = std::make_unique<CKivColorButton>();
+    button->m_name = IsMadeColor(index) ? L"作成色" : L"基本色";
+    button->m_color = TableEntry(index);  // nothing has been painted yet
     button->SubclassDlgItem(static_cast<UINT>(GridControlId(index)), this);
-    quorvel::NameControl(button->m_hWnd, IsMadeColor(index) ? L"作成色" : L"基本色");
-    button->Recolor(TableEntry(index));
   }
   m_pSelColorBtn = std::make_unique<CKivColorButton>();
+  m_pSelColorBtn->m_name = L"選択色";
+  m_pSelColorBtn->m_color = m_colorSel;
   m_pSelColorBtn->SubclassDlgItem(IDC_GRID_SELECTED, this);
-  quorvel::NameControl(m_pSelColorBtn->m_hWnd, L"選択色");
-  m_pSelColorBtn->Recolor(m_colorSel);
 
   m_nSelIndex = quorvel::FirstWithColor(m_colorTable, m_colorSel).value_or(kNoIndex);
   FocusSelection();

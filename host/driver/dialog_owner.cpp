@@ -76,12 +76,16 @@ LRESULT CALLBACK DialogOwner::Proc(HWND window, UINT message, WPARAM wParam, LPA
 }
 
 void DialogOwner::OnIdle(HWND dialog) {
-  if (dialog == m_lastAnswered || !IsPainted(dialog)) {
+  if (dialog == m_lastAnswered) {
     return;
   }
+  // Before the look at each control, which takes the longer the more there are.
   GdiFlush();
   LARGE_INTEGER now{};
   QueryPerformanceCounter(&now);
+  if (!IsPainted(dialog)) {
+    return;
+  }
   m_paintedAt = now.QuadPart;
   m_lastAnswered = dialog;
   ++m_answered;

@@ -101,6 +101,31 @@ TEST(Dialog, CanBeRunAgain) {
   }
 }
 
+TEST(Dialog, FindsAControlAsLongAsItIsThere) {
+  constexpr int kOtherId = 4711;
+  NumbersDialog dialog;
+  WorkDialog([&] { return dialog.DoModal(); }, [&](HWND window) {
+    EXPECT_EQ(dialog.GetDlgItem(IDC_WHOLE), ::GetDlgItem(window, IDC_WHOLE));
+    EXPECT_NE(dialog.GetDlgItem(IDC_WHOLE), nullptr);
+    EXPECT_EQ(dialog.GetDlgItem(kOtherId), nullptr);
+
+    const HWND decimal = Control(window, IDC_DECIMAL);
+    ::SetWindowLongPtrW(decimal, GWLP_ID, kOtherId);
+    EXPECT_EQ(dialog.GetDlgItem(IDC_DECIMAL), nullptr);
+    EXPECT_EQ(dialog.GetDlgItem(kOtherId), decimal);
+    ::SetWindowLongPtrW(decimal, GWLP_ID, IDC_DECIMAL);
+
+    ::DestroyWindow(Control(window, IDC_TEXT));
+    EXPECT_EQ(dialog.GetDlgItem(IDC_TEXT), nullptr);
+    const HWND other = ::CreateWindowExW(0, L"Static", L"", WS_CHILD, 0, 0, 1, 1, window,
+                                         reinterpret_cast<HMENU>(ULONG_PTR{IDC_TEXT}), nullptr,
+                                         nullptr);
+    EXPECT_EQ(dialog.GetDlgItem(IDC_TEXT), other);
+    Cancel(window);
+  });
+  EXPECT_EQ(dialog.GetDlgItem(IDC_WHOLE), nullptr);
+}
+
 struct RefusedField {
   int field;
   const wchar_t* text;

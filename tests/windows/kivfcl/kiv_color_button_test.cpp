@@ -119,6 +119,14 @@ TEST_F(ColorButton, SpeaksItsNameAndItsColour) {
   EXPECT_EQ(driver::Text(m_button.m_hWnd), L"背景の色 赤 255 緑 0 青 17");
 }
 
+TEST_F(ColorButton, SpeaksANameInPlaceOfItsTextUntilItIsGivenAnother) {
+  m_button.m_color = RGB(255, 0, 17);
+  m_button.m_name = L"基本色";
+  EXPECT_EQ(driver::Text(m_button.m_hWnd), L"基本色 赤 255 緑 0 青 17");
+  ::SetWindowTextW(m_button.m_hWnd, L"背景の色");
+  EXPECT_EQ(driver::Text(m_button.m_hWnd), L"背景の色 赤 255 緑 0 青 17");
+}
+
 TEST_F(ColorButton, SpeaksItsColour) {
   m_button.SetWindowText("");
   m_button.Recolor(RGB(255, 0, 17));
