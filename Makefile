@@ -92,7 +92,7 @@ $(addprefix language-tests-,$(LANGUAGES)): language-tests-%: windows run-package
 # The seeds are made anew; inputs that found new ways stay in build/fuzz/found, a failing one in
 # build/fuzz/failed.
 SECONDS := 60
-FUZZERS := command_line ex_page_file expression field_macro grid_page_file
+FUZZERS := command_line ex_page_file expression field_macro grid_page_file host_value
 .PHONY: fuzzers $(addprefix fuzz-,$(FUZZERS))
 fuzzers: build-packages | build
 	@tools/install-packages clang libclang-rt-14-dev

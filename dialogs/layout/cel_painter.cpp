@@ -22,6 +22,9 @@ constexpr COLORREF kTint = 0x00E2E2FF;
 constexpr int kLineWidth = 2;
 constexpr int kFixedHeight = -11;
 constexpr double kNoWidth = 1e-6;
+/// Of a letter, several times the largest picture: no more of a larger one is in sight, and the system
+/// would be busy with it for minutes.
+constexpr LONG kMostLetterPixels = 4096;
 
 // Indices are GetVPos and GetHPos.
 constexpr std::array<UINT, 3> kVerticalPlaces{DT_TOP, DT_VCENTER, DT_BOTTOM};
@@ -42,20 +45,26 @@ std::wstring WithoutAccessKeys(std::wstring text) {
   return doubled;
 }
 
+LOGFONTA WithinSight(LOGFONTA logFont) {
+  logFont.lfHeight = std::clamp(logFont.lfHeight, -kMostLetterPixels, kMostLetterPixels);
+  logFont.lfWidth = std::clamp(logFont.lfWidth, -kMostLetterPixels, kMostLetterPixels);
+  return logFont;
+}
+
 }  // namespace
 
 LOGFONTA ScaledCelFont(const CKivFontEx& font, const TextScale& scale) {
   LOGFONTA logFont = font.GetLogFont(0);
   if (scale.fixedHeight) {
     logFont.lfHeight = PixelsAt(RateOf(scale.dots), kFixedHeight);
-    return logFont;
+    return WithinSight(logFont);
   }
   const auto [width, height] = font.GetMM();
   logFont.lfHeight = ScaledPixels(height, scale.scale, scale.dots.vertical);
   if (std::abs(width) >= kNoWidth) {
     logFont.lfWidth = ScaledPixels(width, scale.scale, scale.dots.horizontal);
   }
-  return logFont;
+  return WithinSight(logFont);
 }
 
 CelPainter::CelPainter(HDC deviceContext, CelStyle style, const TextScale& scale)

@@ -133,6 +133,7 @@ void CPageEditDlg::ReadSettings() {
     }
     if (m_settings.appendSetting != nullptr) {
       registry->ReadRegistry(m_settings.appendSetting, &m_nAppend, sizeof m_nAppend);
+      m_nAppend = m_nAppend != 0 ? 1 : 0;
     }
   }
 }
