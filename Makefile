@@ -69,6 +69,12 @@ faults: windows run-packages
 	@QUORVEL_WINEPREFIX=$(abspath build)/wine-$@ QUORVEL_GRAPHICS=null QUORVEL_FAULT_STEP=$(FAULT_STEP) \
 	  $(SESSION) wine $(WINDOWS)/bin/fault_tests.exe
 
+# Every value that nobody should give, for every argument; `make test` tries every fifth.
+.PHONY: hostile
+hostile: windows run-packages
+	@QUORVEL_WINEPREFIX=$(abspath build)/wine-$@ QUORVEL_GRAPHICS=null $(SESSION) \
+	  wine $(WINDOWS)/bin/hostile_tests.exe
+
 # Every dialog on displays of these scales: 100, 125, 150 and 200 %.
 DPIS := 96 120 144 192
 .PHONY: display-tests $(addprefix display-tests-,$(DPIS))

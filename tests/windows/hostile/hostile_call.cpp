@@ -5,6 +5,7 @@
 #include "support/work.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <limits>
 
 namespace quorvel::test {
@@ -124,15 +125,29 @@ double ExpectConfirmed(const HostileCall& call) {
 
 }  // namespace
 
+std::size_t HostileStep() {
+  static const std::size_t step = [] {
+    const char* const given = std::getenv("QUORVEL_HOSTILE_STEP");
+    return std::max<std::size_t>(given != nullptr ? std::strtoul(given, nullptr, 10) : 1, 1);
+  }();
+  return step;
+}
+
 void ExpectHarmless(const HostileArgument& argument) {
   constexpr double kLongest = 2.0;
   constexpr int kTries = 5;
   std::vector<double> fastest(argument.calls.size(), std::numeric_limits<double>::max());
+  // Another place in each argument, so that each value is tried for some.
+  const std::size_t places = std::min(HostileStep(), std::max<std::size_t>(argument.calls.size(), 1));
+  const std::size_t first = argument.name.size() % places;
+  const auto isTried = [&](std::size_t i) {
+    return argument.calls[i].opening != Opening::kNone && i % HostileStep() == first;
+  };
   const auto forEachDialog = [&](auto open) {
     for (std::size_t i = 0; i < argument.calls.size(); ++i) {
       const HostileCall& call = argument.calls[i];
       const ::testing::ScopedTrace trace(__FILE__, __LINE__, call.name);
-      if (call.opening != Opening::kNone) {
+      if (isTried(i)) {
         fastest[i] = std::min(fastest[i], open(call));
       }
     }
@@ -159,7 +174,7 @@ void ExpectHarmless(const HostileArgument& argument) {
   EXPECT_EQ(after, before);
   forEachDialog(ExpectConfirmed);
   for (std::size_t i = 0; i < argument.calls.size(); ++i) {
-    if (argument.calls[i].opening != Opening::kNone) {
+    if (isTried(i)) {
       EXPECT_LT(fastest[i], kLongest) << "seconds, " << argument.calls[i].name;
     }
   }

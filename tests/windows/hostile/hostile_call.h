@@ -7,6 +7,7 @@
 #include "support/entries.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <functional>
 #include <ostream>
 #include <string>
@@ -38,6 +39,9 @@ struct HostileArgument {
 inline void PrintTo(const HostileArgument& argument, std::ostream* stream) {
   *stream << argument.name;
 }
+
+/// Of the values of an argument every so many-th is tried: QUORVEL_HOSTILE_STEP, 1 unless told.
+std::size_t HostileStep();
 
 /// Each call's dialog is cancelled until all of them leave nothing behind, then confirmed; the test
 /// fails where anything is not as documented or a dialog takes longer than two seconds every time.
