@@ -85,12 +85,15 @@ private:
   int m_nMessages = 0;
 };
 
+/// But for those inside combo boxes, which are the system's: of the system's font dialog only, and Wine
+/// is busy for minutes with a long text in them.
 std::vector<HWND> EditFields(HWND dialog) {
   std::vector<HWND> fields;
   ::EnumChildWindows(
       dialog,
       [](HWND child, LPARAM parameter) -> BOOL {
-        if (ClassName(child) == L"Edit" && ::IsWindowVisible(child) != FALSE) {
+        if (ClassName(child) == L"Edit" && ::IsWindowVisible(child) != FALSE &&
+            ClassName(::GetParent(child)) != L"ComboBox") {
           reinterpret_cast<std::vector<HWND>*>(parameter)->push_back(child);
         }
         return TRUE;
