@@ -28,6 +28,7 @@ template <class Dialog>
 Outcome CallWith(Function<Dialog> function, Dialog dialog) {
   const Dialog before = dialog;
   const quorvel_result result = function(&dialog);
+  // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison): every byte, NaN included
   const bool unchanged = std::memcmp(&dialog, &before, sizeof dialog) == 0;
   if constexpr (requires { dialog.result; }) {
     quorvel_free(dialog.result);
@@ -45,6 +46,7 @@ void ExpectOddSizesRefused(Function<Dialog> function) {
     const Dialog before = dialog;
     EXPECT_EQ(function(&dialog), QUORVEL_BAD_ARGUMENT) << size;
     EXPECT_STRNE(quorvel_last_error(), "");
+    // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison): every byte
     EXPECT_EQ(std::memcmp(&dialog, &before, sizeof dialog), 0);
   }
 }

@@ -45,7 +45,7 @@ bool IsShownSize(const FontCall& call) {
 }
 
 Outcome RunFont(const FontCall& call) {
-  CKivFont font = call.font;
+  CKivFont font = static_cast<const CKivFont&>(call.font);
   const bool confirmed = __SelFontDlg(call.env, &font, call.dotsPerMm, call.title, TRUE,
                                       call.fixedColour, call.enableMask) != FALSE;
   if (confirmed) {

@@ -140,8 +140,8 @@ void ExpectHarmless(const HostileArgument& argument) {
   // Another place in each argument, so that each value is tried for some.
   const std::size_t places = std::min(HostileStep(), std::max<std::size_t>(argument.calls.size(), 1));
   const std::size_t first = argument.name.size() % places;
-  const auto isTried = [&](std::size_t i) {
-    return argument.calls[i].opening != Opening::kNone && i % HostileStep() == first;
+  const auto isTried = [&](std::size_t index) {
+    return argument.calls[index].opening != Opening::kNone && index % HostileStep() == first;
   };
   const auto forEachDialog = [&](auto open) {
     for (std::size_t i = 0; i < argument.calls.size(); ++i) {
