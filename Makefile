@@ -94,6 +94,12 @@ faults-0 faults-1: faults-%: windows run-packages
 	@QUORVEL_WINEPREFIX=$(abspath build)/wine-$@ QUORVEL_GRAPHICS=null QUORVEL_FAULT_STEP=$(FAULT_STEP) \
 	  GTEST_TOTAL_SHARDS=2 GTEST_SHARD_INDEX=$* $(SESSION) wine $(WINDOWS)/bin/fault_tests.exe
 
+# Every value that nobody should give, for every argument; `make test` tries every fifth.
+.PHONY: hostile
+hostile: windows run-packages
+	@QUORVEL_WINEPREFIX=$(abspath build)/wine-$@ QUORVEL_GRAPHICS=null $(SESSION) \
+	  wine $(WINDOWS)/bin/hostile_tests.exe
+
 # Every dialog on displays of these scales: 100, 125, 150 and 200 %.
 DPIS := 96 120 144 192
 .PHONY: display-tests $(addprefix display-tests-,$(DPIS))
@@ -117,7 +123,7 @@ $(addprefix language-tests-,$(LANGUAGES)): language-tests-%: windows run-package
 # The seeds are made anew; inputs that found new ways stay in build/fuzz/found, a failing one in
 # build/fuzz/failed.
 SECONDS := 60
-FUZZERS := command_line ex_page_file expression field_macro grid_page_file
+FUZZERS := command_line ex_page_file expression field_macro grid_page_file host_value
 .PHONY: fuzzers $(addprefix fuzz-,$(FUZZERS))
 fuzzers: build-packages | build
 	@tools/install-packages clang libclang-rt-14-dev

@@ -13,6 +13,7 @@
 #include "dialogs/input/user_paper_set_dlg.h"
 #include "dialogs/layout/layout_edit_dlg.h"
 #include "dialogs/layout/layout_ex_edit_dlg.h"
+#include "framework/device_context.h"
 #include "framework/dpi_awareness.h"
 #include "framework/module_state.h"
 
@@ -75,7 +76,7 @@ extern "C" {
 
 BOOL __SelColorDlg(CKivSysEnv* env, COLORREF* color, CPoint* position) {
   const auto body = [&](CPoint* place) {
-    CSelColor dialog(env, *color, place, nullptr);
+    CSelColor dialog(env, quorvel::PlainColor(*color), place, nullptr);
     return ConfirmedColor(dialog, dialog.m_colorSel, color);
   };
   return RunPlacedEntry(FALSE, position, body, color);
@@ -83,7 +84,7 @@ BOOL __SelColorDlg(CKivSysEnv* env, COLORREF* color, CPoint* position) {
 
 BOOL __SelColorDlgEx(CKivSysEnv* env, COLORREF* color, CPoint* position) {
   const auto body = [&](CPoint* place) {
-    CSelColorDlg dialog(env, *color, place, nullptr);
+    CSelColorDlg dialog(env, quorvel::PlainColor(*color), place, nullptr);
     return ConfirmedColor(dialog, dialog.m_color, color);
   };
   return RunPlacedEntry(FALSE, position, body, color);
@@ -91,7 +92,7 @@ BOOL __SelColorDlgEx(CKivSysEnv* env, COLORREF* color, CPoint* position) {
 
 BOOL __EditColorDlg(CKivSysEnv* env, COLORREF* color, CPoint* position) {
   const auto body = [&](CPoint* place) {
-    CEditColorDlg dialog(env, *color, place, nullptr);
+    CEditColorDlg dialog(env, quorvel::PlainColor(*color), place, nullptr);
     return ConfirmedColor(dialog, dialog.m_color, color);
   };
   return RunPlacedEntry(FALSE, position, body, color);
@@ -99,7 +100,7 @@ BOOL __EditColorDlg(CKivSysEnv* env, COLORREF* color, CPoint* position) {
 
 BOOL __SelRGBDlg(COLORREF* color) {
   const auto body = [&] {
-    CSelRGB dialog(*color, nullptr);
+    CSelRGB dialog(quorvel::PlainColor(*color), nullptr);
     return ConfirmedColor(dialog, dialog.m_color, color);
   };
   return RunEntry(FALSE, body, color);

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstring>
 #include <memory>
 #include <new>
@@ -266,7 +267,9 @@ void FillFont(CKivFont& font, const quorvel_font& given, double dotsPerMm) {
   font.SetLogFont(&record);
   font.SetV(given.height);
   font.SetH(given.width);
-  font.CalcMmToLogFont(dotsPerMm == 0 ? quorvel::kUsualDotsPerMm : dotsPerMm);
+  // As the dialog itself takes a resolution.
+  constexpr double kNoResolution = 0.000001;
+  font.CalcMmToLogFont(std::fabs(dotsPerMm) < kNoResolution ? quorvel::kUsualDotsPerMm : dotsPerMm);
   record = font.GetLogFont(0);
   record.lfHeight = given.dots_height != 0 ? given.dots_height : record.lfHeight;
   record.lfWidth = given.dots_width != 0 ? given.dots_width : record.lfWidth;

@@ -3,8 +3,10 @@
 // wrote, so that they are accepted, and of calculations as they are typed. The status is 0 only if every file was written.
 #include "cli/commands.h"
 #include "cli/json_options.h"
+#include "kivdata/kiv_font.h"
 #include "kivdata/layout_ex_page_data.h"
 #include "kivdata/layout_page_data.h"
+#include "kivdata/made_colours.h"
 #include "kivdata/val_info_one_data.h"
 
 #include <array>
@@ -12,10 +14,12 @@
 #include <exception>
 #include <filesystem>
 #include <fstream>
+#include <limits>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -137,6 +141,27 @@ void WriteFieldMacros(const std::filesystem::path& top) {
   }
 }
 
+void WriteHostValues(const std::filesystem::path& top) {
+  const SeedFolder folder(top / "host_value");
+  // The last one is in full width.
+  const std::array texts{"12345678", "-1.2345e-5", " +2147483648 ", "nan", "inf",
+                         "\x82\x50\x81\x44\x82\x51"};
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    folder.Write("text" + std::to_string(i), texts.at(i));
+  }
+  const std::array numbers{0.0, 1.0005, -1e308, 5e-324, std::numeric_limits<double>::infinity(),
+                           std::numeric_limits<double>::quiet_NaN()};
+  for (std::size_t i = 0; i < numbers.size(); ++i) {
+    folder.Write("number" + std::to_string(i),
+                 {reinterpret_cast<const char*>(&numbers.at(i)), sizeof(double)});
+  }
+  const std::vector<COLORREF> palette = quorvel::DefaultPalette();
+  const std::vector<BYTE> stored = quorvel::StoredFromPalette(palette);
+  folder.Write("palette", {reinterpret_cast<const char*>(stored.data()), stored.size()});
+  const LOGFONTA record = CKivFont().GetLogFont(0);
+  folder.Write("font", {reinterpret_cast<const char*>(&record), sizeof record});
+}
+
 void WriteGridPages(const std::filesystem::path& top) {
   const SeedFolder folder(top / "grid_page_file");
   CLayoutPageData page;
@@ -184,6 +209,7 @@ int main(int count, char** arguments) {
     WriteExpressions(top);
     WriteFieldMacros(top);
     WriteGridPages(top);
+    WriteHostValues(top);
   } catch (const std::exception& error) {
     std::fprintf(stderr, "write_seeds: %s\n", error.what());
     return 1;

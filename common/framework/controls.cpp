@@ -29,7 +29,13 @@ public:
     }
     const auto unlock = [data](const void*) { ::GlobalUnlock(data); };
     const std::unique_ptr<const void, decltype(unlock)> locked(::GlobalLock(data), unlock);
-    return locked ? std::wstring(static_cast<const wchar_t*>(locked.get())) : std::wstring();
+    if (!locked) {
+      return {};
+    }
+    // Another program need not have ended it.
+    const std::wstring_view all(static_cast<const wchar_t*>(locked.get()),
+                                ::GlobalSize(data) / sizeof(wchar_t));
+    return std::wstring(all.substr(0, all.find(L'\0')));
   }
 
 private:

@@ -83,12 +83,12 @@ PaintBuffer::~PaintBuffer() {
 
 void FillSolid(HDC deviceContext, const CRect& rect, COLORREF color) {
   // The stock brush takes any colour: nothing is made, so nothing can fail.
-  ::SetDCBrushColor(deviceContext, color);
+  ::SetDCBrushColor(deviceContext, PlainColor(color));
   ::FillRect(deviceContext, &rect, static_cast<HBRUSH>(::GetStockObject(DC_BRUSH)));
 }
 
 void FrameSolid(HDC deviceContext, const CRect& rect, COLORREF color) {
-  ::SetDCBrushColor(deviceContext, color);
+  ::SetDCBrushColor(deviceContext, PlainColor(color));
   ::FrameRect(deviceContext, &rect, static_cast<HBRUSH>(::GetStockObject(DC_BRUSH)));
 }
 

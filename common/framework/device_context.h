@@ -121,7 +121,14 @@ private:
   HGDIOBJ m_previous = nullptr;
 };
 
-/// Fills with one colour.
+/// A colour without its highest byte, which hosts leave undefined and the platform would take for an
+/// index of a palette or for no colour at all.
+constexpr COLORREF PlainColor(COLORREF color) {
+  constexpr COLORREF kChannels = 0x00FFFFFF;
+  return color & kChannels;
+}
+
+/// Fills with one colour, of which the highest byte does not count; so do those below.
 FRAME_API void FillSolid(HDC deviceContext, const CRect& rect, COLORREF color);
 
 /// Draws a line of one colour, 1 pixel wide, along the inside of the edges.

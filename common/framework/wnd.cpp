@@ -11,6 +11,9 @@
 
 namespace {
 
+/// More is out of sight on any screen. The system would take seconds for a megabyte.
+constexpr std::size_t kLongestCaption = 1000;
+
 /// The objects with a window, newest first: a list through the objects themselves, because there
 /// are few of them and an attached window must leave no memory behind.
 thread_local CWnd* g_firstAttached = nullptr;
@@ -260,7 +263,12 @@ HWND CWnd::GetDlgItem(int id) const { return ::GetDlgItem(m_hWnd, id); }
 CString CWnd::GetWindowText() const { return CString(quorvel::CodePageFromWide(quorvel::WindowText(m_hWnd))); }
 
 void CWnd::SetWindowText(const char* text) {
-  ::SetWindowTextW(m_hWnd, quorvel::WideFromCodePage(CString(text).View()).c_str());
+  std::wstring wide = quorvel::WideFromCodePage(CString(text).View());
+  const bool isCaption = (::GetWindowLongPtrW(m_hWnd, GWL_STYLE) & WS_CHILD) == 0;
+  if (isCaption && wide.size() > kLongestCaption) {
+    wide.resize(kLongestCaption);
+  }
+  ::SetWindowTextW(m_hWnd, wide.c_str());
 }
 
 CString CWnd::GetDlgItemText(int id) const {

@@ -75,6 +75,10 @@ void CEditColor::CreateRow(int row, const quorvel::ColorComponentRow& place) {
                 KIVSLIDER_HORIZONTAL);
   edit.CreateChild(L"Edit", 0, WS_BORDER | WS_TABSTOP | ES_NUMBER, place.edit, this,
                    static_cast<UINT>(IdOfEdit(row)));
+  // More than any number here needs. A field that does not scroll measures what is pasted digit by
+  // digit, on some platforms for minutes.
+  constexpr WPARAM kMostDigits = 9;
+  ::SendMessageW(edit.m_hWnd, EM_SETLIMITTEXT, kMostDigits, 0);
   SetControlFont(edit);
 }
 

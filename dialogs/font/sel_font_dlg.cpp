@@ -4,6 +4,7 @@
 #include "dialogs/font/font_rules.h"
 #include "framework/control_names.h"
 #include "framework/data_exchange.h"
+#include "framework/device_context.h"
 #include "framework/module_state.h"
 
 #include <algorithm>
@@ -82,7 +83,7 @@ void CSelFontDlg::Show(const CKivFont& font, double dotsPerMm, UINT templateId) 
   m_nHeight = logFont.lfHeight;
   m_cf.Flags = kFlags;
   m_cf.nFontType = SCREEN_FONTTYPE;
-  m_cf.rgbColors = font.GetColor();
+  m_cf.rgbColors = quorvel::PlainColor(font.GetColor());
   m_cf.lpTemplateName = MAKEINTRESOURCEW(templateId);
   m_cf.hInstance = AfxGetResourceHandle();
 

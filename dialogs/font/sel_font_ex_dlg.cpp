@@ -3,6 +3,7 @@
 #include "dialogs/font/font_rules.h"
 #include "framework/control_names.h"
 #include "framework/data_exchange.h"
+#include "framework/device_context.h"
 
 #include <initializer_list>
 
@@ -28,7 +29,7 @@ CSelFontExDlg::CSelFontExDlg(CKivSysEnv* env, const char* title, BOOL fixedColor
 INT_PTR CSelFontExDlg::Run(CKivFontEx* font, double dotsPerMm) {
   const double rate = quorvel::EffectiveDotsPerMm(dotsPerMm);
   Show(*font, rate, IDD_SEL_FONT_EX);
-  m_colorBack = font->GetBackColor();
+  m_colorBack = quorvel::PlainColor(font->GetBackColor());
   m_nVPos = font->GetVPos();
   m_nHPos = font->GetHPos();
   const INT_PTR result = DoModal();

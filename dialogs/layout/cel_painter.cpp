@@ -3,6 +3,7 @@
 #include "framework/code_page.h"
 #include "kivfcl/display_pixels.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstring>
@@ -21,6 +22,9 @@ constexpr COLORREF kTint = 0x00E2E2FF;
 constexpr int kLineWidth = 2;
 constexpr int kFixedHeight = -11;
 constexpr double kNoWidth = 1e-6;
+/// Of a letter, several times the largest picture: no more of a larger one is in sight, and the system
+/// would be busy with it for minutes.
+constexpr LONG kMostLetterPixels = 4096;
 
 // Indices are GetVPos and GetHPos.
 constexpr std::array<UINT, 3> kVerticalPlaces{DT_TOP, DT_VCENTER, DT_BOTTOM};
@@ -28,10 +32,23 @@ constexpr std::array<UINT, 3> kHorizontalPlaces{DT_LEFT, DT_CENTER, DT_RIGHT};
 
 /// DrawTextW would take & as the mark of an access key; && is the character.
 std::wstring WithoutAccessKeys(std::wstring text) {
-  for (std::size_t at = text.find(L'&'); at != std::wstring::npos; at = text.find(L'&', at + 2)) {
-    text.insert(at, 1, L'&');
+  const auto marks = std::count(text.begin(), text.end(), L'&');
+  if (marks == 0) {
+    return text;
   }
-  return text;
+  // Built anew: inserting would take for ever where a long text has nothing else.
+  std::wstring doubled;
+  doubled.reserve(text.size() + static_cast<std::size_t>(marks));
+  for (const wchar_t character : text) {
+    doubled.append(character == L'&' ? 2 : 1, character);
+  }
+  return doubled;
+}
+
+LOGFONTA WithinSight(LOGFONTA logFont) {
+  logFont.lfHeight = std::clamp(logFont.lfHeight, -kMostLetterPixels, kMostLetterPixels);
+  logFont.lfWidth = std::clamp(logFont.lfWidth, -kMostLetterPixels, kMostLetterPixels);
+  return logFont;
 }
 
 }  // namespace
@@ -40,14 +57,14 @@ LOGFONTA ScaledCelFont(const CKivFontEx& font, const TextScale& scale) {
   LOGFONTA logFont = font.GetLogFont(0);
   if (scale.fixedHeight) {
     logFont.lfHeight = PixelsAt(RateOf(scale.dots), kFixedHeight);
-    return logFont;
+    return WithinSight(logFont);
   }
   const auto [width, height] = font.GetMM();
   logFont.lfHeight = ScaledPixels(height, scale.scale, scale.dots.vertical);
   if (std::abs(width) >= kNoWidth) {
     logFont.lfWidth = ScaledPixels(width, scale.scale, scale.dots.horizontal);
   }
-  return logFont;
+  return WithinSight(logFont);
 }
 
 CelPainter::CelPainter(HDC deviceContext, CelStyle style, const TextScale& scale)
@@ -92,8 +109,8 @@ void CelPainter::Draw(const CLayoutCelData& cel, const CRect& rect, int kind) {
 void CelPainter::DrawCelText(const CLayoutCelData& cel, CRect rect) {
   const CKivFontEx& font = *cel.GetFont();
   UseFont(ScaledCelFont(font, m_scale));
-  ::SetTextColor(m_hDC, font.GetColor());
-  ::SetBkColor(m_hDC, font.GetBackColor());
+  ::SetTextColor(m_hDC, PlainColor(font.GetColor()));
+  ::SetBkColor(m_hDC, PlainColor(font.GetBackColor()));
   const std::wstring text = WithoutAccessKeys(WideFromCodePage(cel.TextView()));
   ::DrawTextW(m_hDC, text.c_str(), static_cast<int>(text.size()), &rect,
               kVerticalPlaces[font.GetVPos()] | kHorizontalPlaces[font.GetHPos()] | DT_SINGLELINE);
@@ -124,7 +141,7 @@ void CelPainter::DrawEdges(const CLayoutCelData& cel, const CRect& rect, int kin
   };
   const COLORREF color = kind == kNormalCel     ? kBlack
                          : kind == kSelectedCel ? kRed
-                                                : cel.GetFont()->GetBackColor();
+                                                : PlainColor(cel.GetFont()->GetBackColor());
   for (const bool shown : {true, false}) {
     for (const Edge& edge : edges) {
       if (edge.shown == shown) {

@@ -45,6 +45,7 @@ void CLayoutListEditDlg::ReadSettings() {
   CBlockEditDlg::ReadSettings();
   if (const std::optional<CKivRegistry> registry = Registry()) {
     registry->ReadRegistry(kRealTextSetting, &m_nRealText, sizeof m_nRealText);
+    m_nRealText = m_nRealText != 0 ? 1 : 0;
   }
 }
 

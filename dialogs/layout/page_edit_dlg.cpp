@@ -5,6 +5,7 @@
 #include "framework/code_page.h"
 #include "framework/control_names.h"
 #include "framework/data_exchange.h"
+#include "framework/device_context.h"
 #include "framework/file_dialog.h"
 #include "framework/message_box.h"
 #include "framework/module_state.h"
@@ -127,8 +128,12 @@ void CPageEditDlg::ReadSettings() {
   if (const std::optional<CKivRegistry> registry = Registry()) {
     registry->ReadRegistry("TextColor", &m_btnTextColor.m_color, sizeof(COLORREF));
     registry->ReadRegistry("BackColor", &m_btnBackColor.m_color, sizeof(COLORREF));
+    for (CKivColorButton* const button : {&m_btnTextColor, &m_btnBackColor}) {
+      button->m_color = quorvel::PlainColor(button->m_color);
+    }
     if (m_settings.appendSetting != nullptr) {
       registry->ReadRegistry(m_settings.appendSetting, &m_nAppend, sizeof m_nAppend);
+      m_nAppend = m_nAppend != 0 ? 1 : 0;
     }
   }
 }

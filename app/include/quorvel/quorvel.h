@@ -14,6 +14,8 @@
 // monitor is taken exactly, any other is moved by the least that makes the whole dialog visible.
 // Null centres the dialog over the active window. Where a pointer that carries a value is null, the
 // entry opens nothing and returns what it returns for a dialog that cannot be created.
+// Colours are 0x00BBGGRR; a highest byte that is not 0 does not count, and comes back as 0 when
+// confirmed. Of a caption the first 1,000 characters are shown.
 #pragma once
 
 #include "framework/base_types.h"
