@@ -62,26 +62,44 @@ private:
   HANDLE m_hContext = nullptr;
 };
 
-/// The classes of the controls that were made in one activation context, by their atoms. A context
-/// leads from a class's name to one version of the class; Wine opens the library of that version
-/// anew for each control that is made by the name, which takes longer than making the control.
+/// A class by what makes it known without its name.
+struct WindowClass {
+  ATOM atom = 0;
+  ULONG_PTR procedure = 0;
+
+  static WindowClass Of(HWND window) {
+    return {static_cast<ATOM>(::GetClassLongPtrW(window, GCW_ATOM)),
+            ::GetClassLongPtrW(window, GCLP_WNDPROC)};
+  }
+};
+
+/// The classes of the controls that were made in one activation context. A context leads from a
+/// class's name to one version of the class; Wine opens the library of that version anew for each
+/// control that is made by the name, which takes longer than making the control.
 class ClassesOfContext {
 public:
-  /// 0 where no control of the class has been made in the context in force.
-  ATOM Find(const wchar_t* className) {
+  /// Without an atom where no control of the class has been made in the context in force.
+  WindowClass Find(const wchar_t* className) {
     const std::lock_guard lock(m_mutex);
     TakeContextInForce();
     const std::size_t place = PlaceOf(className);
-    return place < m_atoms.size() ? m_atoms[place] : ATOM{0};
+    return place < m_classes.size() ? m_classes[place] : WindowClass{};
   }
 
   void Keep(const wchar_t* className, HWND made) {
     const std::lock_guard lock(m_mutex);
     TakeContextInForce();
     const std::size_t place = PlaceOf(className);
-    if (place < m_atoms.size()) {
-      m_atoms[place] = static_cast<ATOM>(::GetClassLongPtrW(made, GCW_ATOM));
+    if (place < m_classes.size() && !m_bNamesOnly) {
+      m_classes[place] = WindowClass::Of(made);
     }
+  }
+
+  /// From now on nothing is found.
+  void UseNamesOnly() {
+    const std::lock_guard lock(m_mutex);
+    m_bNamesOnly = true;
+    m_classes = {};
   }
 
 private:
@@ -99,13 +117,14 @@ private:
     CurrentContext current;
     if (current.Get() != m_context.Get()) {
       m_context.Swap(current);
-      m_atoms = {};
+      m_classes = {};
     }
   }
 
   std::mutex m_mutex;
   CurrentContext m_context;  ///< kept, so that no other gets its handle
-  std::array<ATOM, kNames.size()> m_atoms{};
+  std::array<WindowClass, kNames.size()> m_classes{};
+  bool m_bNamesOnly = false;
 };
 
 ClassesOfContext& Classes() {
@@ -128,9 +147,15 @@ HWND CreateControlWindow(const ControlWindow& control, HWND parent) {
     const WithoutTheme plain;
     return Create(control, control.className, parent);
   }
-  const ATOM known = Classes().Find(control.className);
-  if (known != 0) {
-    return Create(control, MAKEINTRESOURCEW(known), parent);
+  const WindowClass known = Classes().Find(control.className);
+  if (known.atom != 0) {
+    const HWND byAtom = Create(control, MAKEINTRESOURCEW(known.atom), parent);
+    if (byAtom == nullptr || ::GetClassLongPtrW(byAtom, GCLP_WNDPROC) == known.procedure) {
+      return byAtom;
+    }
+    // A platform whose atoms stand for the name, not for the version of the class.
+    ::DestroyWindow(byAtom);
+    Classes().UseNamesOnly();
   }
   const HWND made = Create(control, control.className, parent);
   if (made != nullptr) {
