@@ -1,7 +1,7 @@
 # The kinds of target that the folders are made of.
 
 option(QUORVEL_SANITIZE "Native build: address and undefined-behaviour sanitizers" OFF)
-option(QUORVEL_COVERAGE "Native build: count the lines that the tests reach" OFF)
+option(QUORVEL_COVERAGE "Count the lines that the tests reach" OFF)
 option(QUORVEL_FUZZ "Native build with clang: fuzzers, with the sanitizers" OFF)
 
 add_library(quorvel_options INTERFACE)
@@ -32,7 +32,8 @@ elseif(QUORVEL_FUZZ)
   target_compile_options(quorvel_options INTERFACE -fsanitize=fuzzer-no-link,address,undefined
                                                    -fno-sanitize-recover=all -g)
   target_link_options(quorvel_options INTERFACE -fsanitize=address,undefined)
-elseif(QUORVEL_COVERAGE)
+endif()
+if(QUORVEL_COVERAGE)
   target_compile_options(quorvel_options INTERFACE --coverage -O0 -g)
   target_link_options(quorvel_options INTERFACE --coverage)
 endif()
