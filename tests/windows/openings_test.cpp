@@ -2,7 +2,6 @@
 // half cancelled, leave nothing behind.
 //
 // The dialogs are worked by their owner, once they have been painted whole.
-#include "driver/crash_guard.h"
 #include "driver/dialog_owner.h"
 #include "driver/leak_counters.h"
 #include "support/layout_dialogs.h"
@@ -100,12 +99,3 @@ TEST_P(Openings, LeaveNothingBehind) {
 
 }  // namespace
 }  // namespace quorvel::test
-
-int main(int argc, char** argv) {
-  quorvel::driver::InstallCrashGuard();
-  ::testing::InitGoogleTest(&argc, argv);
-  for (const wchar_t* module : {L"Frame64.dll", L"KivFcl64.dll", L"Quorvel.dll"}) {
-    quorvel::driver::WatchHooksAndTimers(::GetModuleHandleW(module));
-  }
-  return RUN_ALL_TESTS();
-}

@@ -9,7 +9,6 @@
 //   QUORVEL_SOAK_SEED     where the seeds begin; otherwise kSeed
 //   QUORVEL_SOAK_RUN      one run anew, as "SelRgb 20240417 2000": dialog, seed and steps
 //   QUORVEL_SOAK_RECORD   the file for the record of the run that is under way
-#include "driver/crash_guard.h"
 #include "driver/leak_counters.h"
 #include "soak/editor_user.h"
 #include "support/layout_dialogs.h"
@@ -201,12 +200,3 @@ TEST_P(SoakOfOneDialog, IsReplayedByItsSeed) {
 
 }  // namespace
 }  // namespace quorvel::test
-
-int main(int argc, char** argv) {
-  quorvel::driver::InstallCrashGuard();
-  ::testing::InitGoogleTest(&argc, argv);
-  for (const wchar_t* module : {L"Frame64.dll", L"KivFcl64.dll", L"Quorvel.dll"}) {
-    quorvel::driver::WatchHooksAndTimers(::GetModuleHandleW(module));
-  }
-  return RUN_ALL_TESTS();
-}
