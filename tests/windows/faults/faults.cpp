@@ -50,16 +50,16 @@ struct StandIn;
 
 template <std::size_t Index, class Result, class... Arguments>
 struct StandIn<Index, Result(Arguments...)> {
-  static inline Result (*original)(Arguments...) = nullptr;
-  static inline Result failure{};
-  static inline DWORD error = 0;
+  static inline Result (*s_original)(Arguments...) = nullptr;
+  static inline Result s_failure{};
+  static inline DWORD s_error = 0;
 
   static Result Call(Arguments... arguments) {
     if (FailsNow(Index)) {
-      SetLastError(error);
-      return failure;
+      SetLastError(s_error);
+      return s_failure;
     }
-    return original(arguments...);
+    return s_original(arguments...);
   }
 };
 
@@ -73,10 +73,10 @@ struct Faulty {
 template <std::size_t Index, class Function, class Failure>
 Faulty Row(const char* name, Failure failure, DWORD error, const char* module = nullptr) {
   using Own = StandIn<Index, Function>;
-  Own::failure = failure;
-  Own::error = error;
+  Own::s_failure = failure;
+  Own::s_error = error;
   return {name, module, reinterpret_cast<void*>(&Own::Call), [](void* original) {
-            Own::original = reinterpret_cast<decltype(Own::original)>(original);
+            Own::s_original = reinterpret_cast<decltype(Own::s_original)>(original);
           }};
 }
 

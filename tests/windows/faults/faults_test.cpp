@@ -261,7 +261,7 @@ private:
   Outcome RunWith(const Fault& fault, WORD command) const {
     Answerer::s_run = GetParam().name + ": " + fault.Name();
     const FaultScope scope(fault.function, fault.call);
-    const Outcome outcome = Run(command);
+    Outcome outcome = Run(command);
     const FaultPause pause;
     // The first call always comes; a later one may not, where the first failure changed the rest.
     EXPECT_TRUE(scope.HasFailed() || fault.call > 0) << fault.Name();
