@@ -291,7 +291,7 @@ std::vector<Row> ColourDialogs(int runs) {
     Append(rows, CompareOpening(floor.name, floor.templateId, runs, floor.open));
   }
   rows.push_back(PickerDrag(runs));
-  rows.push_back(SelectPageDrag(runs));
+  rows.push_back(SelectPageDrag(kStepsOfRun * runs));
   rows.push_back(PictureRebuild(runs));
   return rows;
 }

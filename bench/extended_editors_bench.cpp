@@ -251,10 +251,10 @@ Row ListOpening(int runs) {
 
 std::vector<Row> ExtendedEditors(int runs) {
   std::vector<Row> rows = Opening(runs);
-  rows.push_back(Repaint(runs));
-  rows.push_back(BorderDragStep(runs));
+  rows.push_back(Repaint(kStepsOfRun * runs));
+  rows.push_back(BorderDragStep(kStepsOfRun * runs));
   rows.push_back(ListOpening(runs));
-  rows.push_back(ListRepaint(runs));
+  rows.push_back(ListRepaint(kStepsOfRun * runs));
   return rows;
 }
 

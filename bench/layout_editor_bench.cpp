@@ -195,9 +195,9 @@ std::vector<Row> SelectAll(int runs) {
 
 std::vector<Row> LayoutEditor(int runs) {
   std::vector<Row> rows = Opening(runs);
-  rows.push_back(Repaint(runs));
-  rows.push_back(CelCommand(runs));
-  rows.push_back(BorderDragStep(runs));
+  rows.push_back(Repaint(kStepsOfRun * runs));
+  rows.push_back(CelCommand(kStepsOfRun * runs));
+  rows.push_back(BorderDragStep(kStepsOfRun * runs));
   const std::vector<Row> selecting = SelectAll(runs);
   rows.insert(rows.end(), selecting.begin(), selecting.end());
   return rows;

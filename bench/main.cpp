@@ -14,7 +14,7 @@ int main(int argc, char** argv) {
   using namespace quorvel::bench;
   constexpr int kRuns = 200;
   constexpr int kFailed = 2;
-  constexpr int kRunsOfPages = 8;  // one for so many of the others
+  constexpr int kRunsOfPages = 2;  // one for so many of the others
   quorvel::driver::InstallCrashGuard();
   if (argc < 2) {
     std::fputs("quorvel_bench FILE.json [RUNS] | --serve\n", stderr);

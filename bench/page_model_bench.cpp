@@ -242,7 +242,7 @@ Row Memory() {
 
 std::vector<Row> PageModel(int runs) {
   std::vector<Row> rows = Files(runs);
-  for (const auto& family : {Rectangles(runs), Changes(runs), {Memory()}}) {
+  for (const auto& family : {Rectangles(kStepsOfRun * runs), Changes(runs), {Memory()}}) {
     rows.insert(rows.end(), family.begin(), family.end());
   }
   return rows;

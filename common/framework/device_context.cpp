@@ -52,32 +52,49 @@ OwnedBitmap BufferBitmap(const CSize& size) {
 
 }  // namespace
 
-HBITMAP PaintMemory::BitmapFor(const CSize& size) {
-  if (m_bitmap == nullptr || size.cx > m_size.cx || size.cy > m_size.cy) {
-    m_size = {std::max(size.cx, m_size.cx), std::max(size.cy, m_size.cy)};
-    m_bitmap.reset();  // both at once would be twice the memory
-    m_bitmap = BufferBitmap(m_size);
+PaintMemory::~PaintMemory() {
+  ReleaseBitmap();
+  ::DeleteDC(m_hDC);
+}
+
+HDC PaintMemory::DeviceContextFor(HDC target, const CSize& size) {
+  if (m_hDC == nullptr) {
+    m_hDC = ::CreateCompatibleDC(target);
   }
-  return m_bitmap.get();
+  if (m_hDC != nullptr && (m_bitmap == nullptr || size.cx > m_size.cx || size.cy > m_size.cy)) {
+    m_size = {std::max(size.cx, m_size.cx), std::max(size.cy, m_size.cy)};
+    ReleaseBitmap();  // both at once would be twice the memory
+    m_bitmap = BufferBitmap(m_size);
+    m_previous = m_bitmap != nullptr ? ::SelectObject(m_hDC, m_bitmap.get()) : nullptr;
+  }
+  return m_bitmap != nullptr ? m_hDC : nullptr;
+}
+
+void PaintMemory::ReleaseBitmap() {
+  if (m_bitmap != nullptr) {
+    ::SelectObject(m_hDC, m_previous);
+    m_bitmap.reset();
+  }
 }
 
 PaintBuffer::PaintBuffer(HDC target, const CRect& area, PaintMemory* memory)
     : m_target(target),
       m_area(area),
-      m_memory(target),
-      m_bitmap((memory != nullptr ? *memory : m_ownMemory).BitmapFor(area.Size())) {
-  if (m_bitmap != nullptr) {
-    m_previous = ::SelectObject(m_memory.Handle(), m_bitmap);
-    ::SetViewportOrgEx(m_memory.Handle(), -area.left, -area.top, nullptr);
-    ::SetBrushOrgEx(m_memory.Handle(), -area.left, -area.top, nullptr);
+      m_hDC((memory != nullptr ? *memory : m_ownMemory).DeviceContextFor(target, area.Size())) {
+  if (m_hDC != nullptr) {
+    m_stateBefore = ::SaveDC(m_hDC);
+    ::SetViewportOrgEx(m_hDC, -area.left, -area.top, nullptr);
+    ::SetBrushOrgEx(m_hDC, -area.left, -area.top, nullptr);
+    // The bitmap may be much larger, and what is drawn beside the area takes as long.
+    ::IntersectClipRect(m_hDC, area.left, area.top, area.right, area.bottom);
   }
 }
 
 PaintBuffer::~PaintBuffer() {
-  if (m_bitmap != nullptr) {
-    ::BitBlt(m_target, m_area.left, m_area.top, m_area.Width(), m_area.Height(),
-             m_memory.Handle(), m_area.left, m_area.top, SRCCOPY);
-    ::SelectObject(m_memory.Handle(), m_previous);
+  if (m_hDC != nullptr) {
+    ::BitBlt(m_target, m_area.left, m_area.top, m_area.Width(), m_area.Height(), m_hDC, m_area.left,
+             m_area.top, SRCCOPY);
+    ::RestoreDC(m_hDC, m_stateBefore);
   }
 }
 

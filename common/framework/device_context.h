@@ -87,15 +87,24 @@ private:
   HDC m_hDC;
 };
 
-/// What one window's PaintBuffers draw into, kept from one painting to the next: a large bitmap
-/// takes long to make.
+/// What one window's PaintBuffers draw into, kept from one painting to the next: a device context and a
+/// large bitmap take longer to make than a small area to paint.
 class FRAME_API PaintMemory {
 public:
-  /// One that is large enough; null where it cannot be made.
-  HBITMAP BitmapFor(const CSize& size);
+  PaintMemory() = default;
+  ~PaintMemory();
+  PaintMemory(const PaintMemory&) = delete;
+  PaintMemory& operator=(const PaintMemory&) = delete;
+
+  /// A device context like the target's, with a bitmap of at least this size; null where it cannot be made.
+  HDC DeviceContextFor(HDC target, const CSize& size);
 
 private:
+  void ReleaseBitmap();
+
+  HDC m_hDC = nullptr;
   OwnedBitmap m_bitmap;
+  HGDIOBJ m_previous = nullptr;  ///< selected where the bitmap is not
   CSize m_size;
 };
 
@@ -104,21 +113,20 @@ private:
 /// for it, Handle() is the target itself.
 class FRAME_API PaintBuffer {
 public:
-  /// `memory` must outlive the object, and serves one at a time; null for a bitmap of its own.
+  /// `memory` must outlive the object, and serves one at a time; null for one of its own.
   PaintBuffer(HDC target, const CRect& area, PaintMemory* memory = nullptr);
   ~PaintBuffer();
   PaintBuffer(const PaintBuffer&) = delete;
   PaintBuffer& operator=(const PaintBuffer&) = delete;
 
-  HDC Handle() const { return m_bitmap != nullptr ? m_memory.Handle() : m_target; }
+  HDC Handle() const { return m_hDC != nullptr ? m_hDC : m_target; }
 
 private:
   HDC m_target;
   CRect m_area;
-  MemoryDC m_memory;
   PaintMemory m_ownMemory;
-  HBITMAP m_bitmap;  ///< of one of the memories
-  HGDIOBJ m_previous = nullptr;
+  HDC m_hDC;  ///< of one of the memories
+  int m_stateBefore = 0;
 };
 
 /// A colour without its highest byte, which hosts leave undefined and the platform would take for an

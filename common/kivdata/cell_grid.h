@@ -13,6 +13,7 @@
 #include "kivdata/layout_cel_data.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <vector>
 
@@ -119,6 +120,7 @@ public:
   /// rectangles. False, and nothing stored, for a covered cell and a bad index.
   bool RectOf(int index, const CRect* table, CRect& rect) const {
     const CLayoutCelData* const cell = At(index);
+    FetchSizesAhead(cell);
     if (cell != nullptr && cell->GetRowMeargeSize() == 1 && cell->GetColMeargeSize() == 1) {
       rect = table[index];  // most cells; a page is painted by asking for each of them
       return true;
@@ -138,6 +140,13 @@ private:
   }
   CLayoutCelData& Cell(int row, int col) {
     return m_cells[static_cast<std::size_t>(IndexOf(row, col))];
+  }
+  /// Who paints asks for one cell after another, and each has cache lines of its own: those with the
+  /// merge sizes, at a cell's end, are asked for some cells ahead. Past the last cell nothing is fetched.
+  static void FetchSizesAhead(const CLayoutCelData* cell) {
+    constexpr std::uintptr_t kAhead = 17 * sizeof(CLayoutCelData) - 1;
+    // As a number: there need not be a cell. NOLINTNEXTLINE(performance-no-int-to-ptr)
+    __builtin_prefetch(reinterpret_cast<const void*>(reinterpret_cast<std::uintptr_t>(cell) + kAhead));
   }
   bool BlockRectOf(int index, const CRect* table, CRect& rect) const;
   bool IsCovered(int row, int col) const { return Cell(row, col).GetRowMeargeSize() < 1; }

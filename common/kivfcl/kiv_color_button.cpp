@@ -45,6 +45,10 @@ BOOL CKivColorButton::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, 
 
 void CKivColorButton::Draw(const DRAWITEMSTRUCT& draw) const {
   const CRect all(draw.rcItem);
+  if ((draw.itemState & (ODS_DISABLED | ODS_FOCUS | ODS_SELECTED)) == 0) {
+    quorvel::FillSolid(draw.hDC, all, m_color);  // what is filled once does not flicker
+    return;
+  }
   const quorvel::PaintBuffer buffer(draw.hDC, all);
   const HDC deviceContext = buffer.Handle();
   if ((draw.itemState & ODS_DISABLED) != 0) {

@@ -1,6 +1,5 @@
 #include "kivfcl/kiv_slider_ctrl.h"
 
-#include "framework/device_context.h"
 #include "kivfcl/control_class.h"
 #include "kivfcl/control_paint.h"
 #include "kivfcl/spoken_text.h"
@@ -260,7 +259,7 @@ void CKivSliderCtrl::Notify(UINT code) const {
 
 void CKivSliderCtrl::OnPaint() {
   const CPaintDC paint(this);
-  const quorvel::PaintBuffer buffer(paint.Handle(), paint.Area());
+  const quorvel::PaintBuffer buffer(paint.Handle(), paint.Area(), &m_memory);
   Draw(buffer.Handle());
 }
 

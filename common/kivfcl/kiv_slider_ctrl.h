@@ -9,6 +9,7 @@
 //   ON_NOTIFY(KIVSLIDER_MOVED, 120, &CPage::OnSlider)
 #pragma once
 
+#include "framework/device_context.h"
 #include "framework/wnd.h"
 #include "kivfcl/display_rate.h"
 #include "kivfcl/kiv_image_data.h"
@@ -123,6 +124,7 @@ private:
   int m_nPos = 0;
   double m_displayRate = __KivFcl_GetDispRate();
   quorvel::Gradient m_gradient{quorvel::GradientModel::kRgb, kGrey, kGrey};
+  quorvel::PaintMemory m_memory;
   CKivImageData m_strip;  ///< one pixel across, kept until the gradient or the size changes
   bool m_bStripIsOld = true;
   std::optional<DragState> m_drag;

@@ -1,9 +1,8 @@
 #include "dialogs/colour/edit_sel_color.h"
 
 #include "framework/control_names.h"
-#include "framework/device_context.h"
 #include "kivcomm/color_models.h"
-#include "kivfcl/display_rate.h"
+#include "kivfcl/display_pixels.h"
 #include "kivfcl/spoken_text.h"
 
 #include <algorithm>
@@ -127,7 +126,7 @@ void CEditSelColor::ApplyHueAndSaturation(int hue, int saturation) {
   const CPoint marker = quorvel::MarkerOfHsb(m_fieldRect, m_values);
   CRect changed(std::min(m_ptLastMarker.x, marker.x), std::min(m_ptLastMarker.y, marker.y),
                 std::max(m_ptLastMarker.x, marker.x), std::max(m_ptLastMarker.y, marker.y));
-  const int reach = quorvel::DisplayPixels(kMarkerReach);
+  const int reach = quorvel::PixelsAt(m_displayRate, kMarkerReach);
   changed = changed.Grown(reach, reach);
   changed.OffsetRect(-m_fieldRect.left, -m_fieldRect.top);
   m_field.InvalidateRect(changed);
@@ -156,11 +155,11 @@ void CEditSelColor::OnPaint() {
   quorvel::FillFramed(paint.Handle(), m_swatchRect, m_color);
 }
 
-void CEditSelColor::PaintField(const CWnd& field) const {
+void CEditSelColor::PaintField(const CWnd& field) {
   const CPaintDC paint(&field);
   const CRect all = field.GetClientRect();
   // During a drag only the marker's places are painted again.
-  const quorvel::PaintBuffer buffer(paint.Handle(), paint.Area());
+  const quorvel::PaintBuffer buffer(paint.Handle(), paint.Area(), &m_fieldMemory);
   const HDC deviceContext = buffer.Handle();
   m_pPicture->StretchDIBit(deviceContext, 0, 0, all.Width(), all.Height(), 0, 0, all.Width(),
                            all.Height(), SRCCOPY);
@@ -169,7 +168,7 @@ void CEditSelColor::PaintField(const CWnd& field) const {
   const int line = m_values.brightness < kDarkest ? WHITE_PEN : BLACK_PEN;
   const quorvel::SelectedObject pen(deviceContext, ::GetStockObject(line));
   const quorvel::SelectedObject hollow(deviceContext, ::GetStockObject(NULL_BRUSH));
-  const int radius = quorvel::DisplayPixels(kMarkerRadius);
+  const int radius = quorvel::PixelsAt(m_displayRate, kMarkerRadius);
   ::Ellipse(deviceContext, marker.x - radius, marker.y - radius, marker.x + radius,
             marker.y + radius);
   if (::GetFocus() == field.m_hWnd) {

@@ -2,8 +2,10 @@
 #pragma once
 
 #include "dialogs/colour/hue_saturation_field.h"
+#include "framework/device_context.h"
 #include "framework/dialog.h"
 #include "kivdata/sys_env.h"
+#include "kivfcl/display_rate.h"
 #include "kivfcl/kiv_image_data.h"
 #include "kivfcl/kiv_slider_ctrl.h"
 #include "res/ids.h"
@@ -51,7 +53,7 @@ private:
     CEditSelColor& m_page;
   };
 
-  void PaintField(const CWnd& field) const;
+  void PaintField(const CWnd& field);
   void BuildPicture();
   void ApplyPoint(const CPoint& point);
   void ApplyHueAndSaturation(int hue, int saturation);
@@ -61,6 +63,8 @@ private:
 
   CKivSliderCtrl m_slider;
   std::unique_ptr<CKivImageData> m_pPicture;
+  quorvel::PaintMemory m_fieldMemory;
+  double m_displayRate = __KivFcl_GetDispRate();
   quorvel::HsbValues m_values{0, 0, quorvel::kHighestComponent};
   bool m_bDragging = false;
   CPoint m_ptLastMarker;

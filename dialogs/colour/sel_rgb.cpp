@@ -423,16 +423,15 @@ void CSelRGB::DrawField(HDC deviceContext, const CRect& rect) const {
 }
 
 void CSelRGB::DrawBar(HDC deviceContext, const CRect& rect) {
-  const quorvel::PaintBuffer buffer(deviceContext, rect);
   const RgbColour pure =
       quorvel::PureColour(ShownIn(IDC_PICKER_HUE), ShownIn(IDC_PICKER_SATURATION));
   const int height = quorvel::BandHeight(rect.Height());
   int top = rect.top;
   for (const RgbColour& band : quorvel::BarBands(pure)) {
-    quorvel::FillSolid(buffer.Handle(), {rect.left, top, rect.right, top + height}, ColorOf(band));
+    quorvel::FillSolid(deviceContext, {rect.left, top, rect.right, top + height}, ColorOf(band));
     top += height;
   }
   // What 32 equal bands leave over.
-  quorvel::FillSolid(buffer.Handle(), {rect.left, top, rect.right, rect.bottom},
+  quorvel::FillSolid(deviceContext, {rect.left, top, rect.right, rect.bottom},
                      ::GetSysColor(COLOR_BTNFACE));
 }

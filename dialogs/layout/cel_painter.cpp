@@ -84,7 +84,18 @@ CelPainter::~CelPainter() {
   ::SetBkMode(m_hDC, m_nPreviousMode);
 }
 
-void CelPainter::Draw(const CLayoutCelData& cel, const CRect& rect, int kind) {
+bool CelPainter::ShowsText(const CLayoutCelData& cel, const CRect& rect, const CRect& part) const {
+  if (cel.TextView().empty()) {
+    return false;
+  }
+  // A frame is never narrower, and covers the text: a neighbour that is painted again for the line
+  // between them need not be read.
+  constexpr int kInsideOfFrame = 1;
+  const bool framed = m_style == CelStyle::kFramed;
+  return Overlap(framed ? rect.Grown(-kInsideOfFrame, -kInsideOfFrame) : rect, part);
+}
+
+void CelPainter::Draw(const CLayoutCelData& cel, const CRect& rect, int kind, const CRect& part) {
   FillSolid(m_hDC, rect, cel.GetFont()->GetBackColor());
   const bool ruled = m_style == CelStyle::kRuled;
   if (ruled && kind == kSelectedCel) {
@@ -96,7 +107,7 @@ void CelPainter::Draw(const CLayoutCelData& cel, const CRect& rect, int kind) {
     }
     ::SetROP2(m_hDC, operation);
   }
-  if (!cel.TextView().empty()) {
+  if (ShowsText(cel, rect, part)) {
     DrawCelText(cel, rect);
   }
   if (ruled) {

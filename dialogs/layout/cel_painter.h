@@ -42,7 +42,8 @@ public:
   CelPainter& operator=(const CelPainter&) = delete;
 
   /// The frame reaches one pixel of a display at 100 % out of `rect`; a text that does not fit is cut off at it.
-  void Draw(const CLayoutCelData& cel, const CRect& rect, int kind);
+  /// Of what lies outside `part` some is left out.
+  void Draw(const CLayoutCelData& cel, const CRect& rect, int kind, const CRect& part);
 
 private:
   struct Pen {
@@ -57,6 +58,7 @@ private:
     OwnedPen pen;
   };
 
+  bool ShowsText(const CLayoutCelData& cel, const CRect& rect, const CRect& part) const;
   void DrawCelText(const CLayoutCelData& cel, CRect rect);
   void DrawFrame(const CRect& rect, int kind);
   void DrawEdges(const CLayoutCelData& cel, const CRect& rect, int kind);

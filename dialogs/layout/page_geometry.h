@@ -35,6 +35,12 @@ struct SizeInMm {
 /// Of a page at the display's resolution, at least one pixel each way.
 CSize NaturalSize(const SizeInMm& page, const DotsPerInch& dots);
 
+/// Whether two rectangles have a pixel in common.
+inline bool Overlap(const CRect& one, const CRect& other) {
+  return one.left < other.right && other.left < one.right && one.top < other.bottom &&
+         other.top < one.bottom;
+}
+
 /// Pixels of a length in millimetres at a scale, at least one: the size of a cell's letters.
 int ScaledPixels(double millimetres, double scale, double dotsPerInch);
 

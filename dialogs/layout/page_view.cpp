@@ -21,11 +21,6 @@ struct RegionDeleter {
 };
 using OwnedRegion = std::unique_ptr<std::remove_pointer_t<HRGN>, RegionDeleter>;
 
-bool Overlap(const CRect& one, const CRect& other) {
-  return one.left < other.right && other.left < one.right && one.top < other.bottom &&
-         other.top < one.bottom;
-}
-
 }  // namespace
 
 BEGIN_MESSAGE_MAP(CPageView, CStatic)
@@ -209,8 +204,8 @@ void CPageView::PaintCels(quorvel::CelPainter& painter, const CRect& part, int k
       continue;
     }
     const std::optional<CRect> rect = RectOf(index);
-    if (rect && Overlap(WithLines(*rect), part)) {
-      painter.Draw(*cel, *rect, kind);
+    if (rect && quorvel::Overlap(WithLines(*rect), part)) {
+      painter.Draw(*cel, *rect, kind, part);
     }
   }
 }

@@ -16,6 +16,7 @@ namespace {
 constexpr int kWidth = 100;
 constexpr int kHeight = 60;
 constexpr CRect kCel(20, 10, 80, 50);
+constexpr CRect kWhole(0, 0, kWidth, kHeight);
 constexpr std::uint32_t kCanvas = 0x808080;
 constexpr std::uint32_t kWhite = 0xFFFFFF;
 constexpr std::uint32_t kBlack = 0x000000;
@@ -33,11 +34,12 @@ public:
                                       reinterpret_cast<void**>(&m_pixels), nullptr, 0));
   }
 
-  void Draw(const CLayoutCelData& cel, CelStyle style, int kind, const TextScale& scale = kScale) {
+  void Draw(const CLayoutCelData& cel, CelStyle style, int kind, const TextScale& scale = kScale,
+            const CRect& part = kWhole) {
     const MemoryDC memory(nullptr);
     const SelectedObject selected(memory.Handle(), m_bitmap.get());
-    FillSolid(memory.Handle(), {0, 0, kWidth, kHeight}, RGB(0x80, 0x80, 0x80));
-    CelPainter(memory.Handle(), style, scale).Draw(cel, kCel, kind);
+    FillSolid(memory.Handle(), kWhole, RGB(0x80, 0x80, 0x80));
+    CelPainter(memory.Handle(), style, scale).Draw(cel, kCel, kind, part);
     ::GdiFlush();
   }
   std::uint32_t At(int x, int y) const { return m_pixels[y * kWidth + x] & 0xFFFFFF; }
@@ -201,6 +203,33 @@ TEST_F(CelPainting, ATextIsOpaqueInAFrameAndTransparentBetweenRules) {
   EXPECT_GT(m_canvas.Count({22, 13}, {78, 13}, kWhite), 0);
 }
 
+TEST_F(CelPainting, APartLooksAsItDoesInTheWhole) {
+  m_cel.SetText("■■■■■■");
+  m_cel.GetFont()->SetV(10.0);
+  m_cel.SetShowLineHR(0);
+  Canvas whole;
+  for (const CelStyle style : {CelStyle::kFramed, CelStyle::kRuled}) {
+    whole.Draw(m_cel, style, kNormalCel);
+    for (int x = 0; x < kWidth; ++x) {
+      const CRect part(x, 0, x + 1, kHeight);
+      m_canvas.Draw(m_cel, style, kNormalCel, kScale, part);
+      for (int y = 0; y < kHeight; ++y) {
+        ASSERT_EQ(m_canvas.At(x, y), whole.At(x, y)) << static_cast<int>(style) << ": " << x << ", " << y;
+      }
+    }
+  }
+}
+
+TEST_F(CelPainting, AnEdgeAloneIsPaintedWithoutTheText) {
+  m_cel.SetText("■■■■■■");
+  m_cel.GetFont()->SetV(10.0);
+  const CRect edge(kCel.right - 1, kCel.top, kCel.right + 1, kCel.bottom);
+  m_canvas.Draw(m_cel, CelStyle::kFramed, kNormalCel, kScale, edge);
+  EXPECT_EQ(m_canvas.LetterHeight(kWhite), 0);
+  m_canvas.Draw(m_cel, CelStyle::kRuled, kNormalCel, kScale, edge);
+  EXPECT_GT(m_canvas.LetterHeight(kWhite), 0);  // a hidden line lets it show through
+}
+
 TEST_F(CelPainting, LeavesTheDeviceContextAsItWas) {
   const MemoryDC memory(nullptr);
   ::SetTextColor(memory.Handle(), RGB(1, 2, 3));
@@ -213,7 +242,7 @@ TEST_F(CelPainting, LeavesTheDeviceContextAsItWas) {
   m_cel.SetText("a");
   const COLORREF red = RGB(255, 0, 0);
   m_cel.GetFont()->SetColor(&red);
-  CelPainter(memory.Handle(), CelStyle::kRuled, kScale).Draw(m_cel, kCel, kSelectedCel);
+  CelPainter(memory.Handle(), CelStyle::kRuled, kScale).Draw(m_cel, kCel, kSelectedCel, kWhole);
   EXPECT_EQ(::GetTextColor(memory.Handle()), RGB(1, 2, 3));
   EXPECT_EQ(::GetBkColor(memory.Handle()), RGB(4, 5, 6));
   EXPECT_EQ(::GetBkMode(memory.Handle()), OPAQUE);
