@@ -47,12 +47,14 @@ else
 	@$(SESSION) wine $(WINDOWS)/bin/quorvel-gallery.exe
 endif
 
-# The tests of windows beside each other, those that take long first.
+# Beside each other, those that take long first.
 test: native windows run-packages
-	@$(MAKE) --no-print-directory -j3 fuzz
+	@$(MAKE) --no-print-directory -j3 -O openings lint-product native-tests fuzz soak faults windows-tests \
+	  language-tests display-tests
+
+.PHONY: native-tests
+native-tests: native
 	@ctest --test-dir $(NATIVE) --output-on-failure
-	@$(MAKE) --no-print-directory -j3 -O openings lint-product soak faults windows-tests language-tests \
-	  display-tests
 
 # On displays of their own.
 .PHONY: windows-tests openings openings-0 openings-1

@@ -38,6 +38,14 @@ if(QUORVEL_COVERAGE)
   target_link_options(quorvel_options INTERFACE --coverage)
 endif()
 
+# Of tests, which take longer to build than to run: not optimised, but where the compiler is to tell all
+# that it can find out.
+add_library(quorvel_test_options INTERFACE)
+target_link_libraries(quorvel_test_options INTERFACE quorvel_options)
+if(NOT CMAKE_DISABLE_PRECOMPILE_HEADERS)
+  target_compile_options(quorvel_test_options INTERFACE -O0)
+endif()
+
 # Parsing headers was four fifths of the time for a source; a target does that for the usual ones once.
 # In precompiled headers GCC 12 no longer knows which are the system's, and tells of faults in them that
 # are none. `make lint` compiles without them, and where lines are counted or fuzzed there are none.

@@ -17,6 +17,9 @@
 
 namespace quorvel::driver {
 
+/// The field for the name in the platform's dialog for files.
+inline constexpr int kFileNameField = 1148;
+
 /// The visible, enabled dialog windows of this thread, topmost first.
 std::vector<HWND> VisibleDialogs();
 

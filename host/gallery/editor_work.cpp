@@ -23,11 +23,10 @@ using driver::ClientRectOf;
 using driver::Control;
 using driver::DialogWithControl;
 using driver::DialogWithTitle;
+using driver::kFileNameField;
 using driver::ModalScript;
 using driver::Painted;
 
-/// The name in the system's dialogs for files.
-constexpr int kFileNameId = 1148;
 /// Around the page in its picture.
 constexpr std::uint32_t kAroundPage = 0xBFBFBF;
 
@@ -140,8 +139,8 @@ void Then(ModalScript& script, const wchar_t* title, ModalScript::Action action)
 }
 
 void EnterFileName(ModalScript& script, const std::filesystem::path& file) {
-  script.When(Painted(DialogWithControl(kFileNameId)), [file](HWND dialog) {
-    ::SetDlgItemTextW(dialog, kFileNameId, file.c_str());
+  script.When(Painted(DialogWithControl(kFileNameField)), [file](HWND dialog) {
+    ::SetDlgItemTextW(dialog, kFileNameField, file.c_str());
     Click(dialog, IDOK);
   });
 }

@@ -1,5 +1,6 @@
 // Every call of the platform that a dialog makes from its opening to its end, while it is worked, fails
 // once: the entry then returns, the caller's variables are as they were unless the user confirmed, and nothing is left.
+#include "driver/controls.h"
 #include "driver/leak_counters.h"
 #include "faults/faults.h"
 #include "res/ids.h"
@@ -20,9 +21,8 @@ namespace quorvel::test {
 namespace {
 
 using driver::CountResources;
+using driver::kFileNameField;
 using driver::LeakCounters;
-
-constexpr int kFileNameField = 1148;  // of the platform's file dialog
 
 /// A page of each kind to open and to save over.
 class Files {

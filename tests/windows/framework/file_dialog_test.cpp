@@ -13,8 +13,6 @@
 namespace quorvel::test {
 namespace {
 
-/// Of the platform's dialog.
-constexpr int kNameBox = 1148;
 constexpr const char* kFilter = "試験 (*.mtpld)|*.mtpld||";
 constexpr DWORD kOpenFlags = OFN_HIDEREADONLY | OFN_PATHMUSTEXIST | OFN_FILEMUSTEXIST |
                              OFN_EXPLORER | OFN_NODEREFERENCELINKS;
@@ -26,10 +24,10 @@ std::wstring CurrentFolder() {
   return folder.data();
 }
 
-Condition FileDialogShown() { return Painted(DialogWithControl(kNameBox)); }
+Condition FileDialogShown() { return Painted(DialogWithControl(kFileNameField)); }
 
 void EnterName(HWND dialog, const std::wstring& name) {
-  ::SetDlgItemTextW(dialog, kNameBox, name.c_str());
+  ::SetDlgItemTextW(dialog, kFileNameField, name.c_str());
   ::PostMessageW(dialog, WM_COMMAND, IDOK, 0);
 }
 
@@ -163,7 +161,7 @@ TEST_F(FileDialog, ShowsItsFilterAndTheNameGiven) {
   constexpr int kTypeBox = 1136;
   ModalScript script;
   script.When(FileDialogShown(), [&](HWND window) {
-    EXPECT_EQ(Text(window, kNameBox), L"前の名前.mtpld");
+    EXPECT_EQ(Text(window, kFileNameField), L"前の名前.mtpld");
     const HWND types = Control(window, kTypeBox);
     EXPECT_EQ(::SendMessageW(types, CB_GETCOUNT, 0, 0), 2);
     EXPECT_EQ(Text(types), L"ｿー図 (*.mtpld)");

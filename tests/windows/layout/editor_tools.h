@@ -16,7 +16,6 @@
 namespace quorvel::test {
 
 inline constexpr int kCelTextEdit = 200;
-inline constexpr int kFileNameField = 1148;  // of the platform's file dialog
 
 /// A command of a tool bar or a menu, carried out when the call returns.
 inline void Command(HWND dialog, UINT command) { ::SendMessageW(dialog, WM_COMMAND, command, 0); }

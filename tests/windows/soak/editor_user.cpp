@@ -16,8 +16,9 @@ namespace quorvel::test {
 
 namespace {
 
+using driver::kFileNameField;
+
 constexpr int kMessageBoxText = 0xFFFF;
-constexpr int kFileNameField = 1148;  // of the platform's file dialog
 constexpr std::array kBoxButtons{IDOK, IDYES, IDNO, IDCANCEL};
 
 constexpr std::array kMouseMessages{UINT{WM_LBUTTONDOWN}, UINT{WM_LBUTTONUP},
