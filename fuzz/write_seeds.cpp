@@ -145,7 +145,7 @@ void WriteHostValues(const std::filesystem::path& top) {
   const SeedFolder folder(top / "host_value");
   // The last one is in full width.
   const std::array texts{"12345678", "-1.2345e-5", " +2147483648 ", "nan", "inf",
-                         "\x82\x50\x81\x44\x82\x51"};
+                         "12e9223372036854775807", "\x82\x50\x81\x44\x82\x51"};
   for (std::size_t i = 0; i < texts.size(); ++i) {
     folder.Write("text" + std::to_string(i), texts.at(i));
   }

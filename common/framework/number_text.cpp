@@ -84,7 +84,7 @@ bool IsAboveOne(std::string_view number) {
       return !text.starts_with('-');
     }
   }
-  return point - firstDigit + exponent > 0;
+  return exponent > firstDigit - point;  // the exponent may be the largest number there is
 }
 
 }  // namespace

@@ -84,8 +84,10 @@ TEST(ReadLeadingNumber, GoesToInfinityOrZeroBeyondTheRange) {
   EXPECT_EQ(ReadLeadingNumber(std::string(400, '9') + ".5"), kInfinity);
   EXPECT_EQ(ReadLeadingNumber(std::string(400, '9') + "e-50"), kInfinity);
   EXPECT_EQ(ReadLeadingNumber("1e99999999999999999999"), kInfinity);
+  EXPECT_EQ(ReadLeadingNumber("12e9223372036854775807"), kInfinity);
   EXPECT_EQ(ReadLeadingNumber("1e-400"), 0.0);
   EXPECT_EQ(ReadLeadingNumber("1e-99999999999999999999"), 0.0);
+  EXPECT_EQ(ReadLeadingNumber(".01e-9223372036854775808"), 0.0);
   EXPECT_EQ(ReadLeadingNumber("0." + std::string(400, '0') + "1"), 0.0);
   EXPECT_EQ(ReadLeadingNumber("0." + std::string(400, '0') + "1e+5"), 0.0);
   EXPECT_TRUE(std::signbit(ReadLeadingNumber("-1e-400")));
