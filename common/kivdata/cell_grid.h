@@ -141,12 +141,14 @@ private:
   CLayoutCelData& Cell(int row, int col) {
     return m_cells[static_cast<std::size_t>(IndexOf(row, col))];
   }
-  /// Who paints asks for one cell after another, and each has cache lines of its own: those with the
-  /// merge sizes, at a cell's end, are asked for some cells ahead. Past the last cell nothing is fetched.
+  /// Who paints asks for one cell after another, and each has cache lines of its own: those with
+  /// the merge sizes, at a cell's end, are asked for some cells ahead. Where there is no cell any
+  /// more that does nothing.
   static void FetchSizesAhead(const CLayoutCelData* cell) {
     constexpr std::uintptr_t kAhead = 17 * sizeof(CLayoutCelData) - 1;
+    const std::uintptr_t address = reinterpret_cast<std::uintptr_t>(cell) + kAhead;
     // As a number: there need not be a cell. NOLINTNEXTLINE(performance-no-int-to-ptr)
-    __builtin_prefetch(reinterpret_cast<const void*>(reinterpret_cast<std::uintptr_t>(cell) + kAhead));
+    __builtin_prefetch(reinterpret_cast<const void*>(address));
   }
   bool BlockRectOf(int index, const CRect* table, CRect& rect) const;
   bool IsCovered(int row, int col) const { return Cell(row, col).GetRowMeargeSize() < 1; }
