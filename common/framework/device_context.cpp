@@ -52,29 +52,19 @@ OwnedBitmap BufferBitmap(const CSize& size) {
 
 }  // namespace
 
-PaintMemory::~PaintMemory() {
-  ReleaseBitmap();
-  ::DeleteDC(m_hDC);
-}
-
 HDC PaintMemory::DeviceContextFor(HDC target, const CSize& size) {
-  if (m_hDC == nullptr) {
-    m_hDC = ::CreateCompatibleDC(target);
-  }
-  if (m_hDC != nullptr && (m_bitmap == nullptr || size.cx > m_size.cx || size.cy > m_size.cy)) {
+  if (!m_bitmap || size.cx > m_size.cx || size.cy > m_size.cy) {
     m_size = {std::max(size.cx, m_size.cx), std::max(size.cy, m_size.cy)};
-    ReleaseBitmap();  // both at once would be twice the memory
-    m_bitmap = BufferBitmap(m_size);
-    m_previous = m_bitmap != nullptr ? ::SelectObject(m_hDC, m_bitmap.get()) : nullptr;
-  }
-  return m_bitmap != nullptr ? m_hDC : nullptr;
-}
-
-void PaintMemory::ReleaseBitmap() {
-  if (m_bitmap != nullptr) {
-    ::SelectObject(m_hDC, m_previous);
+    // Before the new one is made: both at once would be twice the memory.
+    m_selected.reset();
     m_bitmap.reset();
+    m_deviceContext.emplace(target);
+    if (m_deviceContext->Handle() != nullptr) {
+      m_bitmap = BufferBitmap(m_size);
+      m_selected.emplace(m_deviceContext->Handle(), m_bitmap.get());
+    }
   }
+  return m_bitmap ? m_deviceContext->Handle() : nullptr;
 }
 
 PaintBuffer::PaintBuffer(HDC target, const CRect& area, PaintMemory* memory)
@@ -83,6 +73,10 @@ PaintBuffer::PaintBuffer(HDC target, const CRect& area, PaintMemory* memory)
       m_hDC((memory != nullptr ? *memory : m_ownMemory).DeviceContextFor(target, area.Size())) {
   if (m_hDC != nullptr) {
     m_stateBefore = ::SaveDC(m_hDC);
+    if (m_stateBefore == 0) {
+      m_hDC = nullptr;  // what is set now would stay for the next painting
+      return;
+    }
     ::SetViewportOrgEx(m_hDC, -area.left, -area.top, nullptr);
     ::SetBrushOrgEx(m_hDC, -area.left, -area.top, nullptr);
     // The bitmap may be much larger, and what is drawn beside the area takes as long.

@@ -9,6 +9,7 @@
 #include "framework/wnd.h"
 
 #include <memory>
+#include <optional>
 #include <type_traits>
 
 /// That of a window's client area.
@@ -91,20 +92,14 @@ private:
 /// large bitmap take longer to make than a small area to paint.
 class FRAME_API PaintMemory {
 public:
-  PaintMemory() = default;
-  ~PaintMemory();
-  PaintMemory(const PaintMemory&) = delete;
-  PaintMemory& operator=(const PaintMemory&) = delete;
-
   /// A device context like the target's, with a bitmap of at least this size; null where it cannot be made.
   HDC DeviceContextFor(HDC target, const CSize& size);
 
 private:
-  void ReleaseBitmap();
-
-  HDC m_hDC = nullptr;
+  // They end in the opposite order: the bitmap when it is no longer selected.
+  std::optional<MemoryDC> m_deviceContext;
   OwnedBitmap m_bitmap;
-  HGDIOBJ m_previous = nullptr;  ///< selected where the bitmap is not
+  std::optional<SelectedObject> m_selected;
   CSize m_size;
 };
 

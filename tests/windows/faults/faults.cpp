@@ -120,6 +120,7 @@ const auto& AllFaulty() {
       Row<32, decltype(LoadResource)>("LoadResource", nullptr, kMemory),
       Row<33, decltype(FindResourceW)>("FindResourceW", nullptr, ERROR_RESOURCE_NAME_NOT_FOUND),
       Row<34, decltype(GetTextExtentPoint32W)>("GetTextExtentPoint32W", FALSE, kMemory),
+      Row<35, decltype(SaveDC)>("SaveDC", 0, kMemory),
   };
   static_assert(std::tuple_size_v<std::remove_cvref_t<decltype(all)>> <= kMostFunctions);
   return all;
