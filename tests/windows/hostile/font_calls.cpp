@@ -20,7 +20,6 @@ struct FontCall {
   const char* title = "t";
   BOOL fixedColour = FALSE;
   UINT enableMask = QUORVEL_FONT_ALL;
-  CKivSysEnv* env = nullptr;
 };
 
 double RateOf(double dotsPerMm) {
@@ -46,7 +45,7 @@ bool IsShownSize(const FontCall& call) {
 
 Outcome RunFont(const FontCall& call) {
   CKivFont font = static_cast<const CKivFont&>(call.font);
-  const bool confirmed = __SelFontDlg(call.env, &font, call.dotsPerMm, call.title, TRUE,
+  const bool confirmed = __SelFontDlg(nullptr, &font, call.dotsPerMm, call.title, TRUE,
                                       call.fixedColour, call.enableMask) != FALSE;
   if (confirmed) {
     EXPECT_TRUE(IsSameFont(font, static_cast<const CKivFont&>(Confirmed(call))));
@@ -56,7 +55,7 @@ Outcome RunFont(const FontCall& call) {
 
 Outcome RunFontEx(const FontCall& call) {
   CKivFontEx font = call.font;
-  const bool confirmed = __SelFontExDlg(call.env, &font, call.dotsPerMm, call.title,
+  const bool confirmed = __SelFontExDlg(nullptr, &font, call.dotsPerMm, call.title,
                                         call.fixedColour, call.enableMask) != FALSE;
   if (confirmed) {
     CKivFontEx expected = Confirmed(call);

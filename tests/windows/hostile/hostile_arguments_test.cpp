@@ -14,6 +14,8 @@ std::string NameOf(const ::testing::TestParamInfo<HostileArgument>& info) { retu
 INSTANTIATE_TEST_SUITE_P(Fonts, HostileArguments, ::testing::ValuesIn(FontArguments()), NameOf);
 INSTANTIATE_TEST_SUITE_P(Colours, HostileArguments, ::testing::ValuesIn(ColourArguments()), NameOf);
 INSTANTIATE_TEST_SUITE_P(Pages, HostileArguments, ::testing::ValuesIn(PageArguments()), NameOf);
+INSTANTIATE_TEST_SUITE_P(Environments, HostileArguments, ::testing::ValuesIn(EnvironmentArguments()),
+                         NameOf);
 INSTANTIATE_TEST_SUITE_P(Input, HostileArguments, ::testing::ValuesIn(InputArguments()), NameOf);
 
 TEST_P(HostileArguments, DoNoHarm) { ExpectHarmless(GetParam()); }

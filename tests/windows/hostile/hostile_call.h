@@ -70,5 +70,6 @@ std::vector<HostileArgument> InputArguments();
 std::vector<HostileArgument> FontArguments();
 std::vector<HostileArgument> ColourArguments();
 std::vector<HostileArgument> PageArguments();
+std::vector<HostileArgument> EnvironmentArguments();
 
 }  // namespace quorvel::test
