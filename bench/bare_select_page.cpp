@@ -16,6 +16,7 @@ constexpr const wchar_t* kCanvasClass = L"QuorvelBenchCanvas";
 constexpr POINT kCorner{20, 700};
 constexpr SIZE kFrameSize{400, 250};
 constexpr int kMarkerRadius = 3;
+constexpr int kFocusFrame = 2;
 constexpr int kMarkerReach = 4;
 constexpr int kPictureBits = 24;
 constexpr int kStripBits = 32;
@@ -64,7 +65,8 @@ BareSelectPage::BareSelectPage(const HsbValues& values) : m_context(Product()), 
   m_swatchRect = RectOfItem(m_page, IDC_COLOUR_SWATCH);
   m_fieldRect = RectOfItem(m_page, IDC_COLOUR_FIELD);
   const CSize pictureSize(m_fieldRect.Width() + 1, m_fieldRect.Height() + 1);
-  m_field = CreateCanvas({m_fieldRect.TopLeft(), pictureSize});
+  m_pictureRect = {CPoint(kFocusFrame, kFocusFrame), pictureSize};
+  m_field = CreateCanvas(CRect(m_fieldRect.TopLeft(), pictureSize).Grown(kFocusFrame, kFocusFrame));
   const CRect sliderRect = RectOfItem(m_page, IDC_COLOUR_BRIGHTNESS);
   m_slider = CreateCanvas(sliderRect);
 
@@ -91,7 +93,7 @@ HWND BareSelectPage::CreateCanvas(const CRect& rect) {
 }
 
 CPoint BareSelectPage::Marker() const {
-  return MarkerOfHsb({CPoint(0, 0), m_fieldRect.Size()}, m_values);
+  return MarkerOfHsb({m_pictureRect.TopLeft(), m_fieldRect.Size()}, m_values);
 }
 
 void BareSelectPage::Prepare(const CPoint& point) {
@@ -173,16 +175,19 @@ void BareSelectPage::PaintSwatch() const {
 void BareSelectPage::PaintField() const {
   const Painting paint(m_field);
   const CRect area = paint.Area();
-  ::BitBlt(paint.Handle(), area.left, area.top, area.Width(), area.Height(), m_picture->Handle(),
-           area.left, area.top, SRCCOPY);
+  if (!m_pictureRect.Contains(area)) {
+    CRect all;
+    ::GetClientRect(m_field, &all);
+    ::FillRect(paint.Handle(), &all, ::GetSysColorBrush(COLOR_BTNFACE));
+    ::DrawFocusRect(paint.Handle(), &all);
+  }
+  ::BitBlt(paint.Handle(), m_pictureRect.left, m_pictureRect.top, m_pictureRect.Width(),
+           m_pictureRect.Height(), m_picture->Handle(), 0, 0, SRCCOPY);
   const SelectedObject pen(paint.Handle(), ::GetStockObject(BLACK_PEN));
   const SelectedObject hollow(paint.Handle(), ::GetStockObject(NULL_BRUSH));
   const CPoint marker = Marker();
   ::Ellipse(paint.Handle(), marker.x - kMarkerRadius, marker.y - kMarkerRadius,
             marker.x + kMarkerRadius, marker.y + kMarkerRadius);
-  CRect all;
-  ::GetClientRect(m_field, &all);
-  ::DrawFocusRect(paint.Handle(), &all);
 }
 
 void BareSelectPage::PaintSlider() const {

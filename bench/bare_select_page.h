@@ -49,7 +49,8 @@ private:
   HsbValues m_values;
   COLORREF m_color = 0;
   CRect m_swatchRect;
-  CRect m_fieldRect;  ///< its right and lower edge belong to it
+  CRect m_fieldRect;    ///< its right and lower edge belong to it
+  CRect m_pictureRect;  ///< in the field's canvas
   CRect m_changed;    ///< of the field's window
   CRect m_thumb;      ///< of the slider's window, as the next
   CRect m_strip;

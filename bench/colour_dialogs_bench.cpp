@@ -195,7 +195,7 @@ Row PickerDrag(int runs) {
 }
 
 void RequireSamePage(HWND page, const BareSelectPage& bare) {
-  Require(ReadPixels(Control(page, IDC_COLOUR_FIELD)) == ReadPixels(bare.FieldWindow()),
+  Require(ReadPixels(Control(page, IDC_COLOUR_FIELD_PICTURE)) == ReadPixels(bare.FieldWindow()),
           "the bare page paints another field");
   Require(ReadPixels(Control(page, IDC_COLOUR_BRIGHTNESS)) == ReadPixels(bare.SliderWindow()),
           "the bare page paints another slider");
@@ -218,7 +218,6 @@ Row SelectPageDrag(int runs) {
   });
   script.When(Painted(DialogWithControl(IDC_COLOUR_TABS)), [&](HWND dialog) {
     const HWND page = driver::ShownPage(dialog);
-    // The picture's last line and column are the field's edge.
     const CRect field(driver::ClientRectOf(Control(page, IDC_COLOUR_FIELD)));
     BareSelectPage bare({225, 204, 255});  // as the dialog takes its colour
     seconds = DragMedians(page, bare, field.TopLeft(), field.Size(), runs,

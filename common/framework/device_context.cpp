@@ -108,4 +108,14 @@ void FillFramed(HDC deviceContext, const CRect& rect, COLORREF color) {
   ::FrameRect(deviceContext, &rect, static_cast<HBRUSH>(::GetStockObject(BLACK_BRUSH)));
 }
 
+void FillAsBehind(HDC deviceContext, HWND control) {
+  // The parent knows.
+  auto* const brush = reinterpret_cast<HBRUSH>(
+      ::SendMessageW(::GetParent(control), WM_CTLCOLORSTATIC,
+                     reinterpret_cast<WPARAM>(deviceContext), reinterpret_cast<LPARAM>(control)));
+  RECT client{};
+  ::GetClientRect(control, &client);
+  ::FillRect(deviceContext, &client, brush != nullptr ? brush : ::GetSysColorBrush(COLOR_BTNFACE));
+}
+
 }  // namespace quorvel

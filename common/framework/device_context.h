@@ -140,4 +140,7 @@ FRAME_API void FrameSolid(HDC deviceContext, const CRect& rect, COLORREF color);
 /// Fills with one colour and draws a black line, 1 pixel wide, along the inside of the edges.
 FRAME_API void FillFramed(HDC deviceContext, const CRect& rect, COLORREF color);
 
+/// Fills the client area of a control as its parent looks behind it.
+FRAME_API void FillAsBehind(HDC deviceContext, HWND control);
+
 }  // namespace quorvel

@@ -49,6 +49,9 @@ struct CRect : tagRECT {
   constexpr bool Contains(const CPoint& point) const {
     return left <= point.x && point.x < right && top <= point.y && point.y < bottom;
   }
+  constexpr bool Contains(const CRect& other) const {
+    return left <= other.left && top <= other.top && other.right <= right && other.bottom <= bottom;
+  }
   /// Grown by `dx` at the left and the right edge, by `dy` at the top and the bottom.
   constexpr CRect Grown(int dx, int dy) const {
     return {left - dx, top - dy, right + dx, bottom + dy};

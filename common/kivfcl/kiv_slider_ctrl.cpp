@@ -279,12 +279,7 @@ void CKivSliderCtrl::Draw(HDC deviceContext) {
 }
 
 void CKivSliderCtrl::DrawBackground(HDC deviceContext) const {
-  // The parent knows what it looks like behind its controls.
-  const CRect client = GetClientRect();
-  auto* brush = reinterpret_cast<HBRUSH>(
-      ::SendMessageW(::GetParent(m_hWnd), WM_CTLCOLORSTATIC,
-                     reinterpret_cast<WPARAM>(deviceContext), reinterpret_cast<LPARAM>(m_hWnd)));
-  ::FillRect(deviceContext, &client, brush != nullptr ? brush : ::GetSysColorBrush(COLOR_BTNFACE));
+  quorvel::FillAsBehind(deviceContext, m_hWnd);
 }
 
 void CKivSliderCtrl::DrawStrip(HDC deviceContext) {

@@ -16,6 +16,7 @@ namespace {
 // In pixels of a display at 100 %.
 constexpr int kMarkerRadius = 3;
 constexpr int kMarkerReach = 4;  ///< no pixel of the marker is farther from its point
+constexpr int kFocusFrame = 2;   ///< around the picture, for the mark of the focus
 constexpr int kPictureBits = 24;
 constexpr int kNoFill = -1;
 constexpr int kLargeStep = 10;
@@ -44,14 +45,17 @@ BOOL CEditSelColor::OnInitDialog() {
   m_pPicture = std::make_unique<CKivImageData>();
   m_pPicture->MakeImageData(m_fieldRect.Width() + 1, m_fieldRect.Height() + 1, kPictureBits,
                             kNoFill);
-  // The places give way to what they mark: one control for each identifier.
-  const CRect sliderRect = GetDlgItemRect(IDC_COLOUR_BRIGHTNESS);
-  for (const int place : {IDC_COLOUR_FIELD, IDC_COLOUR_BRIGHTNESS}) {
-    ::DestroyWindow(GetDlgItem(place));
-  }
+  m_nFrame = quorvel::PixelsAt(m_displayRate, kFocusFrame);
+  m_pictureRect = {CPoint(m_nFrame, m_nFrame),
+                   CSize(m_pPicture->GetWidth(), m_pPicture->GetHeight())};
+  // The field's place stays what it is, hidden: a point in it is a colour, and the picture is a pixel
+  // larger.
   m_field.CreateChild(L"Static", 0, WS_VISIBLE | WS_TABSTOP,
-                      {m_fieldRect.TopLeft(), {m_fieldRect.Width() + 1, m_fieldRect.Height() + 1}},
-                      this, IDC_COLOUR_FIELD);
+                      CRect(m_fieldRect.TopLeft(), m_pictureRect.Size()).Grown(m_nFrame, m_nFrame),
+                      this, IDC_COLOUR_FIELD_PICTURE);
+  // The slider's gives way to it: one control for each identifier.
+  const CRect sliderRect = GetDlgItemRect(IDC_COLOUR_BRIGHTNESS);
+  ::DestroyWindow(GetDlgItem(IDC_COLOUR_BRIGHTNESS));
   m_slider.Create(WS_VISIBLE | WS_TABSTOP, sliderRect, this, IDC_COLOUR_BRIGHTNESS,
                   KIVSLIDER_UPRIGHT);
   quorvel::NameControl(m_slider.m_hWnd, L"明るさ");
@@ -128,7 +132,7 @@ void CEditSelColor::ApplyHueAndSaturation(int hue, int saturation) {
                 std::max(m_ptLastMarker.x, marker.x), std::max(m_ptLastMarker.y, marker.y));
   const int reach = quorvel::PixelsAt(m_displayRate, kMarkerReach);
   changed = changed.Grown(reach, reach);
-  changed.OffsetRect(-m_fieldRect.left, -m_fieldRect.top);
+  changed.OffsetRect(m_pictureRect.left - m_fieldRect.left, m_pictureRect.top - m_fieldRect.top);
   m_field.InvalidateRect(changed);
   m_ptLastMarker = marker;
 }
@@ -157,23 +161,30 @@ void CEditSelColor::OnPaint() {
 
 void CEditSelColor::PaintField(const CWnd& field) {
   const CPaintDC paint(&field);
-  const CRect all = field.GetClientRect();
   // During a drag only the marker's places are painted again.
   const quorvel::PaintBuffer buffer(paint.Handle(), paint.Area(), &m_fieldMemory);
   const HDC deviceContext = buffer.Handle();
-  m_pPicture->StretchDIBit(deviceContext, 0, 0, all.Width(), all.Height(), 0, 0, all.Width(),
-                           all.Height(), SRCCOPY);
+  if (!m_pictureRect.Contains(paint.Area())) {
+    quorvel::FillAsBehind(deviceContext, field.m_hWnd);
+    if (::GetFocus() == field.m_hWnd) {
+      const CRect all = field.GetClientRect();
+      ::DrawFocusRect(deviceContext, &all);
+    }
+  }
+  const int width = m_pictureRect.Width();
+  const int height = m_pictureRect.Height();
+  m_pPicture->StretchDIBit(deviceContext, m_pictureRect.left, m_pictureRect.top, width, height, 0, 0,
+                           width, height, SRCCOPY);
 
-  const CPoint marker = quorvel::MarkerOfHsb({CPoint(0, 0), m_fieldRect.Size()}, m_values);
+  const CRect place(m_pictureRect.TopLeft(), m_fieldRect.Size());
+  ::IntersectClipRect(deviceContext, place.left, place.top, place.right, place.bottom);
+  const CPoint marker = quorvel::MarkerOfHsb(place, m_values);
   const int line = m_values.brightness < kDarkest ? WHITE_PEN : BLACK_PEN;
   const quorvel::SelectedObject pen(deviceContext, ::GetStockObject(line));
   const quorvel::SelectedObject hollow(deviceContext, ::GetStockObject(NULL_BRUSH));
   const int radius = quorvel::PixelsAt(m_displayRate, kMarkerRadius);
   ::Ellipse(deviceContext, marker.x - radius, marker.y - radius, marker.x + radius,
             marker.y + radius);
-  if (::GetFocus() == field.m_hWnd) {
-    ::DrawFocusRect(deviceContext, &all);
-  }
 }
 
 LRESULT CEditSelColor::Field::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {

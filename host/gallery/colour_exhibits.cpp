@@ -218,8 +218,8 @@ std::vector<TourStop> SelectColorTour(const Hand& hand) {
 /// On the page with the field: red, a little darker. The corner is the same colour at any scale.
 void WorkField(HWND dialog, ModalScript& script) {
   const HWND page = ShownPage(dialog);
-  const RECT picture = driver::ClientRectOf(Control(page, kFieldId));
-  Drag(page, {picture.right - 2, picture.top + 1}, {picture.left, picture.bottom - 1});
+  const RECT field = driver::ClientRectOf(Control(page, kFieldId));
+  Drag(page, {field.right - 1, field.top + 1}, {field.left, field.bottom});
   PressKey(Control(page, kBrightnessId), VK_NEXT);
   Then(script, kGridTitle, [](HWND worked) { Click(worked, IDOK); });
 }

@@ -21,7 +21,8 @@ constexpr int kPalette = 2001;
 constexpr int kAdd = 1010;
 constexpr int kEdit = 1011;
 constexpr int kDelete = 1012;
-constexpr int kField = 2009;
+constexpr int kField = 2009;  // its place, which is hidden
+constexpr int kFieldPicture = 2109;
 constexpr int kBrightness = 2010;
 constexpr int kFirstValue = 110;
 constexpr int kFirstSlider = 120;
@@ -458,14 +459,25 @@ Answer AskOnSelectPage(COLORREF color, const std::function<void(HWND dialog, HWN
 }
 
 /// The field's rectangle in the page: hue and saturation end just beyond the last pixels.
-CRect FieldRect(HWND page) {
-  CRect rect(ClientRectOf(Control(page, kField)));
-  return {CPoint(rect.left, rect.top), CSize(rect.Width() - 1, rect.Height() - 1)};
+CRect FieldRect(HWND page) { return CRect(ClientRectOf(Control(page, kField))); }
+
+/// What the field shows, from its corner on: its picture, a pixel larger than the field.
+Picture FieldPicture(HWND page) {
+  const CRect place = FieldRect(page);
+  const CRect picture(ClientRectOf(Control(page, kFieldPicture)));
+  const Picture whole = ReadPixels(Control(page, kFieldPicture));
+  Picture cut{place.Width() + 1, place.Height() + 1, {}};
+  for (int y = 0; y < cut.height; ++y) {
+    for (int x = 0; x < cut.width; ++x) {
+      cut.bgrx.push_back(whole.At(x + place.left - picture.left, y + place.top - picture.top));
+    }
+  }
+  return cut;
 }
 
 void Mouse(HWND page, UINT message, int x, int y) {
   ::SendMessageW(page, message, MK_LBUTTON, MAKELPARAM(x, y));
-  ::UpdateWindow(Control(page, kField));
+  ::UpdateWindow(Control(page, kFieldPicture));
 }
 
 COLORREF ColorOfHsb(const HsbValues& values) {
@@ -478,9 +490,8 @@ COLORREF ColorOfHsb(const HsbValues& values) {
 
 TEST(SelColorDlgSelectPage, ShowsTheFieldOfTheColoursBrightness) {
   AskOnSelectPage(RGB(0, 0, 200), [](HWND dialog, HWND page) {
-    const Picture field = ReadPixels(Control(page, kField));
+    const Picture field = FieldPicture(page);
     const CRect rect = FieldRect(page);
-    EXPECT_EQ(field.width, rect.Width() + 1);
     const CPoint marker = MarkerOfHsb({CPoint(0, 0), rect.Size()}, {240, 255, 200});
     int differences = 0;
     for (int y = 0; y < field.height; ++y) {
@@ -505,8 +516,7 @@ TEST(SelColorDlgSelectPage, TheMarkerIsACircleCutOffByTheField) {
   AskOnSelectPage(RGB(255, 255, 255), [](HWND dialog, HWND page) {
     const CRect rect = FieldRect(page);
     const auto isDrawn = [&](int x, int y) {
-      const Picture field = ReadPixels(Control(page, kField));
-      return field.At(x, y) == 0U;
+      return FieldPicture(page).At(x, y) == 0U;
     };
     // White: hue 0, saturation 0.
     EXPECT_TRUE(isDrawn(2, 0));
@@ -522,6 +532,16 @@ TEST(SelColorDlgSelectPage, TheMarkerIsACircleCutOffByTheField) {
     EXPECT_TRUE(isDrawn(marker.x, marker.y - 3));
     EXPECT_TRUE(isDrawn(marker.x, marker.y + 2));
     EXPECT_FALSE(isDrawn(marker.x, marker.y)) << "hollow";
+    // In the opposite corner, and not in the picture's line and column beyond the field.
+    Mouse(page, WM_LBUTTONDOWN, rect.left + 5, rect.top + 5);
+    Mouse(page, WM_LBUTTONUP, rect.right + 5, rect.bottom + 5);
+    EXPECT_TRUE(isDrawn(rect.Width() - 3, rect.Height() - 1));
+    for (int x = 0; x <= rect.Width(); ++x) {
+      EXPECT_FALSE(isDrawn(x, rect.Height())) << x;
+    }
+    for (int y = 0; y <= rect.Height(); ++y) {
+      EXPECT_FALSE(isDrawn(rect.Width(), y)) << y;
+    }
     Cancel(dialog);
   });
 }
@@ -581,7 +601,7 @@ TEST(SelColorDlgSelectPage, ADragBeginsInsideTheFieldOnly) {
 
 TEST(SelColorDlgSelectPage, BrightnessRedrawsTheWholeFieldAndKeepsHueAndSaturation) {
   AskOnSelectPage(RGB(0, 0, 200), [](HWND dialog, HWND page) {
-    const HWND field = Control(page, kField);
+    const HWND field = Control(page, kFieldPicture);
     for (const UINT code : {KIVSLIDER_MOVING, KIVSLIDER_MOVED}) {
       NotifySlider(page, kBrightness, code, 0);
       EXPECT_EQ(SwatchOf(page), RGB(0, 0, 0));
@@ -599,7 +619,7 @@ TEST(SelColorDlgSelectPage, BrightnessRedrawsTheWholeFieldAndKeepsHueAndSaturati
 
 TEST(SelColorDlgSelectPage, TheFieldWorksByKeys) {
   AskOnSelectPage(RGB(0, 0, 200), [](HWND dialog, HWND page) {
-    const HWND field = Control(page, kField);
+    const HWND field = Control(page, kFieldPicture);
     ::SetFocus(field);
     const auto press = [field](WPARAM key) { ::SendMessageW(field, WM_KEYDOWN, key, 0); };
     press(VK_RIGHT);

@@ -343,7 +343,7 @@ TEST(AccessibleNamesOfColourTabs, OfTheListAndOfTheSelection) {
                                          {1010, L"追加(A)"},
                                          {1012, L"削除(D)"},
                                          {2001, L"色の一覧 赤 255 緑 0 青 0"}}));
-    EXPECT_EQ(NamesOfTab(dialog, 2), (std::vector<NamedControl>{{2009, L"色相 0 彩度 255"},
+    EXPECT_EQ(NamesOfTab(dialog, 2), (std::vector<NamedControl>{{2109, L"色相 0 彩度 255"},
                                                                  {2010, L"明るさ 255"}}));
     Cancel(dialog);
   });

@@ -194,7 +194,7 @@ TEST(KeyboardOnly, AColourOfTheFieldOnTheLastPage) {
     Press(VK_DOWN, 2);
   });
   script.When(Ready(L"色設定"), [](HWND dialog) {
-    EXPECT_EQ(Text(Control(ShownPage(dialog), 2009)), L"色相 11 彩度 2");
+    EXPECT_EQ(Text(Control(ShownPage(dialog), 2109)), L"色相 11 彩度 2");
     Press(VK_RETURN);
   });
   EXPECT_TRUE(Work(script, [&] { return __SelColorDlgEx(nullptr, &color, nullptr); }));
