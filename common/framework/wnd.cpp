@@ -285,6 +285,12 @@ void CWnd::SetDlgItemNumber(int id, int number) {
   SetDlgItemText(id, text);
 }
 
+bool CWnd::ShowsNumber(int id, int number) const {
+  CString text;
+  text.Format("%d", number);
+  return GetDlgItemText(id) == text;
+}
+
 CRect CWnd::GetClientRect() const {
   CRect rect;
   ::GetClientRect(m_hWnd, &rect);

@@ -58,6 +58,8 @@ public:
   void SetDlgItemText(int id, const char* text);
   /// A whole number, in digits.
   void SetDlgItemNumber(int id, int number);
+  /// Whether it shows the number and nothing else, no 0 in front of it either.
+  bool ShowsNumber(int id, int number) const;
   /// In screen pixels.
   CRect GetWindowRect() const;
   /// Its top-left corner is (0, 0).

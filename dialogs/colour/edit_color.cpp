@@ -120,7 +120,7 @@ void CEditColor::ShowComponents() {
   for (int row = 0; row < m_edited.Count(); ++row) {
     const int value = m_edited.Component(row);
     auto& [label, slider, edit] = RowAt(row);
-    if (quorvel::ParseInteger(edit.GetWindowText().View()) != value) {
+    if (!ShowsNumber(IdOfEdit(row), value)) {
       SetDlgItemNumber(IdOfEdit(row), value);
     }
     slider.SetPos(value);
@@ -152,10 +152,10 @@ void CEditColor::OnEditLeft(UINT id) {
   const int row = static_cast<int>(id) - kFirstColorValueId;
   const std::optional<int> typed =
       quorvel::ParseInteger(GetDlgItemText(static_cast<int>(id)).View());
-  if (!typed) {
-    ShowComponents();  // left empty: nothing changes, and the field tells its value again
-  } else if (*typed != m_edited.Component(row)) {
+  if (typed && *typed != m_edited.Component(row)) {
     ApplyComponent(row, *typed);
+  } else {
+    ShowComponents();  // left empty, or written in another way: the field tells its value again
   }
 }
 

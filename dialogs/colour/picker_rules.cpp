@@ -178,8 +178,8 @@ RgbColour ColourOfValues(const PickerValues& values) {
                           PercentOfValue(values.brightness, kOffsetOfValues));
 }
 
-int CappedEdit(int value) {
-  return std::min(value, kHighestPosition);
+int TypedValue(double number) {
+  return static_cast<int>(std::clamp<double>(number, 0, kHighestPosition));
 }
 
 std::optional<CPoint> PointInField(const CPoint& point, const CPoint& corner, const CSize& field) {

@@ -56,8 +56,8 @@ RgbColour ColourOfValues(const PickerValues& values);
 /// Every bar and spinner runs from 0 to this.
 inline constexpr int kHighestPosition = 255;
 
-/// What becomes of a typed value: 255 at most.
-int CappedEdit(int value);
+/// What becomes of a typed number: a whole one, 255 at most and never negative.
+int TypedValue(double number);
 
 // The hue and saturation field: hue from left to right, saturation from full at the top to none at
 // the bottom.

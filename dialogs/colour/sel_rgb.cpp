@@ -333,8 +333,8 @@ void CSelRGB::OnEditUpdate(UINT id) {
   if (!typed) {
     return;  // emptied while typing: everything stays as it is
   }
-  const int value = static_cast<int>(std::clamp<double>(*typed, 0, kHighestPosition));
-  if (value != *typed) {
+  const int value = quorvel::TypedValue(*typed);
+  if (!ShowsNumber(editId, value)) {
     const Changing changing(*this);
     SetDlgItemNumber(editId, value);
     const auto end = static_cast<WPARAM>(::GetWindowTextLengthW(GetDlgItem(editId)));

@@ -186,12 +186,13 @@ TEST(PickerValuesTest, NegativeValuesCountAsNone) {
 }
 
 TEST(PickerValuesTest, TypedValuesEndAt255) {
-  EXPECT_EQ(CappedEdit(300), 255);
-  EXPECT_EQ(CappedEdit(256), 255);
-  EXPECT_EQ(CappedEdit(255), 255);
-  EXPECT_EQ(CappedEdit(254), 254);
-  EXPECT_EQ(CappedEdit(0), 0);
-  EXPECT_EQ(CappedEdit(-7), -7);
+  EXPECT_EQ(TypedValue(300), 255);
+  EXPECT_EQ(TypedValue(255.5), 255);
+  EXPECT_EQ(TypedValue(255), 255);
+  EXPECT_EQ(TypedValue(254.9), 254);
+  EXPECT_EQ(TypedValue(0), 0);
+  EXPECT_EQ(TypedValue(-7), 0);
+  EXPECT_EQ(TypedValue(1e300), 255);
 }
 
 // --- The field

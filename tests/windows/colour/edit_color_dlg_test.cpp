@@ -242,6 +242,20 @@ TEST(EditColorDlg, AnEmptyFieldChangesNothing) {
   EXPECT_EQ(Ask(script, kBrown).color, kBrown);
 }
 
+TEST(EditColorDlg, AFieldThatIsLeftShowsItsNumberAndNothingElse) {
+  ModalScript script;
+  TypeInRow(script, kRgb, 1, L"0102");
+  script.When(EditorShown(), [](HWND dialog) {
+    EXPECT_EQ(ShownNumbers(ShownPage(dialog)), (Numbers{L"153", L"102", L"51"}));
+  });
+  TypeInRow(script, kRgb, 0, L"007");
+  script.When(EditorShown(), [](HWND dialog) {
+    EXPECT_EQ(ShownNumbers(ShownPage(dialog)), (Numbers{L"7", L"102", L"51"}));
+    Cancel(dialog);
+  });
+  Ask(script, kBrown);
+}
+
 TEST(EditColorDlg, AValueBeyondTheRangeBecomesItsEnd) {
   ModalScript script;
   TypeInRow(script, kRgb, 0, L"300");

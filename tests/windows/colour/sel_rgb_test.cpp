@@ -522,6 +522,23 @@ TEST_P(SelRgbEdit, TextsThatAreNoValuesDoNoHarm) {
   });
 }
 
+TEST_P(SelRgbEdit, ANumberIsWrittenAsItIsShown) {
+  const int id = GetParam();
+  Ask(kBrown, [=](HWND dialog) {
+    const HWND edit = Control(dialog, id);
+    for (const wchar_t* text : {L"007", L"７", L"7.", L"+7"}) {
+      ::SetWindowTextW(edit, text);
+      EXPECT_EQ(Text(dialog, id), L"7");
+    }
+    // What is typed behind a leading 0 comes behind it.
+    ::SetWindowTextW(edit, L"00");
+    ::SendMessageW(edit, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(L"9"));
+    EXPECT_EQ(Text(dialog, id), L"9");
+    ExpectAgreement(dialog);
+    Cancel(dialog);
+  });
+}
+
 TEST(SelRgb, Hue255Is359Degrees) {
   ModalScript script;
   script.When(PickerShown(), [](HWND dialog) {
