@@ -128,7 +128,18 @@ BOOL CSelFontDlg::OnInitDialog() {
   quorvel::NameControls(
       m_hWnd, {{IDC_FONT_STRIKE_TYPE, L"取り消し線の種類"}, {IDC_FONT_COLOUR, L"文字の色"}});
   DisableMasked(quorvel::kFontControls);
-  return TRUE;
+  return BeginAtHeight() ? FALSE : TRUE;
+}
+
+/// The size is what the platform's own dialog does not ask for, and what feeds its sample. False where
+/// the host has disabled it: the first control has the focus then.
+bool CSelFontDlg::BeginAtHeight() {
+  const HWND height = GetDlgItem(IDC_FONT_HEIGHT);
+  if (::IsWindowEnabled(height) == FALSE) {
+    return false;
+  }
+  GotoDlgCtrl(height);
+  return true;
 }
 
 void CSelFontDlg::DisableMasked(std::span<const quorvel::MaskedControl> controls) {

@@ -71,6 +71,7 @@ private:
   void FeedSample();
   void PutSize(int points);
   void MoveFocusThroughSizes();
+  bool BeginAtHeight();
   void FocusHeight();
 
   LONG m_nHeight = 0;  ///< of the record that went in

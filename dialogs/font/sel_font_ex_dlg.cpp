@@ -56,13 +56,13 @@ void CSelFontExDlg::DoDataExchange(CDataExchange* pDX) {
 }
 
 BOOL CSelFontExDlg::OnInitDialog() {
-  CSelFontDlg::OnInitDialog();
+  const BOOL letSystemSetFocus = CSelFontDlg::OnInitDialog();
   m_pBackColorBtn = MakeColorButton(IDC_FONT_BACK_COLOUR, m_colorBack);
   quorvel::NameControls(m_hWnd, {{IDC_FONT_BACK_COLOUR, L"背景の色"}});
   Fill(m_cmbVPos, {"上寄せ", "中央", "下寄せ"}, m_nVPos);
   Fill(m_cmbHPos, {"左寄せ", "中央", "右寄せ"}, m_nHPos);
   DisableMasked(quorvel::kExFontControls);
-  return TRUE;
+  return letSystemSetFocus;
 }
 
 // Neither the platform's list of colours nor the sample knows a background.

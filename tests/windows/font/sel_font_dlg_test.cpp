@@ -407,6 +407,7 @@ TEST(SelFontDlg, TheColourButtonAsksForAColour) {
     EXPECT_GT(CountOf(SampleOf(dialog), kOrange), 0U);
     EXPECT_EQ(CountOf(SampleOf(dialog), kOddColour), 0U);
     EXPECT_GT(CountOf(ReadPixels(Control(dialog, kColour)), kOrange), 0U);
+    EXPECT_EQ(FocusedControlId(dialog), kHeight);
     Confirm(dialog);
   });
   EXPECT_TRUE(Ask(font, script));
@@ -762,11 +763,13 @@ TEST(SelFontDlg, ListsTrueTypeFacesOnly) {
 
 // ---- The dialog as a window
 
-TEST(SelFontDlg, BeginsAtTheFaceWithOkAsTheDefault) {
+TEST(SelFontDlg, BeginsAtTheHeightWithOkAsTheDefault) {
   CKivFont font;
   Ask(font, [](HWND dialog) {
-    EXPECT_EQ(FocusedControlId(dialog), kFace);
+    EXPECT_EQ(FocusedControlId(dialog), kHeight);
     EXPECT_EQ(LOWORD(::SendMessageW(dialog, DM_GETDEFID, 0, 0)), IDOK);
+    ::SendMessageW(::GetFocus(), WM_CHAR, L'7', 0);
+    EXPECT_EQ(Text(dialog, kHeight), L"7");
     Cancel(dialog);
   });
 }
