@@ -74,8 +74,7 @@ CelPainter::CelPainter(HDC deviceContext, CelStyle style, const TextScale& scale
       m_nLineWidth(PixelsAt(RateOf(scale.dots), kLineWidth)),
       m_previousText(::GetTextColor(deviceContext)),
       m_previousBack(::GetBkColor(deviceContext)),
-      m_nPreviousMode(
-          ::SetBkMode(deviceContext, style == CelStyle::kFramed ? OPAQUE : TRANSPARENT)),
+      m_nPreviousMode(::SetBkMode(deviceContext, OPAQUE)),
       m_previousPen(deviceContext, ::GetStockObject(BLACK_PEN)) {}
 
 CelPainter::~CelPainter() {
@@ -121,10 +120,19 @@ void CelPainter::DrawCelText(const CLayoutCelData& cel, CRect rect) {
   const CKivFontEx& font = *cel.GetFont();
   UseFont(ScaledCelFont(font, m_scale));
   ::SetTextColor(m_hDC, PlainColor(font.GetColor()));
-  ::SetBkColor(m_hDC, PlainColor(font.GetBackColor()));
+  // The gaps of dotted edges keep the colour behind them, which is seen on every cell.
+  const bool ruled = m_style == CelStyle::kRuled;
+  if (ruled) {
+    ::SetBkMode(m_hDC, TRANSPARENT);
+  } else {
+    ::SetBkColor(m_hDC, PlainColor(font.GetBackColor()));
+  }
   const std::wstring text = WithoutAccessKeys(WideFromCodePage(cel.TextView()));
   ::DrawTextW(m_hDC, text.c_str(), static_cast<int>(text.size()), &rect,
               kVerticalPlaces[font.GetVPos()] | kHorizontalPlaces[font.GetHPos()] | DT_SINGLELINE);
+  if (ruled) {
+    ::SetBkMode(m_hDC, OPAQUE);
+  }
 }
 
 void CelPainter::DrawFrame(const CRect& rect, int kind) {

@@ -140,6 +140,22 @@ TEST_F(CelPainting, EachShownEdgeIsSolidAndEachHiddenOneDotted) {
   }
 }
 
+TEST_F(CelPainting, TheGapsOfAHiddenEdgeAreWhiteOnAnyColour) {
+  const COLORREF blue = RGB(0, 0, 255);
+  m_cel.GetFont()->SetBackColor(&blue);
+  m_cel.SetShowLineVT(0);
+  m_cel.SetText("あ");  // which is drawn on its colour
+  for (const auto& [kind, line] : {std::pair(kNormalCel, kBlack), std::pair(kSelectedCel, kRed)}) {
+    m_canvas.Draw(m_cel, CelStyle::kRuled, kind);
+    const CPoint from(24, 10);
+    const CPoint to(76, 10);
+    EXPECT_GT(m_canvas.Count(from, to, kWhite), 0);
+    EXPECT_EQ(m_canvas.Count(from, to, kWhite) + m_canvas.Count(from, to, line), to.x - from.x);
+  }
+  m_canvas.Draw(m_cel, CelStyle::kRuled, kNormalCel);
+  EXPECT_EQ(m_canvas.Count({21, 30}, {79, 30}, kWhite), 0);
+}
+
 TEST_F(CelPainting, ASelectedRuledCelIsTinted) {
   m_canvas.Draw(m_cel, CelStyle::kRuled, kSelectedCel);
   EXPECT_EQ(m_canvas.At(50, 30), kTint);
