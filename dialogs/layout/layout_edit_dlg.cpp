@@ -22,7 +22,7 @@ BEGIN_MESSAGE_MAP(CLayoutEditDlg, CPageEditDlg)
   ON_EN_KILLFOCUS(IDC_LAYOUT_COLUMNS, &CLayoutEditDlg::OnCountLeft)
   ON_EN_KILLFOCUS(IDC_LAYOUT_HEIGHT, &CLayoutEditDlg::OnHeightLeft)
   ON_EN_KILLFOCUS(IDC_LAYOUT_WIDTH, &CLayoutEditDlg::OnWidthLeft)
-  ON_EN_KILLFOCUS(IDC_LAYOUT_MARGIN, &CLayoutEditDlg::OnFieldLeft)
+  ON_EN_KILLFOCUS(IDC_LAYOUT_MARGIN, &CLayoutEditDlg::OnFieldForOkLeft)
   ON_EN_KILLFOCUS(IDC_OUTER_LINE_WIDTH, &CLayoutEditDlg::OnFieldLeft)
   ON_EN_KILLFOCUS(IDC_INNER_LINE_WIDTH, &CLayoutEditDlg::OnFieldLeft)
   ON_BN_CLICKED(IDC_LAYOUT_EQUAL_ROWS, &CLayoutEditDlg::OnEqualRows)
@@ -130,16 +130,14 @@ void CLayoutEditDlg::OnEqualRows() { ApplyHeight(true); }
 
 void CLayoutEditDlg::OnEqualColumns() { ApplyWidth(true); }
 
-/// New rows and columns make the page larger, which the fields show.
+/// The page stays as large as it is.
 void CLayoutEditDlg::ApplyCounts() {
   if (m_nRows == m_page.GetNumRow() && m_nColumns == m_page.GetNumCol()) {
     return;
   }
   EndTextEdit();
   CancelDrag();
-  m_block.Divide(m_nRows, m_nColumns, Host().dotsPerMm);
-  ReadSizes();
-  UpdateData(FALSE);
+  quorvel::DivideWithin(m_block, m_nRows, m_nColumns, Host().dotsPerMm);
   LayOutViews();
   RefreshCommands();
 }

@@ -44,8 +44,8 @@ BEGIN_MESSAGE_MAP(CLayoutExEditDlg, CBlockEditDlg)
   ON_EN_KILLFOCUS(IDC_FOOTER_ROWS, &CLayoutExEditDlg::OnSizeLeft)
   ON_EN_KILLFOCUS(IDC_LAYOUT_WIDTH, &CLayoutExEditDlg::OnSizeLeft)
   ON_EN_KILLFOCUS(IDC_LAYOUT_COLUMNS, &CLayoutExEditDlg::OnSizeLeft)
-  ON_EN_KILLFOCUS(IDC_LIST_REPEAT, &CLayoutExEditDlg::OnFieldLeft)
-  ON_EN_KILLFOCUS(IDC_LIST_OFFSET, &CLayoutExEditDlg::OnFieldLeft)
+  ON_EN_KILLFOCUS(IDC_LIST_REPEAT, &CLayoutExEditDlg::OnFieldForOkLeft)
+  ON_EN_KILLFOCUS(IDC_LIST_OFFSET, &CLayoutExEditDlg::OnFieldForOkLeft)
   ON_EN_KILLFOCUS(IDC_OUTER_LINE_WIDTH, &CLayoutExEditDlg::OnFieldLeft)
   ON_EN_KILLFOCUS(IDC_INNER_LINE_WIDTH, &CLayoutExEditDlg::OnFieldLeft)
   ON_CONTROL_RANGE(BN_CLICKED, IDC_HEADER_EQUAL_ROWS, IDC_FOOTER_EQUAL_ROWS,
@@ -251,16 +251,17 @@ void CLayoutExEditDlg::OnSizeLeft() {
   }
 }
 
-/// New rows and columns make the page larger, which the fields show.
+/// New counts leave the page as large as it is.
 void CLayoutExEditDlg::ApplySizes() {
   bool changed = false;
   const double dots = Host().dotsPerMm;
   for (Part& part : m_parts) {
     if (part.rows != m_page.GetNumRow(part.type) || m_nColumns != m_page.GetNumCol()) {
-      m_page.DividePage(part.type, static_cast<BYTE>(part.rows), static_cast<BYTE>(m_nColumns),
-                        dots);
-      part.height = m_page.GetAllLengthRow(part.type);
-      m_fWidth = m_page.GetAllLengthCol();
+      const bool hadRows = m_page.GetNumRow(part.type) > 0;
+      quorvel::DivideWithin(part.view.Block(), part.rows, m_nColumns, dots);
+      if (!hadRows) {
+        part.height = m_page.GetAllLengthRow(part.type);
+      }
       changed = true;
     }
     if (!quorvel::IsSameLength(part.height, m_page.GetAllLengthRow(part.type))) {

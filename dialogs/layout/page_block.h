@@ -144,4 +144,20 @@ private:
   CLayoutExPageData::LISTTYPE m_block;
 };
 
+/// Gives the grid these counts, and its lines share the size that it has. A block without rows has no
+/// height yet: its first rows bring one.
+inline void DivideWithin(PageBlock& block, int rows, int cols, double dotsPerMm) {
+  const bool newRows = block.Rows() > 0 && rows != block.Rows();
+  const bool newCols = cols != block.Cols();
+  const double height = block.Height();
+  const double width = block.Width();
+  block.Divide(rows, cols, dotsPerMm);
+  if (newRows) {
+    block.SetHeight(height, false);
+  }
+  if (newCols) {
+    block.SetWidth(width, false);
+  }
+}
+
 }  // namespace quorvel

@@ -167,6 +167,12 @@ bool CPageEditDlg::ReadFields() {
 
 void CPageEditDlg::OnFieldLeft() { ReadField(); }
 
+void CPageEditDlg::OnFieldForOkLeft() {
+  if (::GetFocus() != GetDlgItem(IDOK)) {
+    ReadField();
+  }
+}
+
 void CPageEditDlg::OnSwitched() { ReadFields(); }
 
 void CPageEditDlg::Close(INT_PTR result) {

@@ -155,6 +155,8 @@ protected:
   void OnChooseTextColor();
   void OnChooseBackColor();
   void OnFieldLeft();
+  /// Of a field whose value only OK stores: OK itself reads it, and one refusal is enough.
+  void OnFieldForOkLeft();
   void OnSwitched();
   void OnInsertion();
   void OnInsertionTaken();

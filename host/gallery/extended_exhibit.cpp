@@ -273,7 +273,7 @@ void WorkFiles(ModalScript& script, const Hand& hand) {
     PressTab(editor);
   });
   Then(script, [](HWND editor) {
-    ExpectText(editor, IDC_LAYOUT_WIDTH, L"68.5");
+    ExpectText(editor, IDC_LAYOUT_WIDTH, L"160");
     PressTool(editor, IDM_OPEN_LAYOUT);
   });
   EnterFileName(script, hand->folder.File(kFileName));

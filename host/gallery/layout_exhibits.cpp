@@ -104,7 +104,7 @@ private:
 /// The lines of the four cells, hidden ones dotted and grey as in the dialog.
 void DrawLines(HDC deviceContext, const CRect& area, const CLayoutExPageData& page) {
   struct Line {
-    FrameLine kind;
+    FrameLine kind{};
     CPoint from;
     CPoint to;
   };

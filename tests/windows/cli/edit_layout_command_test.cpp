@@ -108,7 +108,7 @@ TEST_F(EditLayoutCommand, WritesThePageBackToItsFile) {
       RunProgram(L"edit-layout " + Quoted(m_file), SetAndConfirm({{kRowsField, L"3"}}));
   EXPECT_EQ(ended.status, 0) << ended.errors;
   EXPECT_EQ(ended.output,
-            Confirmed(R"("rows":3,"columns":2,"width":20,"height":30)", m_file));
+            Confirmed(R"("rows":3,"columns":2,"width":20,"height":20)", m_file));
   EXPECT_EQ(ended.errors, "");
   const auto page = Read<CLayoutPageData>(m_file);
   EXPECT_EQ(page.GetNumRow(), 3);
@@ -253,7 +253,7 @@ TEST_F(EditLayoutExCommand, WritesThePageBackToItsFile) {
                                  SetAndConfirm({{kListRowsField, L"4"}}));
   EXPECT_EQ(ended.status, 0) << ended.errors;
   EXPECT_EQ(ended.output,
-            Confirmed(R"("rows":[2,4,2],"columns":3,"width":32.3,"height":[20,40,20])",
+            Confirmed(R"("rows":[2,4,2],"columns":3,"width":32.3,"height":[20,20,20])",
                       m_blocksFile));
   EXPECT_EQ(ended.errors, "");
   const auto page = Read<CLayoutExPageData>(m_blocksFile);
@@ -290,7 +290,7 @@ TEST_F(EditLayoutExCommand, WritesAnotherFileAndLeavesTheFirst) {
       SetAndConfirm({{kListRowsField, L"1"}}));
   EXPECT_EQ(ended.status, 0) << ended.errors;
   EXPECT_EQ(ended.output,
-            Confirmed(R"("rows":[2,1,2],"columns":3,"width":32.3,"height":[20,10,20])", out));
+            Confirmed(R"("rows":[2,1,2],"columns":3,"width":32.3,"height":[20,20,20])", out));
   EXPECT_EQ(Read<CLayoutExPageData>(out).GetNumRow(kBlocks[1]), 1);
   EXPECT_EQ(BytesOf(m_blocksFile), before);
 }

@@ -1,12 +1,15 @@
 // What the tests of all layout editors work them with: tool bars, menus, fields and files.
 #pragma once
 
+#include "driver/picture.h"
+#include "framework/geometry.h"
 #include "support/work.h"
 
 #include <commctrl.h>
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <filesystem>
 #include <ostream>
 #include <string>
@@ -27,11 +30,11 @@ inline bool IsChecked(HWND dialog, int id) {
   return ::SendMessageW(Control(dialog, id), BM_GETCHECK, 0, 0) == BST_CHECKED;
 }
 
-/// Puts a text into a field and leaves it: the focus goes to the OK button.
-inline void TypeAndLeave(HWND dialog, int id, const wchar_t* text) {
+/// Puts a text into a field and leaves it for another control.
+inline void TypeAndLeave(HWND dialog, int id, const wchar_t* text, int other = IDOK) {
   ::SetFocus(Control(dialog, id));
   ::SetWindowTextW(Control(dialog, id), text);
-  ::SetFocus(Control(dialog, IDOK));
+  ::SetFocus(Control(dialog, other));
 }
 
 /// A key of the keyboard, heard of at once.
@@ -58,8 +61,10 @@ template <class Editor>
 std::wstring RefusalOf(Editor& editor, int controlOfEditor, int id, const wchar_t* text) {
   std::wstring message;
   ModalScript script;
-  script.When(Painted(DialogWithControl(controlOfEditor)),
-              [&](HWND dialog) { TypeAndLeave(dialog, id, text); });
+  script.When(Painted(DialogWithControl(controlOfEditor)), [&](HWND dialog) {
+    const HWND next = ::GetNextDlgTabItem(dialog, Control(dialog, id), FALSE);
+    TypeAndLeave(dialog, id, text, ::GetDlgCtrlID(next));
+  });
   script.When(MessageBoxShown(), [&](HWND box) {
     message = Text(box, 0xFFFF);
     Click(box, IDOK);
@@ -89,6 +94,24 @@ inline void ExpectLineTypes(HWND dialog, int line) {
     ::SendMessageW(list, CB_SETCURSEL, i, 0);
     EXPECT_EQ(Text(list), kTypes[i]);
   }
+}
+
+// ---- Pictures
+
+/// Where the picture in a control is not the grey around the page.
+inline CRect DrawnArea(HWND dialog, int image) {
+  constexpr std::uint32_t kGrey = 0xBFBFBF;
+  const driver::Picture picture = driver::ReadPixels(Control(dialog, image));
+  CRect area(picture.width, picture.height, 0, 0);
+  for (int y = 0; y < picture.height; ++y) {
+    for (int x = 0; x < picture.width; ++x) {
+      if (picture.At(x, y) != kGrey) {
+        area = {std::min<int>(area.left, x), std::min<int>(area.top, y),
+                std::max<int>(area.right, x + 1), std::max<int>(area.bottom, y + 1)};
+      }
+    }
+  }
+  return area;
 }
 
 // ---- Tool bars

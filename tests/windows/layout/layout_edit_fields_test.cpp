@@ -92,16 +92,26 @@ TEST_F(LayoutEditFields, TheTemplate) {
 
 TEST_F(LayoutEditFields, CountsChangeTheGridWhenTheirFieldIsLeft) {
   m_editor.Cel(0).SetText("残る");
+  const double height = m_editor.page.GetAllLengthRow();
+  const double width = m_editor.page.GetAllLengthCol();
   CLayoutPageData expected = m_editor.page;
   expected.DividePage(5, 2, kDotsPerMm);
+  expected.SetAllLengthRow(height, 0);
+  expected.SetAllLengthCol(width, 0);
   m_editor.Run([&](HWND dialog) {
+    const std::wstring shownHeight = Text(dialog, kHeight);
+    const std::wstring shownWidth = Text(dialog, kWidth);
+    const CRect drawn = DrawnArea(dialog, kImage);
     TypeAndLeave(dialog, kRows, L"5");
     TypeAndLeave(dialog, kColumns, L"2");
-    EXPECT_EQ(Text(dialog, kHeight), L"100");  // the new rows are as high as the others
-    EXPECT_EQ(Text(dialog, kWidth), L"80");
+    EXPECT_EQ(Text(dialog, kHeight), shownHeight);
+    EXPECT_EQ(Text(dialog, kWidth), shownWidth);
+    EXPECT_EQ(DrawnArea(dialog, kImage), drawn) << "the page is where it was";
     PageOnScreen(dialog, expected).ClickCel(9);
     Confirm(dialog);
   });
+  EXPECT_EQ(m_editor.page.GetAllLengthRow(), height);
+  EXPECT_EQ(m_editor.page.GetAllLengthCol(), width);
   EXPECT_EQ(m_editor.page.GetNumRow(), 5);
   EXPECT_EQ(m_editor.page.GetNumCol(), 2);
   for (int row = 0; row < 5; ++row) {
@@ -109,6 +119,24 @@ TEST_F(LayoutEditFields, CountsChangeTheGridWhenTheirFieldIsLeft) {
   }
   EXPECT_EQ(m_editor.TextOf(0), "残る");
   EXPECT_EQ(m_editor.Selected(), std::vector<int>({9}));
+}
+
+TEST_F(LayoutEditFields, NewCountsShareTheLengthsInProportion) {
+  m_editor.page.SetLengthRow(0, 30.0);
+  m_editor.page.SetLengthRow(1, 10.0);  // 30, 10, 20
+  m_editor.Run([](HWND dialog) {
+    TypeAndLeave(dialog, kRows, L"2");
+    Confirm(dialog);
+  });
+  EXPECT_EQ(m_editor.page.GetLengthRow(0), 45.0);
+  EXPECT_EQ(m_editor.page.GetLengthRow(1), 15.0);
+  m_editor.Run([](HWND dialog) {
+    TypeAndLeave(dialog, kRows, L"3");
+    Confirm(dialog);
+  });
+  EXPECT_EQ(m_editor.page.GetLengthRow(0), 30.0);
+  EXPECT_EQ(m_editor.page.GetLengthRow(1), 10.0);
+  EXPECT_EQ(m_editor.page.GetLengthRow(2), 20.0);  // the average
 }
 
 TEST_F(LayoutEditFields, CountsAreOneToTwenty) {

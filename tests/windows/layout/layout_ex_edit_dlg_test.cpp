@@ -534,7 +534,7 @@ TEST_F(LayoutExEditDlg, DeletingAsksFirst) {
 TEST_F(LayoutExEditDlg, CountsAndTotalsOfEachBlock) {
   Run([](HWND dialog, const PagesOnScreen&) {
     TypeAndLeave(dialog, kColumns, L"6");
-    EXPECT_EQ(Text(dialog, kWidth), L"240");
+    EXPECT_EQ(Text(dialog, kWidth), L"160");
     TypeAndLeave(dialog, kRows[2], L"5");
     TypeAndLeave(dialog, kHeights[1], L"60+15");
     TypeAndLeave(dialog, kWidth, L"180");

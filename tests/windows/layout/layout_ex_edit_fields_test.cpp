@@ -172,6 +172,8 @@ TEST_F(LayoutExEditFields, ColumnsAreThoseOfAllBlocks) {
     for (const auto block : kBlocks) {
       expected.DividePage(block, expected.GetNumRow(block), 7, kDotsPerMm);
     }
+    expected.SetAllLengthCol(160.0F, 0);
+    EXPECT_EQ(Text(dialog, kWidth), L"160");
     // Each picture has its new cells at once.
     const PagesOnScreen pages(dialog, expected);
     for (int block = 0; block < 3; ++block) {
@@ -185,6 +187,31 @@ TEST_F(LayoutExEditFields, ColumnsAreThoseOfAllBlocks) {
     EXPECT_EQ(m_editor.TextOf(block, 0), "残る");
     EXPECT_EQ(m_editor.TextOf(block, 6), "z");
   }
+  EXPECT_EQ(m_editor.page.GetAllLengthCol(), 160.0F);
+}
+
+TEST_F(LayoutExEditFields, NewRowsShareTheHeightOfTheirBlock) {
+  m_editor.page.SetLengthRow(kFooter, 0, 15.0F);  // 15, 5
+  Run([](HWND dialog, const PagesOnScreen&) {
+    const CRect drawn = DrawnArea(dialog, 4035);
+    TypeAndLeave(dialog, kRows[2], L"3");
+    EXPECT_EQ(Text(dialog, kHeights[2]), L"20.0");
+    EXPECT_EQ(DrawnArea(dialog, 4035), drawn);
+    Confirm(dialog);
+  });
+  EXPECT_EQ(m_editor.page.GetAllLengthRow(kFooter), 20.0F);
+  EXPECT_EQ(m_editor.page.GetLengthRow(kFooter, 0), 10.0F);
+}
+
+TEST_F(LayoutExEditFields, ABlockWithoutRowsTakesTheHeightOfItsFirst) {
+  m_editor.page.DividePage(kHeader, 0, m_editor.page.GetNumCol(), kDotsPerMm);
+  ASSERT_EQ(m_editor.page.GetAllLengthRow(kHeader), 0.0F);
+  Run([](HWND dialog, const PagesOnScreen&) {
+    TypeAndLeave(dialog, kRows[0], L"2");
+    EXPECT_EQ(Text(dialog, kHeights[0]), L"20.0");
+    Confirm(dialog);
+  });
+  EXPECT_EQ(m_editor.page.GetAllLengthRow(kHeader), 20.0F);
 }
 
 TEST_F(LayoutExEditFields, HeightsScaleTheRowsOfTheirBlock) {
@@ -253,7 +280,7 @@ TEST_F(LayoutExEditFields, OkDropsARefusedNumberAndKeepsTheLastOne) {
   for (const auto& [id, text] : {std::pair(kRows[1], L"9"), std::pair(kRepeat, L"500")}) {
     ModalScript script;
     script.When(EditorShown(), [&, id = id, text = text](HWND dialog) {
-      TypeAndLeave(dialog, id, L"4");
+      TypeAndLeave(dialog, id, L"4", kWidth);
       ReplaceText(Control(dialog, id), text);
       PressKey(Control(dialog, id), VK_RETURN);
     });
@@ -262,6 +289,18 @@ TEST_F(LayoutExEditFields, OkDropsARefusedNumberAndKeepsTheLastOne) {
   }
   EXPECT_EQ(m_editor.page.GetNumRow(kList), 4);
   EXPECT_EQ(m_editor.page.GetRepeatRow(), 4);
+}
+
+TEST_F(LayoutExEditFields, AClickOnOkRefusesWhatOnlyOkStoresOnce) {
+  ModalScript script;
+  script.When(EditorShown(), [](HWND dialog) {
+    ::SetFocus(Control(dialog, kRepeat));
+    ::SetWindowTextW(Control(dialog, kRepeat), L"201");
+    ::PostMessageW(Control(dialog, IDOK), BM_CLICK, 0, 0);
+  });
+  script.When(MessageBoxShown(), [](HWND box) { Click(box, IDOK); });
+  EXPECT_TRUE(m_editor.Run(script));
+  EXPECT_EQ(m_editor.page.GetRepeatRow(), 1);
 }
 
 TEST_F(LayoutExEditFields, EnterAppliesTheFieldThatIsTypedIn) {
