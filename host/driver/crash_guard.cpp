@@ -59,7 +59,8 @@ void WriteStack(const CONTEXT& crashed) {
 }
 
 LONG WINAPI OnUnhandled(EXCEPTION_POINTERS* exception) {
-  std::array<char, 40> what{};
+  constexpr std::size_t kLineSize = 40;
+  std::array<char, kLineSize> what{};
   std::snprintf(what.data(), what.size(), "crash: exception 0x%08lX",
                 exception->ExceptionRecord->ExceptionCode);
   WritePlace(what.data(), exception->ExceptionRecord->ExceptionAddress);
