@@ -164,7 +164,7 @@ void WorkLayout(HWND dialog, ModalScript& script, const Hand& hand) {
     PressTab(editor);
   });
   Then(script, [](HWND editor) {
-    ExpectText(editor, kHeightId, L"25");
+    ExpectText(editor, kHeightId, L"45");
     PressTool(editor, kOpen);
   });
   EnterFileName(script, hand->folder.File(kFileName));
