@@ -119,12 +119,17 @@ Condition MenuShown() {
 }
 
 Condition Painted(Condition condition) {
+  constexpr int kMostLooks = 100;  // without a focus: somebody else may have it
   std::string what = condition.what + ", painted";
   return {std::move(what),
-          [find = std::move(condition.find), cleanBefore = HWND{nullptr}]() mutable -> HWND {
+          [find = std::move(condition.find), cleanBefore = HWND{nullptr},
+           looks = 0]() mutable -> HWND {
             const HWND window = find();
             const HWND clean = window != nullptr && NothingToPaint(window) ? window : nullptr;
-            return std::exchange(cleanBefore, clean) == clean ? clean : nullptr;
+            if (std::exchange(cleanBefore, clean) != clean || clean == nullptr) {
+              return nullptr;
+            }
+            return GetFocus() != nullptr || ++looks > kMostLooks ? clean : nullptr;
           }};
 }
 

@@ -292,7 +292,7 @@ TEST(LayoutFieldEditDlg, AConditionWantsAValue) {
       Click(dialog, IDOK);
     });
     ExpectMessage(script, L"条件が入力されていません。");
-    script.When(Focused(kType, kValue), [](HWND /*dialog*/) {});
+    script.When(Shown(), [](HWND dialog) { EXPECT_EQ(FocusedControlId(dialog), kValue); });
   }
   script.When(Shown(), [](HWND dialog) { Cancel(dialog); });
   Ask(script);
