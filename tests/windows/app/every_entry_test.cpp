@@ -7,6 +7,8 @@
 
 #include <array>
 #include <cstdlib>
+#include <functional>
+#include <utility>
 
 namespace quorvel::test {
 namespace {
@@ -14,6 +16,12 @@ namespace {
 class EveryEntry : public ::testing::TestWithParam<Entry> {
 protected:
   Outcome Run(CPoint* position = nullptr) const { return GetParam().run(position); }
+
+  void CancelWhere(CPoint& position, Condition place) const {
+    ModalScript script;
+    script.When(Painted(std::move(place)), Cancel);
+    Work(script, [&] { return Run(&position); });
+  }
 };
 
 INSTANTIATE_TEST_SUITE_P(Quorvel, EveryEntry, ::testing::ValuesIn(AllEntries()),
@@ -87,17 +95,24 @@ TEST_P(EveryEntry, TabVisitsTheControlsInReadingOrder) {
   EXPECT_FALSE(outcome.confirmed);
 }
 
+/// A dialog in its place. A window manager may tell of the place where it puts the frame first somewhat
+/// later than of the frame.
+Condition DialogPlaced(const char* what, std::function<bool(const RECT&)> isThere) {
+  return {what, [isThere = std::move(isThere)]() -> HWND {
+            const HWND dialog = AnyDialog().find();
+            return dialog != nullptr && isThere(WindowRect(dialog)) ? dialog : nullptr;
+          }};
+}
+
 TEST_P(EveryEntry, APositionThatFitsIsTakenExactly) {
   if (!GetParam().hasPosition) {
     return;
   }
   for (const CPoint wanted : {CPoint(300, 200), CPoint(0, 0), CPoint(1, 600)}) {
     CPoint position = wanted;
-    WorkDialog([&] { return Run(&position); }, [&](HWND dialog) {
-      const RECT rect = WindowRect(dialog);
-      EXPECT_EQ(CPoint(rect.left, rect.top), wanted);
-      Cancel(dialog);
-    });
+    CancelWhere(position, DialogPlaced("a dialog where it was told to be", [=](const RECT& rect) {
+                  return CPoint(rect.left, rect.top) == wanted;
+                }));
     EXPECT_EQ(position, wanted);
   }
 }
@@ -109,33 +124,23 @@ TEST_P(EveryEntry, APositionOffTheScreenIsMovedByTheLeast) {
   const int screenWidth = ::GetSystemMetrics(SM_CXSCREEN);
   const int screenHeight = ::GetSystemMetrics(SM_CYSCREEN);
   CPoint farOut(screenWidth - 5, 20'000);
-  WorkDialog([&] { return Run(&farOut); }, [&](HWND dialog) {
-    const RECT rect = WindowRect(dialog);
-    EXPECT_EQ(rect.right, screenWidth);
-    EXPECT_EQ(rect.bottom, screenHeight);
-    Cancel(dialog);
-  });
+  CancelWhere(farOut, DialogPlaced("a dialog in the corner", [=](const RECT& rect) {
+                return rect.right == screenWidth && rect.bottom == screenHeight;
+              }));
   CPoint leftOut(-30, 100);
-  WorkDialog([&] { return Run(&leftOut); }, [&](HWND dialog) {
-    const RECT rect = WindowRect(dialog);
-    EXPECT_EQ(CPoint(rect.left, rect.top), CPoint(0, 100));
-    Cancel(dialog);
-  });
+  CancelWhere(leftOut, DialogPlaced("a dialog at the edge", [](const RECT& rect) {
+                return rect.left == 0 && rect.top == 100;
+              }));
 }
 
-/// A dialog in the middle of the screen. A window manager may tell of the place where it puts the frame
-/// first somewhat later than of the frame.
 Condition DialogInTheMiddle() {
   const auto isNear = [](LONG first, LONG last, int length) {
     return std::abs(static_cast<int>(first + last) - length) <= 2;
   };
-  return {"a dialog in the middle of the screen", [isNear]() -> HWND {
-            const HWND dialog = AnyDialog().find();
-            const RECT rect = dialog != nullptr ? WindowRect(dialog) : RECT{};
-            const bool isThere = isNear(rect.left, rect.right, ::GetSystemMetrics(SM_CXSCREEN)) &&
-                                 isNear(rect.top, rect.bottom, ::GetSystemMetrics(SM_CYSCREEN));
-            return isThere ? dialog : nullptr;
-          }};
+  return DialogPlaced("a dialog in the middle of the screen", [isNear](const RECT& rect) {
+    return isNear(rect.left, rect.right, ::GetSystemMetrics(SM_CXSCREEN)) &&
+           isNear(rect.top, rect.bottom, ::GetSystemMetrics(SM_CYSCREEN));
+  });
 }
 
 TEST_P(EveryEntry, WithoutAPositionTheDialogStandsInTheMiddle) {
