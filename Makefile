@@ -52,8 +52,8 @@ endif
 BUILDS := native windows fuzzers lint-packages run-packages
 SUITE := $(MAKE) --no-print-directory -O $(addprefix -o ,$(BUILDS))
 test: $(BUILDS)
-	@$(SUITE) -j3 openings lint-product soak faults native-tests fuzz
-	@$(SUITE) -j2 windows-tests language-tests display-tests
+	+@$(SUITE) -j3 openings lint-product soak faults native-tests fuzz
+	+@$(SUITE) -j2 windows-tests language-tests display-tests
 
 .PHONY: native-tests
 native-tests: native
