@@ -6,6 +6,7 @@
 #include "bench/benchmarks.h"
 #include "bench/opening.h"
 #include "bench/timing.h"
+#include "dialogs/colour/edit_sel_color.h"
 #include "driver/controls.h"
 #include "driver/dialog_owner.h"
 #include "driver/modal_script.h"
@@ -195,7 +196,7 @@ Row PickerDrag(int runs) {
 }
 
 void RequireSamePage(HWND page, const BareSelectPage& bare) {
-  Require(ReadPixels(Control(page, IDC_COLOUR_FIELD_PICTURE)) == ReadPixels(bare.FieldWindow()),
+  Require(ReadPixels(Control(page, kFieldPictureId)) == ReadPixels(bare.FieldWindow()),
           "the bare page paints another field");
   Require(ReadPixels(Control(page, IDC_COLOUR_BRIGHTNESS)) == ReadPixels(bare.SliderWindow()),
           "the bare page paints another slider");

@@ -52,7 +52,7 @@ BOOL CEditSelColor::OnInitDialog() {
   // larger.
   m_field.CreateChild(L"Static", 0, WS_VISIBLE | WS_TABSTOP,
                       CRect(m_fieldRect.TopLeft(), m_pictureRect.Size()).Grown(m_nFrame, m_nFrame),
-                      this, IDC_COLOUR_FIELD_PICTURE);
+                      this, kFieldPictureId);
   // The slider's gives way to it: one control for each identifier.
   const CRect sliderRect = GetDlgItemRect(IDC_COLOUR_BRIGHTNESS);
   ::DestroyWindow(GetDlgItem(IDC_COLOUR_BRIGHTNESS));

@@ -12,6 +12,9 @@
 
 #include <memory>
 
+/// Of the control with the picture, made at run time.
+constexpr int kFieldPictureId = 2109;
+
 /// A page: made with Create(IDD_COLOUR_SELECT_PAGE, parent).
 class CEditSelColor : public CDialog {
 public:
