@@ -45,13 +45,13 @@ BOOL CEditSelColor::OnInitDialog() {
   m_pPicture = std::make_unique<CKivImageData>();
   m_pPicture->MakeImageData(m_fieldRect.Width() + 1, m_fieldRect.Height() + 1, kPictureBits,
                             kNoFill);
-  m_nFrame = quorvel::PixelsAt(m_displayRate, kFocusFrame);
-  m_pictureRect = {CPoint(m_nFrame, m_nFrame),
+  const int frame = quorvel::PixelsAt(m_displayRate, kFocusFrame);
+  m_pictureRect = {CPoint(frame, frame),
                    CSize(m_pPicture->GetWidth(), m_pPicture->GetHeight())};
-  // The field's place stays what it is, hidden: a point in it is a colour, and the picture is a pixel
-  // larger.
+  // The field's place stays what it is, hidden: a point in it is a colour, and the picture is a
+  // pixel larger.
   m_field.CreateChild(L"Static", 0, WS_VISIBLE | WS_TABSTOP,
-                      CRect(m_fieldRect.TopLeft(), m_pictureRect.Size()).Grown(m_nFrame, m_nFrame),
+                      CRect(m_fieldRect.TopLeft(), m_pictureRect.Size()).Grown(frame, frame),
                       this, kFieldPictureId);
   // The slider's gives way to it: one control for each identifier.
   const CRect sliderRect = GetDlgItemRect(IDC_COLOUR_BRIGHTNESS);

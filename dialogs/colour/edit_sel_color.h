@@ -39,9 +39,10 @@ protected:
   DECLARE_MESSAGE_MAP()
 
 private:
-  /// Shows the picture and the marker, and around them whether it has the focus. The mouse goes through to the page, the keys come here:
-  /// arrows step hue and saturation, by ten with the control key; Home, End and the page keys lead to
-  /// the edges. Its text, which a screen reader speaks, tells both: "色相 120 彩度 80".
+  /// Shows the picture and the marker, and around them whether it has the focus. The mouse goes
+  /// through to the page, the keys come here: arrows step hue and saturation, by ten with the
+  /// control key; Home, End and the page keys lead to the edges. Its text, which a screen reader
+  /// speaks, tells both: "色相 120 彩度 80".
   class Field : public CWnd {
   public:
     explicit Field(CEditSelColor& page) : m_page(page) {}
@@ -72,8 +73,7 @@ private:
   bool m_bDragging = false;
   CPoint m_ptLastMarker;
   CRect m_swatchRect;
-  CRect m_fieldRect;       ///< its place on the page
-  CRect m_pictureRect;     ///< in m_field
-  int m_nFrame = 0;        ///< of m_field around the picture
+  CRect m_fieldRect;    ///< its place on the page
+  CRect m_pictureRect;  ///< in m_field
   Field m_field{*this};
 };

@@ -131,8 +131,8 @@ BOOL CSelFontDlg::OnInitDialog() {
   return BeginAtHeight() ? FALSE : TRUE;
 }
 
-/// The size is what the platform's own dialog does not ask for, and what feeds its sample. False where
-/// the host has disabled it: the first control has the focus then.
+/// The size is what the platform's own dialog does not ask for, and what feeds its sample. False
+/// where the host has disabled it: the first control has the focus then.
 bool CSelFontDlg::BeginAtHeight() {
   const HWND height = GetDlgItem(IDC_FONT_HEIGHT);
   if (::IsWindowEnabled(height) == FALSE) {

@@ -144,8 +144,8 @@ private:
   CLayoutExPageData::LISTTYPE m_block;
 };
 
-/// Gives the grid these counts, and its lines share the size that it has. A block without rows has no
-/// height yet: its first rows bring one.
+/// Gives the grid these counts, and its lines share the size that it has. A block without rows has
+/// no height yet: its first rows bring one.
 inline void DivideWithin(PageBlock& block, int rows, int cols, double dotsPerMm) {
   const bool newRows = block.Rows() > 0 && rows != block.Rows();
   const bool newCols = cols != block.Cols();
