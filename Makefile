@@ -70,8 +70,8 @@ openings-0 openings-1: openings-%: windows run-packages
 	  GTEST_SHARD_INDEX=$* $(SESSION) wine $(WINDOWS)/bin/openings_tests.exe
 
 # A user who does whatever comes, at every dialog, in two parts; for so many steps or, where it is told,
-# for so many seconds. `make soak-run SOAK_RUN='SelRgb 20240417 2000'` replays one run. The record of the
-# run under way is in build/soak-record-*.txt.
+# for so many seconds. `make soak-run SOAK_RUN='SelRgb 20240417 2000'` replays one run. The record
+# of the run under way is in build/soak-record-*.txt.
 SOAK_STEPS := 40000
 SOAK_SECONDS :=
 SOAK_SEED := 20240417
@@ -193,7 +193,8 @@ coverage-windows: run-packages | build
 	  --filter app/ --filter dialogs/ --filter common/ --fail-under-line 90 \
 	  --txt build/coverage-windows.txt
 	@cat build/coverage-windows.txt
-# Not the command line and files of the product, which this build has not, and nothing twice a thousand times.
+# Not the command line and files of the product, which this build has not, and nothing twice a
+# thousand times.
 COVERED_TESTS := -*Thousand*:CommandLine*:EditLayout*Command*:ShowLayout*:CHost*:ProductFiles*
 
 # The static checks: of everything, built with all of the compiler's warnings, which precompiled headers

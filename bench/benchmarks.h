@@ -7,8 +7,8 @@
 
 namespace quorvel::bench {
 
-/// Steps, repaints and loops that take a millisecond or less are done so many times for each run of what
-/// takes longer.
+/// Steps, repaints and loops that take a millisecond or less are done so many times for each run of
+/// what takes longer.
 constexpr int kStepsOfRun = 10;
 
 /// The input dialogs against their bare templates.

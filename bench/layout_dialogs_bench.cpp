@@ -123,7 +123,8 @@ std::vector<Row> LayoutDialogs(int runs) {
   const BareFilledDialog bare(names);
   const std::vector<Row> filled = CompareOpening(
       "CLayoutFieldEditDlg with 10,000 fields", "its template, filled", kMostTimesFilling,
-      runs / kRunsOfManyNames, [&names] { OpenField(names); }, [&bare](HWND owner) { bare.Run(owner); });
+      runs / kRunsOfManyNames, [&names] { OpenField(names); },
+      [&bare](HWND owner) { bare.Run(owner); });
   rows.insert(rows.end(), filled.begin(), filled.end());
   return rows;
 }

@@ -1,5 +1,5 @@
-// What nearly every source needs, parsed once for each target: see QuorvelTargets.cmake. Sources include
-// what they use all the same.
+// What nearly every source needs, parsed once for each target: see QuorvelTargets.cmake. Sources
+// include what they use all the same.
 #pragma once
 
 #include "framework/base_types.h"

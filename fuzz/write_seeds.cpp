@@ -1,6 +1,7 @@
 // write_seeds FOLDER
 // Writes what the fuzzers begin with: for each parser a folder of inputs that the model itself
-// wrote, so that they are accepted, and of calculations as they are typed. The status is 0 only if every file was written.
+// wrote, so that they are accepted, and of calculations as they are typed. The status is 0 only if
+// every file was written.
 #include "cli/commands.h"
 #include "cli/json_options.h"
 #include "kivdata/kiv_font.h"
@@ -54,9 +55,15 @@ private:
 void WriteExpressions(const std::filesystem::path& top) {
   const SeedFolder folder(top / "expression");
   // The last ones are in full width.
-  const std::array texts{"297",          "1000/3",       "210-2*15.5", "(297-20)/4",
-                         " - ( 1e2 + .5 ) * -3 ", "1/(2-2)", "1e308*10",
-                         "\x82\x51\x81\x7E\x82\x52\x81\x80\x82\x53", "\x81\x69\x82\x50\x81\x7B\x82\x51\x81\x6A"};
+  const std::array texts{"297",
+                         "1000/3",
+                         "210-2*15.5",
+                         "(297-20)/4",
+                         " - ( 1e2 + .5 ) * -3 ",
+                         "1/(2-2)",
+                         "1e308*10",
+                         "\x82\x51\x81\x7E\x82\x52\x81\x80\x82\x53",
+                         "\x81\x69\x82\x50\x81\x7B\x82\x51\x81\x6A"};
   for (std::size_t i = 0; i < texts.size(); ++i) {
     folder.Write("text" + std::to_string(i), texts.at(i));
   }

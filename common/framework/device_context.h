@@ -92,7 +92,8 @@ private:
 /// large bitmap take longer to make than a small area to paint.
 class FRAME_API PaintMemory {
 public:
-  /// A device context like the target's, with a bitmap of at least this size; null where it cannot be made.
+  /// A device context like the target's, with a bitmap of at least this size; null where it cannot
+  /// be made.
   HDC DeviceContextFor(HDC target, const CSize& size);
 
 private:

@@ -260,7 +260,9 @@ BOOL CWnd::UpdateData(BOOL bSaveAndValidate) {
 
 HWND CWnd::GetDlgItem(int id) const { return ::GetDlgItem(m_hWnd, id); }
 
-CString CWnd::GetWindowText() const { return CString(quorvel::CodePageFromWide(quorvel::WindowText(m_hWnd))); }
+CString CWnd::GetWindowText() const {
+  return CString(quorvel::CodePageFromWide(quorvel::WindowText(m_hWnd)));
+}
 
 void CWnd::SetWindowText(const char* text) {
   std::wstring wide = quorvel::WideFromCodePage(CString(text).View());

@@ -83,8 +83,9 @@ void CEditColor::CreateRow(int row, const quorvel::ColorComponentRow& place) {
 }
 
 void CEditColor::SetControlFont(const CWnd& control) const {
-  const auto font = m_font != nullptr ? reinterpret_cast<WPARAM>(m_font.get())
-                                      : static_cast<WPARAM>(::SendMessageW(m_hWnd, WM_GETFONT, 0, 0));
+  const auto font = m_font != nullptr
+                        ? reinterpret_cast<WPARAM>(m_font.get())
+                        : static_cast<WPARAM>(::SendMessageW(m_hWnd, WM_GETFONT, 0, 0));
   ::SendMessageW(control.m_hWnd, WM_SETFONT, font, FALSE);
 }
 

@@ -414,7 +414,8 @@ void CSelRGB::DrawField(HDC deviceContext, const CRect& rect) const {
            0, SRCCOPY);
 
   const double rate = __KivFcl_GetDispRate();
-  const quorvel::OwnedPen pen(::CreatePen(PS_SOLID, quorvel::PixelsAt(rate, kMarkerWidth), RGB(0, 0, 0)));
+  const quorvel::OwnedPen pen(
+      ::CreatePen(PS_SOLID, quorvel::PixelsAt(rate, kMarkerWidth), RGB(0, 0, 0)));
   const quorvel::SelectedObject selected(buffer.Handle(), pen.get());
   for (const quorvel::Segment& stroke : quorvel::MarkerStrokes(m_ptMarker, rect.Size(), rate)) {
     ::MoveToEx(buffer.Handle(), stroke.from.x, stroke.from.y, nullptr);

@@ -27,7 +27,8 @@ inline constexpr int kSelectedCel = 1;
 struct TextScale {
   double scale;
   DotsPerInch dots;
-  bool fixedHeight = false;  ///< letters are 11 pixels high, on a display at 100 %, at any scale of the page
+  /// Letters are 11 pixels high, on a display at 100 %, at any scale of the page.
+  bool fixedHeight = false;
 };
 
 /// The font of a cell as it is drawn.
@@ -41,8 +42,8 @@ public:
   CelPainter(const CelPainter&) = delete;
   CelPainter& operator=(const CelPainter&) = delete;
 
-  /// The frame reaches one pixel of a display at 100 % out of `rect`; a text that does not fit is cut off at it.
-  /// Of what lies outside `part` some is left out.
+  /// The frame reaches one pixel of a display at 100 % out of `rect`; a text that does not fit is
+  /// cut off at it. Of what lies outside `part` some is left out.
   void Draw(const CLayoutCelData& cel, const CRect& rect, int kind, const CRect& part);
 
 private:

@@ -18,8 +18,8 @@ CLayoutListEditDlg::CLayoutListEditDlg(CKivSysEnv* env, CLayoutExEditDlg* /*call
                                        const CStringArray* names, const CDWordArray* numbers,
                                        double dotsPerMm, CLayoutExPageData::LISTTYPE block,
                                        CPoint* position, CWnd* parent)
-    : CBlockEditDlg(IDD_LAYOUT_LIST, quorvel::kListEditor, {env, names, numbers, dotsPerMm, position},
-                    fields, *page, parent),
+    : CBlockEditDlg(IDD_LAYOUT_LIST, quorvel::kListEditor,
+                    {env, names, numbers, dotsPerMm, position}, fields, *page, parent),
       m_blockType(block),
       m_block(*page, block) {
   SetCurrentView(&m_view);

@@ -37,8 +37,9 @@ struct PageEditHost {
 /// the key has no other meaning: in a field only up and down. After F8 those keys select the rectangle
 /// between the cell and the one that they lead to, until F8 again, or until cells are selected
 /// otherwise. With Shift they move the border right of the first selected cell or below it by a
-/// millimetre; Shift and Ctrl with F2 ask for the lengths at the one or the other. Ctrl+O and Ctrl+S are the tool bar's commands for files. The template has the colour
-/// buttons and the list of insertions.
+/// millimetre; Shift and Ctrl with F2 ask for the lengths at the one or the other. Ctrl+O and
+/// Ctrl+S are the tool bar's commands for files. The template has the colour buttons and the list
+/// of insertions.
 class CPageEditDlg : public CKivDialog {
 public:
   BOOL PreTranslateMessage(MSG* message) override;

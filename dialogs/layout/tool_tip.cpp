@@ -221,8 +221,8 @@ void CToolTip::Show() {
     rect.bottom += DisplayPixels(kBottomMarginOfLines);
   }
   rect.OffsetRect(DisplayPixels(m_offset.x), DisplayPixels(m_offset.y));
-  ::SetWindowPos(m_hWnd, HWND_TOP, rect.left, rect.top + DisplayPixels(kDrop), rect.Width(), rect.Height(),
-                 SWP_NOACTIVATE | SWP_SHOWWINDOW);
+  ::SetWindowPos(m_hWnd, HWND_TOP, rect.left, rect.top + DisplayPixels(kDrop), rect.Width(),
+                 rect.Height(), SWP_NOACTIVATE | SWP_SHOWWINDOW);
   const int stay = DisplayPixels(kStayDistance);
   m_stayRect = CRect(m_anchor, CSize()).Grown(stay, stay);
   m_shared.current = this;

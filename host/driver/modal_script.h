@@ -41,8 +41,8 @@ Condition MessageBoxShown();
 /// A popup menu; the action gets the menu's window.
 Condition MenuShown();
 /// `condition`'s window and all its children have been painted: none has anything left to paint in
-/// two looks that follow each other. A window manager may take the focus for a moment when a dialog above
-/// has closed: it is waited for, for a second.
+/// two looks that follow each other. A window manager may take the focus for a moment when a dialog
+/// above has closed: it is waited for, for a second.
 Condition Painted(Condition condition);
 /// As Painted, and the window's pixels on the screen were the same in three looks. Before a
 /// picture is taken: the system shows what was painted with some delay.

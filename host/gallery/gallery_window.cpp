@@ -306,7 +306,8 @@ GalleryWindow::Row GalleryWindow::CreateRow(std::size_t index) {
                               kFirstButtonId + offset),
       .value = CreateControl(L"STATIC", exhibit.shown(), SS_NOPREFIX | valueStyle,
                              kFirstValueId + offset),
-      .entry = CreateControl(L"STATIC", exhibit.entry, SS_NOPREFIX | SS_CENTERIMAGE | (exhibit.preview ? SS_LEFT : SS_RIGHT),
+      .entry = CreateControl(L"STATIC", exhibit.entry,
+                             SS_NOPREFIX | SS_CENTERIMAGE | (exhibit.preview ? SS_LEFT : SS_RIGHT),
                              kFirstEntryId + offset),
       .picture = PictureWidth(exhibit) > 0
                      ? CreateControl(L"STATIC", L"", SS_OWNERDRAW, kFirstPictureId + offset)

@@ -1,5 +1,5 @@
-// The gallery's window: the settings of a drawing, each with a button that opens its dialog and the value
-// in hand as a user sees it, on pages; below them a log of the calls.
+// The gallery's window: the settings of a drawing, each with a button that opens its dialog and the
+// value in hand as a user sees it, on pages; below them a log of the calls.
 //
 //   GalleryWindow window(AllExhibits());
 //   window.LoadSettings();

@@ -249,8 +249,8 @@ QUORVEL_C_API quorvel_result quorvel_page_write(const quorvel_page* page, void* 
 
 /* Rows and columns, 1 to 255 each. Cells keep their texts and lengths; new ones are as long as the
  * others on average. */
-QUORVEL_C_API quorvel_result quorvel_page_divide(quorvel_page* page, quorvel_block block, int32_t rows,
-                                                 int32_t columns, double dots_per_mm);
+QUORVEL_C_API quorvel_result quorvel_page_divide(quorvel_page* page, quorvel_block block,
+                                                 int32_t rows, int32_t columns, double dots_per_mm);
 QUORVEL_C_API quorvel_result quorvel_page_counts(const quorvel_page* page, quorvel_block block,
                                                  int32_t* rows, int32_t* columns);
 /* All rows or columns together; `equal` non-zero makes them equally long, otherwise they keep their

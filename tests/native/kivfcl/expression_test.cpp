@@ -21,18 +21,19 @@ struct Case {
 };
 
 TEST(CalculateTest, NumbersAloneAreReadExactly) {
-  for (const auto& [text, value] : std::vector<Case>{{"0", 0},
-                                                     {"297", 297},
-                                                     {"-12.5", -12.5},
-                                                     {"+3", 3},
-                                                     {".5", 0.5},
-                                                     {"5.", 5},
-                                                     {" 7 ", 7},
-                                                     {"1e3", 1000},
-                                                     {"2.5E-1", 0.25},
-                                                     {"0.30000000000000004", 0.30000000000000004},
-                                                     {"1e-999", 0},
-                                                     {"1.7976931348623157e308", 1.7976931348623157e308}}) {
+  for (const auto& [text, value] :
+       std::vector<Case>{{"0", 0},
+                         {"297", 297},
+                         {"-12.5", -12.5},
+                         {"+3", 3},
+                         {".5", 0.5},
+                         {"5.", 5},
+                         {" 7 ", 7},
+                         {"1e3", 1000},
+                         {"2.5E-1", 0.25},
+                         {"0.30000000000000004", 0.30000000000000004},
+                         {"1e-999", 0},
+                         {"1.7976931348623157e308", 1.7976931348623157e308}}) {
     const Calculation read = Calculate(text);
     EXPECT_EQ(read.fault, kNone) << text;
     EXPECT_EQ(read.value, value) << text;

@@ -180,7 +180,8 @@ public:
 
 private:
   static LRESULT CALLBACK OnCbt(int code, WPARAM wParam, LPARAM lParam) {
-    const bool refuse = code == HCBT_CREATEWND && ClassName(reinterpret_cast<HWND>(wParam)) == L"#32770";
+    const bool refuse =
+        code == HCBT_CREATEWND && ClassName(reinterpret_cast<HWND>(wParam)) == L"#32770";
     return refuse ? 1 : ::CallNextHookEx(nullptr, code, wParam, lParam);
   }
 

@@ -30,12 +30,13 @@ constexpr int kFailed = 70;
 TEST(CommandLine, InputText) {
   std::wstring title;
   std::wstring comment;
-  const Ended ended = RunProgram(L"input-text --title 題名 --comment 表ソ100%s --text 初期値 --position 50,60",
-                          [&](HWND dialog) {
-                            title = Text(dialog);
-                            comment = Text(::GetDlgItem(dialog, 10000));
-                            Confirm(dialog);
-                          });
+  const Ended ended =
+      RunProgram(L"input-text --title 題名 --comment 表ソ100%s --text 初期値 --position 50,60",
+                 [&](HWND dialog) {
+                   title = Text(dialog);
+                   comment = Text(::GetDlgItem(dialog, 10000));
+                   Confirm(dialog);
+                 });
   EXPECT_EQ(ended.status, 0);
   EXPECT_EQ(ended.output, Utf8(u8"{\"result\":\"confirmed\",\"text\":\"初期値\"}\n"));
   EXPECT_EQ(ended.errors, "");
@@ -166,8 +167,9 @@ TEST(CommandLine, SelectRgb) {
 
 TEST(CommandLine, BadUsageIsOneLineAndStatus64) {
   for (const wchar_t* arguments :
-       {L"", L"no-such-dialog", L"input-dpi --dpi", L"input-dpi --dpi many", L"input-text --colour red",
-        L"input-point --point 1", L"input-text --position 1", L"input-text --text caf\u00E9", L"select-rgb --color 3366FF",
+       {L"", L"no-such-dialog", L"input-dpi --dpi", L"input-dpi --dpi many",
+        L"input-text --colour red", L"input-point --point 1", L"input-text --position 1",
+        L"input-text --text caf\u00E9", L"select-rgb --color 3366FF",
         L"select-color --key caf\u00E9", L"edit-layout", L"edit-layout x --new 0x1",
         L"edit-layout x --new 1x1 --insert caf\u00E9", L"edit-layout-ex x --new 1x1",
         L"edit-layout-ex x --new 1+1+1x1 --field caf\u00E9"}) {

@@ -52,7 +52,8 @@ TEST(DialogDisplayPages, NothingIsCutOffOrCoveredOnAnyTab) {
   for (const int page : {0, 1, 2}) {
     script.When(Painted(AnyDialog()), [page](HWND dialog) {
       SCOPED_TRACE(page);
-      ::SendMessageW(Control(dialog, IDC_COLOUR_TABS), TCM_SETCURFOCUS, static_cast<WPARAM>(page), 0);
+      ::SendMessageW(Control(dialog, IDC_COLOUR_TABS), TCM_SETCURFOCUS, static_cast<WPARAM>(page),
+                     0);
     });
     script.When(Painted(AnyDialog()), [page](HWND dialog) {
       SCOPED_TRACE(page);

@@ -1,5 +1,6 @@
 // Every call of the platform that a dialog makes from its opening to its end, while it is worked, fails
-// once: the entry then returns, the caller's variables are as they were unless the user confirmed, and nothing is left.
+// once: the entry then returns, the caller's variables are as they were unless the user confirmed,
+// and nothing is left.
 #include "driver/controls.h"
 #include "driver/leak_counters.h"
 #include "faults/faults.h"
@@ -52,8 +53,8 @@ struct Script {
   std::wstring file;  ///< what the dialogs for files are told
 };
 
-/// Does what a script tells in the first dialog that comes, confirms what that opens, and ends it with a
-/// command, all without allocating. Where commands do not help, dialogs are cancelled.
+/// Does what a script tells in the first dialog that comes, confirms what that opens, and ends it
+/// with a command, all without allocating. Where commands do not help, dialogs are cancelled.
 class Answerer {
 public:
   /// What is being tried, for the report of a hang.

@@ -20,7 +20,8 @@ TEST(ModuleState, OutsideAnyGuardTheProgramsResourcesAreUsed) {
 TEST(ModuleState, NestsAndIsRestoredOnEveryWayOut) {
   const HMODULE other = ::GetModuleHandleW(L"Quorvel.dll");
   ASSERT_NE(other, nullptr);
-  AFX_MODULE_STATE otherState(reinterpret_cast<const void*>(::GetProcAddress(other, "__InputDpiDlg")));
+  AFX_MODULE_STATE otherState(
+      reinterpret_cast<const void*>(::GetProcAddress(other, "__InputDpiDlg")));
   EXPECT_EQ(otherState.GetInstance(), other);
   HANDLE before = nullptr;
   ::GetCurrentActCtx(&before);

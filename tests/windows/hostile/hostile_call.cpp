@@ -138,7 +138,8 @@ void ExpectHarmless(const HostileArgument& argument) {
   constexpr int kTries = 5;
   std::vector<double> fastest(argument.calls.size(), std::numeric_limits<double>::max());
   // Another place in each argument, so that each value is tried for some.
-  const std::size_t places = std::min(HostileStep(), std::max<std::size_t>(argument.calls.size(), 1));
+  const std::size_t places =
+      std::min(HostileStep(), std::max<std::size_t>(argument.calls.size(), 1));
   const std::size_t first = argument.name.size() % places;
   const auto isTried = [&](std::size_t index) {
     return argument.calls[index].opening != Opening::kNone && index % HostileStep() == first;

@@ -159,7 +159,8 @@ TEST(InputTextDlg, EveryCharacterOfTheCodePageComesBackWhenTyped) {
 
 TEST(InputTextDlg, AnUntouchedTextComesBackByteForByte) {
   // Second codes, lead bytes without a trail, bytes that are no characters, control characters.
-  for (const char* text : {"\xFA\x54\xED\x40\x87\x90", "a\x81", "\x81\x20 \xFF\xA0\x80\xFD", "\x01\t\x7F"}) {
+  for (const char* text :
+       {"\xFA\x54\xED\x40\x87\x90", "a\x81", "\x81\x20 \xFF\xA0\x80\xFD", "\x01\t\x7F"}) {
     ModalScript script;
     script.When(Painted(DialogWithControl(kValue)), Confirm);
     const Answer answer = Ask(text, script, text, text);

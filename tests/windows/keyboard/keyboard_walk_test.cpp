@@ -43,7 +43,8 @@ void ExpectWalkOf(Call call, bool backwards, const std::function<void(HWND)>& pr
 class KeyboardWalk : public ::testing::TestWithParam<Entry> {
 protected:
   static void ExpectWalk(bool backwards) {
-    ExpectWalkOf([] { return GetParam().run(nullptr).confirmed; }, backwards, [](HWND /*dialog*/) {});
+    ExpectWalkOf([] { return GetParam().run(nullptr).confirmed; }, backwards,
+                 [](HWND /*dialog*/) {});
   }
 };
 

@@ -15,7 +15,8 @@ protected:
     ::InitCommonControlsEx(&classes);
     m_parent = ::CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 400, 300, nullptr,
                                  nullptr, nullptr, nullptr);
-    const HWND window = ::CreateWindowExW(0, L"SysListView32", L"", WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_OWNERDRAWFIXED,
+    const HWND window = ::CreateWindowExW(0, L"SysListView32", L"",
+                                          WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_OWNERDRAWFIXED,
                                           0, 0, 300, 200, m_parent, nullptr, nullptr, nullptr);
     ASSERT_TRUE(m_list.SubclassWindow(window));
     const std::array heads{KIVLISTCTRLHEAD{"表", 0, 30, 0x83002005, 0},

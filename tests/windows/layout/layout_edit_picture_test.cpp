@@ -200,7 +200,8 @@ TEST_F(LayoutEditPicture, AMergedCelIsOne) {
     const CRect cel = page.RectOf(6);
     const CPoint centre = page.CentreOf(6);
     EXPECT_EQ(Image(dialog).At(centre.x, centre.y), kWhite);
-    const std::array corners{CPoint(cel.left + 9, cel.top + 9), CPoint(cel.right - 9, cel.bottom - 9)};
+    const std::array corners{CPoint(cel.left + 9, cel.top + 9),
+                             CPoint(cel.right - 9, cel.bottom - 9)};
     page.Press(corners[0]);  // it was selected
     page.Release(corners[1]);
     EXPECT_EQ(Image(dialog).At(cel.right, centre.y), kBlack);

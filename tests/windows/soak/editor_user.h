@@ -1,5 +1,5 @@
-// The random user of all dialogs of the library: besides what can be done to any dialog, what a user does
-// to the cells of a page, to files, to the system's dialogs and to menus.
+// The random user of all dialogs of the library: besides what can be done to any dialog, what a
+// user does to the cells of a page, to files, to the system's dialogs and to menus.
 #pragma once
 
 #include "soak/random_user.h"

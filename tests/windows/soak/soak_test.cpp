@@ -1,9 +1,9 @@
-// Every dialog of the library, worked by a user who does whatever comes: no crash, no hang, nothing left
-// behind, the caller's variables as they were unless the dialog was confirmed, and a sound page after
-// every single step.
+// Every dialog of the library, worked by a user who does whatever comes: no crash, no hang, nothing
+// left behind, the caller's variables as they were unless the dialog was confirmed, and a sound
+// page after every single step.
 //
-// Dialogs follow each other in runs of kStepsOfRun steps, each with a seed of its own, until so many steps
-// are done or so much time is over. What the environment tells:
+// Dialogs follow each other in runs of kStepsOfRun steps, each with a seed of its own, until so
+// many steps are done or so much time is over. What the environment tells:
 //   QUORVEL_SOAK_STEPS    how many steps; otherwise kSteps
 //   QUORVEL_SOAK_SECONDS  how long instead
 //   QUORVEL_SOAK_SEED     where the seeds begin; otherwise kSeed
@@ -62,7 +62,8 @@ std::string FaultOf(const Entry& entry, const Outcome& outcome) {
   return outcome.fault;
 }
 
-/// Opens the dialog again whenever it has been closed, until all steps are done. `text` gets the record.
+/// Opens the dialog again whenever it has been closed, until all steps are done. `text` gets the
+/// record.
 Ending Work(const Entry& entry, const SoakRun& run, std::string* text = nullptr) {
   ForgetSettings();
   StepRecord record(Told("QUORVEL_SOAK_RECORD", "build/soak-record.txt"));
