@@ -120,7 +120,7 @@ void CelPainter::DrawCelText(const CLayoutCelData& cel, CRect rect) {
   const CKivFontEx& font = *cel.GetFont();
   UseFont(ScaledCelFont(font, m_scale));
   ::SetTextColor(m_hDC, PlainColor(font.GetColor()));
-  // The gaps of dotted edges keep the colour behind them, which is seen on every cell.
+  // Between rules a text lets the cell's colour through, with the tint of a selected one.
   const bool ruled = m_style == CelStyle::kRuled;
   if (ruled) {
     ::SetBkMode(m_hDC, TRANSPARENT);

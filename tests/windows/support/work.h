@@ -13,7 +13,7 @@ using namespace quorvel::driver;  // the tests speak the driver's language
 /// Calls `call`; the test fails when a step of the script did not come or threw.
 template <class Call>
 auto Work(ModalScript& script, Call call) {
-  const auto result = call();
+  auto result = call();
   EXPECT_TRUE(script.Finished()) << script.Problem();
   return result;
 }
