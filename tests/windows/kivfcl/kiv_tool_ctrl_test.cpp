@@ -115,7 +115,7 @@ TEST_F(ToolCtrl, ShowsEachItemsPicture) {
 }
 
 TEST_F(ToolCtrl, ItsPicturesAreOfTheBitmapsSize) {
-  const auto images = reinterpret_cast<HIMAGELIST>(Ask(TB_GETIMAGELIST));
+  auto* const images = reinterpret_cast<HIMAGELIST>(Ask(TB_GETIMAGELIST));
   int width = 0;
   int height = 0;
   ASSERT_TRUE(::ImageList_GetIconSize(images, &width, &height));
@@ -126,7 +126,7 @@ TEST_F(ToolCtrl, ItsPicturesAreOfTheBitmapsSize) {
   constexpr TOOLITEM kOpen{IDM_OPEN_LAYOUT, 0, FALSE};
   ASSERT_TRUE(files.CreateToolCtrl(&m_owner, kStyle, &kOpen, 1, IDB_FILE_TOOLS, 2, {0, 0}, 9,
                                    FALSE));
-  const auto fileImages =
+  auto* const fileImages =
       reinterpret_cast<HIMAGELIST>(::SendMessageW(files.m_hWnd, TB_GETIMAGELIST, 0, 0));
   ASSERT_TRUE(::ImageList_GetIconSize(fileImages, &width, &height));
   EXPECT_EQ(CSize(width, height), CSize(16, 16));
@@ -235,7 +235,7 @@ END_MESSAGE_MAP()
 TEST(ToolCtrlDialog, TellsWhatAButtonIsFor) {
   ToolDialog dialog;
   WorkDialog([&] { return dialog.DoModal(); }, [&](HWND window) {
-    const auto tips = reinterpret_cast<HWND>(
+    auto* const tips = reinterpret_cast<HWND>(
         ::SendMessageW(dialog.m_tool.m_hWnd, TB_GETTOOLTIPS, 0, 0));
     ASSERT_NE(tips, nullptr);
     std::array<wchar_t, 128> text{};
