@@ -158,6 +158,35 @@ inline std::vector<int> EnabledTools(HWND dialog) {
   return commands;
 }
 
+/// What a pointer that rests on a button is told, by command.
+inline std::wstring ToolTipOf(HWND bar, int command) {
+  std::array<wchar_t, 128> text{};
+  TTTOOLINFOW tool{};
+  tool.cbSize = TTTOOLINFOW_V1_SIZE;
+  tool.hwnd = bar;
+  tool.uId = static_cast<UINT_PTR>(command);
+  tool.lpszText = text.data();
+  auto* const tips = reinterpret_cast<HWND>(::SendMessageW(bar, TB_GETTOOLTIPS, 0, 0));
+  ::SendMessageW(tips, TTM_GETTEXTW, text.size(), reinterpret_cast<LPARAM>(&tool));
+  return text.data();
+}
+
+/// Each button of each tool bar tells its command's text.
+inline void ExpectToolTips(HWND dialog) {
+  constexpr int kFirst = 31000;
+  constexpr std::array kTexts{L"ﾃｷｽﾄ編集", L"ﾌｫﾝﾄ編集", L"上寄せ",   L"縦中央",       L"下寄せ",
+                              L"左寄せ",   L"横中央",   L"右寄せ",   L"罫線編集",     L"ｾﾙを合成",
+                              L"ｾﾙ合成を解除", L"ﾚｲｱｳﾄを開く", L"ﾚｲｱｳﾄを保存"};
+  for (const HWND bar : ToolBars(dialog)) {
+    for (const ToolButton& button : ToolButtons(bar)) {
+      if (button.command != 0) {
+        EXPECT_EQ(ToolTipOf(bar, button.command),
+                  kTexts.at(static_cast<std::size_t>(button.command - kFirst)));
+      }
+    }
+  }
+}
+
 // ---- Menus
 
 /// A line has no command.

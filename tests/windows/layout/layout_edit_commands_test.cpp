@@ -55,6 +55,7 @@ TEST_F(LayoutEditCommands, TheToolBarsHaveTheirButtons) {
                                             {31010, 10}};
     EXPECT_EQ(ToolButtons(bars[0]), cellTools);
     EXPECT_EQ(ToolButtons(bars[1]), std::vector<ToolButton>({{31011, 0}, {31012, 1}}));
+    ExpectToolTips(dialog);
     for (const HWND bar : bars) {
       EXPECT_EQ(::GetWindowLongPtrW(bar, GWL_STYLE) & 0x50000944, 0x50000944);
     }

@@ -305,6 +305,7 @@ TEST_F(LayoutListEditDlg, TheToolBarHasItsButtonsAndItsPlace) {
                                         {31004, 4}, {}, {31005, 5}, {31006, 6}, {31007, 7},
                                         {}, {31008, 8}, {31009, 9}, {31010, 10}};
     EXPECT_EQ(ToolButtons(bars[0]), tools);
+    ExpectToolTips(dialog);
     const RECT line = ClientRectOf(Control(dialog, kTextLine));
     EXPECT_EQ(ClientRectOf(bars[0]).left, line.left);
     EXPECT_EQ(ClientRectOf(bars[0]).top, line.top - 26);
