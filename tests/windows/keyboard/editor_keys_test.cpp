@@ -163,6 +163,37 @@ TEST_F(LayoutEditKeys, TheLastColumnHasNoBorderToMove) {
   EXPECT_EQ(m_editor.Selected(), Cels({3}));
 }
 
+TEST_F(LayoutEditKeys, AtTheEdgesOfThePageTheSelectionStays) {
+  RunWithKeys([] {
+    PressCtrl(VK_RIGHT);  // the first cell
+    PressCtrl(VK_UP);
+    PressCtrl(VK_LEFT);
+  });
+  EXPECT_EQ(m_editor.Selected(), Cels({0}));
+  RunWithKeys([] {
+    for (int step = 0; step < 4; ++step) {
+      PressCtrl(VK_DOWN);
+      PressCtrl(VK_RIGHT);
+    }
+  });
+  EXPECT_EQ(m_editor.Selected(), Cels({11}));
+}
+
+TEST_F(LayoutEditKeys, WhereNoLengthsAreAskedForF2IsForTheText) {
+  for (const UINT modifier : {VK_SHIFT, VK_CONTROL}) {
+    ModalScript script;
+    Press(script, [modifier] {
+      PressCtrl(VK_RIGHT);
+      SendKey(VK_F2, {modifier});
+    });
+    script.When(SteadyOnScreen(DialogWithControl(kCelTextEdit)), [](HWND dialog) {
+      EXPECT_EQ(::GetFocus(), Control(dialog, kCelTextEdit));
+      Cancel(dialog);
+    });
+    EXPECT_FALSE(m_editor.Run(script));
+  }
+}
+
 TEST_F(LayoutEditKeys, InAFieldTheArrowsToTheSideStayItsOwn) {
   ModalScript script;
   Press(script, [] { PressCtrl(VK_RIGHT); });
