@@ -4,6 +4,7 @@
 #include "driver/picture.h"
 #include "framework/dialog.h"
 #include "framework/module_state.h"
+#include "layout/editor_tools.h"
 #include "res/ids.h"
 #include "support/control_owner.h"
 #include "support/work.h"
@@ -235,17 +236,7 @@ END_MESSAGE_MAP()
 TEST(ToolCtrlDialog, TellsWhatAButtonIsFor) {
   ToolDialog dialog;
   WorkDialog([&] { return dialog.DoModal(); }, [&](HWND window) {
-    auto* const tips = reinterpret_cast<HWND>(
-        ::SendMessageW(dialog.m_tool.m_hWnd, TB_GETTOOLTIPS, 0, 0));
-    ASSERT_NE(tips, nullptr);
-    std::array<wchar_t, 128> text{};
-    TTTOOLINFOW tool{};
-    tool.cbSize = TTTOOLINFOW_V1_SIZE;
-    tool.hwnd = dialog.m_tool.m_hWnd;
-    tool.uId = IDM_MERGE_CELLS;
-    tool.lpszText = text.data();
-    ::SendMessageW(tips, TTM_GETTEXTW, text.size(), reinterpret_cast<LPARAM>(&tool));
-    EXPECT_STREQ(text.data(), L"ｾﾙを合成");
+    EXPECT_EQ(ToolTipOf(dialog.m_tool.m_hWnd, IDM_MERGE_CELLS), L"ｾﾙを合成");
     EXPECT_GE(dialog.m_asked, 1);
     Cancel(window);
   });
